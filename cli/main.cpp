@@ -1,0 +1,90 @@
+// tidewarden-cli: the reminder list at a terminal, for scripts, panels, cron and ssh.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <new>
+
+#include "cli/commands.h"
+#include "tidewarden_version.h"
+
+namespace {
+
+using tidewarden::cli::CommonOptions;
+
+constexpr char kVersionText[] = "tidewarden-cli " TIDEWARDEN_VERSION;
+
+void AddClockAndFormat(CLI::App& command, CommonOptions& options) {
+  command.set_version_flag("--version", kVersionText);
+  command.add_option("--today", options.today, "Take this day for today")->type_name("YYYY-MM-DD");
+  command
+      .add_option("--short-date", options.shortDate,
+                  "Write dates like this instead of as the system does: MM/dd/yyyy, "
+                  "dd.MM.yyyy, yyyy-MM-dd, yy/MM/dd, ...")
+      ->type_name("PATTERN");
+  command.add_flag("--json", options.json, "Print JSON");
+}
+
+void AddFiles(CLI::App& command, CommonOptions& options) {
+  command.add_option("--file", options.file, "The events file; else the one in the settings")
+      ->type_name("PATH");
+  command
+      .add_option("--settings", options.settings,
+                  "A settings file in place of your own; created when missing")
+      ->type_name("PATH");
+}
+
+tidewarden::cli::ExitCode Run(int argc, char** argv) {
+  using namespace tidewarden::cli;
+  CLI::App app{
+      "Tidewarden at the terminal: what is coming, from a file of events.\n"
+      "Exit codes: 0 done, 1 findings or nothing in range, 2 usage,\n"
+      "3 a file cannot be read, 4 a file cannot be written.",
+      "tidewarden-cli"};
+  app.set_version_flag("--version", kVersionText);
+  app.require_subcommand(1);
+
+  CommonOptions options;
+  ListArguments listArguments;
+  std::string line;
+  int count = 1;
+
+  CLI::App* list = app.add_subcommand("list", "Print the reminder list, one item a line");
+  AddFiles(*list, options);
+  AddClockAndFormat(*list, options);
+  list->add_option("--now", options.now, "Take this time of day for now")->type_name("HH:MM");
+  list->add_flag("--update", listArguments.update,
+                 "Also tidy the events file as the window does: remove one-time events that are "
+                 "over, show hidden events again");
+  list->add_flag("--only-if-any", listArguments.onlyIfAny, "Exit with 1 when no event is in range");
+
+  CLI::App* check = app.add_subcommand(
+      "check", "Report every line that is not an event, and events that look wrong");
+  AddFiles(*check, options);
+  AddClockAndFormat(*check, options);
+
+  CLI::App* next = app.add_subcommand("next", "Print the next dates of one event line");
+  next->add_option("LINE", line, "An event line, such as \"12.25,Christmas,14,yearly\"")
+      ->required();
+  next->add_option("-n", count, "How many dates")->type_name("N")->check(CLI::Range(1, 10000));
+  AddClockAndFormat(*next, options);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kUsage;
+  }
+  if (list->parsed()) return RunList(options, listArguments);
+  if (check->parsed()) return RunCheck(options);
+  return RunNext(options, line, count);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    // The only exception that the standard library throws here: there is no memory for an answer.
+    std::fputs("tidewarden-cli: out of memory\n", stderr);
+    return tidewarden::cli::kCannotRead;
+  }
+}

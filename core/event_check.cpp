@@ -1,0 +1,139 @@
+#include "core/event_check.h"
+
+#include <optional>
+#include <unordered_map>
+#include <utility>
+
+#include "core/event_line.h"
+#include "core/events_file.h"
+#include "dates/event_date_rules.h"
+#include "dates/text.h"
+
+namespace tidewarden {
+namespace {
+
+// Whatever rule an event follows, it has shown its longest and shortest gaps after so many
+// occurrences or, for 29 February, so many years.
+constexpr int kOccurrencesToTry = 60;
+constexpr int kYearsToTry = 9;
+
+bool IsSingle(const Occurs& occurs) {
+  return occurs.kind == OccursKind::kOneTime || occurs.kind == OccursKind::kTilDone ||
+         occurs.IsCounter();
+}
+
+// The first date on or after `from`, tried again each year for events that skip years.
+std::optional<CivilDate> FirstDate(const EventRecord& event, CivilDate from) {
+  for (int year = 0; year <= kYearsToTry; ++year) {
+    const int tried = YearOf(from) + year;
+    if (tried >= kLastYear) break;
+    const CivilDate start = year == 0 ? from : MakeDate(tried, 1, 1);
+    const auto date = NextOccurrence(event.dateField, event.occurs, start);
+    if (date && (IsSingle(event.occurs) || *date >= start)) return date;
+  }
+  return std::nullopt;
+}
+
+// True when some day to come finds the event further away than its notice, which is when a
+// hidden event is shown again.
+bool IsEverUnhidden(const EventRecord& event, CivilDate today) {
+  CivilDate from = today;
+  for (int i = 0; i < kOccurrencesToTry; ++i) {
+    const auto date = FirstDate(event, from);
+    if (!date || *date < from) return false;
+    if (DaysBetween(from, *date) > event.EventAdvance) return true;
+    if (IsSingle(event.occurs)) return false;
+    from = AddDays(*date, 1);
+    if (YearOf(from) >= kLastYear) return false;
+  }
+  return false;
+}
+
+class Checker : public EventLineVisitor {
+ public:
+  Checker(const RegionalDateFormat& format, CivilDate today) : format_(format), today_(today) {}
+
+  void Start() override {
+    findings_.clear();
+    seen_.clear();
+  }
+
+  void Visit(long index, std::string_view /*rawLine*/, std::string_view line) override {
+    const auto number = static_cast<std::size_t>(index) + 1;
+    Rejection rejection;
+    const auto event = ParseEventLine(line, format_, YearOf(today_), &rejection);
+    if (!event) {
+      if (line.find_first_not_of(" \t") == std::string_view::npos) return;
+      Add(FindingKind::kRejected, number, rejection.column,
+          std::string(DescribeRejection(rejection.reason)),
+          std::string(RejectionHint(rejection.reason)));
+      return;
+    }
+    LookForDuplicate(*event, number);
+    const auto date = FirstDate(*event, today_);
+    if (!date) {
+      Add(FindingKind::kNeverComes, number, 1, "this event never comes",
+          "its date does not exist, or does not fit the way it repeats");
+    } else if (event->occurs.kind == OccursKind::kOneTime && *date < today_) {
+      Add(FindingKind::kPastOneTime, number, 1, "this one-time event is over",
+          event->EventHidden ? "it is hidden and stays in the file; delete the line"
+                             : "it is removed when the reminder list is next shown");
+    } else if (event->EventHidden && !event->occurs.IsCounter() &&
+               event->occurs.kind != OccursKind::kTilDone && !IsEverUnhidden(*event, today_)) {
+      Add(FindingKind::kNeverUnhidden, number, 1, "this event is hidden and will not come back",
+          "its notice is as long as the time between two dates; shorten it or remove the *");
+    }
+  }
+
+  std::vector<Finding> TakeFindings() { return std::move(findings_); }
+
+ private:
+  void Add(FindingKind kind, std::size_t line, std::size_t column, std::string reason,
+           std::string hint) {
+    findings_.push_back({kind, line, column, std::move(reason), std::move(hint)});
+  }
+
+  void LookForDuplicate(const EventRecord& event, std::size_t number) {
+    std::string key = ToLower(event.EventDateAsStored);
+    key.append(",").append(ToLower(Trim(event.EventTitle))).append(",").append(event.EventOccurs);
+    const auto [earlier, isNew] = seen_.emplace(std::move(key), number);
+    if (isNew) return;
+    std::string reason = "the same event stands in line ";
+    AppendNumber(reason, static_cast<int>(earlier->second));
+    Add(FindingKind::kDuplicate, number, 1, std::move(reason), "remove one of the two lines");
+  }
+
+  const RegionalDateFormat& format_;
+  CivilDate today_;
+  std::vector<Finding> findings_;
+  std::unordered_map<std::string, std::size_t> seen_;
+};
+
+}  // namespace
+
+Status CheckEvents(FileSystem& files, const std::string& path, const RegionalDateFormat& format,
+                   CivilDate today, std::vector<Finding>& out) {
+  out.clear();
+  Checker checker(format, today);
+  Status status = ReadEventLines(files, path, checker);
+  if (status.ok()) out = checker.TakeFindings();
+  return status;
+}
+
+std::string_view FindingName(FindingKind kind) {
+  switch (kind) {
+    case FindingKind::kRejected:
+      return "rejected";
+    case FindingKind::kPastOneTime:
+      return "past-one-time";
+    case FindingKind::kDuplicate:
+      return "duplicate";
+    case FindingKind::kNeverComes:
+      return "never-comes";
+    case FindingKind::kNeverUnhidden:
+      return "never-unhidden";
+  }
+  return {};
+}
+
+}  // namespace tidewarden

@@ -1,0 +1,132 @@
+#include "core/events_file.h"
+
+#include <new>
+#include <utility>
+
+#include "core/line_splitter.h"
+#include "dates/text.h"
+
+namespace tidewarden {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+// One pass over the file in one encoding.
+class Pass {
+ public:
+  Pass(TextEncoding encoding, EventLineVisitor& visitor) : encoding_(encoding), visitor_(visitor) {}
+
+  // False when the pass need not go on.
+  bool Take(std::string_view piece) {
+    // A piece of pure ASCII settles its lines at once; the others are looked at one by one.
+    const bool pieceIsAscii = IsAscii(piece);
+    bool startsHere = false;
+    lines_.Take(piece, [&](std::string_view line) {
+      Line(line, pieceIsAscii && (startsHere || openLineIsAscii_));
+      startsHere = true;
+    });
+    openLineIsAscii_ = pieceIsAscii && (startsHere || openLineIsAscii_);
+    return !isUtf16_ && !isOtherEncoding_;
+  }
+
+  void Finish() {
+    lines_.Finish([&](std::string_view line) { Line(line, openLineIsAscii_); });
+  }
+
+  [[nodiscard]] bool isUtf16() const { return isUtf16_; }
+  [[nodiscard]] bool isOtherEncoding() const { return isOtherEncoding_; }
+
+ private:
+  void Line(std::string_view line, bool isAscii) {
+    if (isAscii) {
+      visitor_.Visit(number_++, line, line);
+    } else if (encoding_ == TextEncoding::kUtf8) {
+      Utf8Line(line);
+    } else {
+      Windows1252Line(line);
+    }
+  }
+
+  void Utf8Line(std::string_view line) {
+    if (isOtherEncoding_) return;
+    if (number_ == 0 && line.starts_with(kByteOrderMark)) {
+      line.remove_prefix(kByteOrderMark.size());
+    }
+    isOtherEncoding_ = !IsValidUtf8(line);
+    if (!isOtherEncoding_) visitor_.Visit(number_++, line, line);
+  }
+
+  void Windows1252Line(std::string_view line) {
+    if (number_ == 0) isUtf16_ = LooksLikeUtf16(line);
+    if (isUtf16_) return;
+    const std::string text = DecodeWindows1252(line);
+    visitor_.Visit(number_++, line, text);
+  }
+
+  TextEncoding encoding_;
+  EventLineVisitor& visitor_;
+  LineSplitter lines_;
+  long number_ = 0;
+  bool openLineIsAscii_ = true;  // what has come of the line that the last piece left open
+  bool isUtf16_ = false;
+  bool isOtherEncoding_ = false;
+};
+
+}  // namespace
+
+Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor) {
+  try {
+    for (const TextEncoding encoding : {TextEncoding::kUtf8, TextEncoding::kWindows1252}) {
+      visitor.Start();
+      Pass pass(encoding, visitor);
+      Status status = files.Read(path, [&](std::string_view piece) { return pass.Take(piece); });
+      if (!status.ok()) return status;
+      pass.Finish();
+      if (pass.isUtf16()) return Status(StatusKind::kNotText);
+      if (!pass.isOtherEncoding()) break;
+    }
+    return {};
+  } catch (const std::bad_alloc&) {
+    return Status(StatusKind::kTooLarge);
+  }
+}
+
+Status RewriteEventsFile(
+    FileSystem& files, const std::string& path,
+    const std::function<LineChange(std::size_t number, std::string_view rawLine)>& change) {
+  std::string present;
+  Status status = ReadFile(files, path, present);
+  if (!status.ok()) return status;
+  if (LooksLikeUtf16(present)) return Status(StatusKind::kNotText);
+
+  std::string_view body = present;
+  std::string content;
+  content.reserve(present.size() + kLineEnd.size());
+  const bool marked = body.starts_with(kByteOrderMark) && IsValidUtf8(body);
+  if (marked) {
+    body.remove_prefix(kByteOrderMark.size());
+    content += kByteOrderMark;
+  }
+  bool changed = false;
+  std::size_t number = 0;
+  const auto copy = [&](std::string_view line) {
+    const LineChange what = change(number++, line);
+    if (what != LineChange::kKeep) changed = true;
+    if (what == LineChange::kRemove) return;
+    if (what == LineChange::kDropLastCharacter && !line.empty()) line.remove_suffix(1);
+    content.append(line).append(kLineEnd);
+  };
+  LineSplitter lines;
+  lines.Take(body, copy);
+  lines.Finish(copy);
+  return changed ? ReplaceFile(files, path, content) : Status();
+}
+
+Status CreateNewEventsFile(FileSystem& files, MessageBox& messages, const std::string& path) {
+  messages.Show("\"" + path + "\" does not exist.\n\n" +
+                    "Tidewarden will now start from scratch with a new " + path + " file.",
+                MessageButtons::kOk, MessageIcon::kNone);
+  return files.CreateEmpty(path);
+}
+
+}  // namespace tidewarden

@@ -1,0 +1,38 @@
+// Where the events file is: the setting "Settings/Path" and the rules that make a full path of
+// what a user may have typed there.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/file_system.h"
+#include "core/settings_store.h"
+
+namespace tidewarden {
+
+enum class PathStyle { kPosix, kWindows };
+
+// The folders that the program knows, in the system's form, without a separator at the end.
+struct ProgramFolders {
+  std::string program;   // of the executable, symbolic links resolved
+  std::string userData;  // the user's data folder for the program; may not exist yet
+  PathStyle style = PathStyle::kPosix;
+};
+
+// A stored path as a full path.
+//
+// Windows: a text that begins with "\" gets the folder in front; one without any "\" or "/" gets
+// the folder and "\".
+// Posix: a text that begins with "/" stays. Else "\" is read as "/"; a text that began with "\"
+// gets the folder in front, one without any separator the folder and "/".
+// Any other text stays as it is.
+[[nodiscard]] std::string ResolveEventsPath(std::string_view stored, std::string_view folder,
+                                            PathStyle style);
+
+// Reads "Settings/Path" and resolves it. A value that does not end in ".txt" gets that ending
+// and is saved back. The default, and the folder of relative paths, is the program's folder when
+// it takes new files or already holds "dates.txt", else the user's data folder.
+[[nodiscard]] std::string LocateEventsFile(SettingsStore& settings, FileSystem& files,
+                                           const ProgramFolders& folders);
+
+}  // namespace tidewarden

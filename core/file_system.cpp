@@ -1,0 +1,32 @@
+#include "core/file_system.h"
+
+#include <new>
+#include <utility>
+
+namespace tidewarden {
+
+Status ReadFile(FileSystem& files, const std::string& path, std::string& out) {
+  try {
+    FileStamp stamp;
+    std::string content;
+    if (files.GetStamp(path, stamp).ok()) content.reserve(stamp.size);
+    Status status = files.Read(path, [&](std::string_view piece) {
+      content += piece;
+      return true;
+    });
+    if (status.ok()) out = std::move(content);
+    return status;
+  } catch (const std::bad_alloc&) {
+    return Status(StatusKind::kTooLarge);
+  }
+}
+
+Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content) {
+  std::string present;
+  if (ReadFile(files, path, present).ok() && present == content) return {};
+  std::unique_ptr<StagedFile> staged;
+  Status status = files.Stage(path, content, staged);
+  return status.ok() ? staged->Commit() : status;
+}
+
+}  // namespace tidewarden

@@ -1,0 +1,39 @@
+// Every setting that the engine reads, with its default and mode. A default that is empty here
+// although the setting has one is worked out by the caller.
+#pragma once
+
+#include "core/get_set_save_set.h"
+
+namespace tidewarden::settings {
+
+using modGetSetSaveSet::kKeepCaps;
+using modGetSetSaveSet::Setting;
+
+// Where the events file is; the default depends on the program's folder.
+inline constexpr Setting kPath{"Settings/Path", "", kKeepCaps};
+
+// Wording of the reminder list.
+inline constexpr Setting kTitlebarText{"TitlebarText", "Your Tidewarden Upcoming Events",
+                                       kKeepCaps};
+inline constexpr Setting kShowLessThan{"ShowLessThan", "False"};
+inline constexpr Setting kSpellOutReminderMonths{"SpellOutReminderMonths", "False"};
+inline constexpr Setting kCapitalizeTodaysEvents{"CapitalizeTodaysEvents", "True"};
+inline constexpr Setting kPrefaceTodaysEvents{"PrefaceTodaysEventsWithTODAYis", "True", kKeepCaps};
+inline constexpr Setting kListTodayWithEvents{"ListTodayWithEvents", "True"};
+inline constexpr Setting kShowDateDifferencesInDaysOnly{"ShowDateDifferencesInDaysOnly", "True"};
+// Left unset until the user chooses: events then show their weekday and the today line does not.
+inline constexpr Setting kShowDayOfWeek{"ShowDayOfWeek", ""};
+
+// When the list is shown at all.
+inline constexpr Setting kShowOnlyIfEventsInRange{"ShowOnlyIfEventsInRange", "False"};
+inline constexpr Setting kNewDateOffset{"NewDateOffset", "0000"};
+
+// Alarms.
+inline constexpr Setting kAlarmSound{"AlarmSound", "True"};
+inline constexpr Setting kAlarmBeepEachMinute{"AlarmBeepEachMinute", "True"};
+inline constexpr Setting kDisableAlarms{"DisableAlarms", "False"};
+
+// No longer used; removed from the store when found.
+inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};
+
+}  // namespace tidewarden::settings

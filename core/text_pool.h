@@ -1,0 +1,37 @@
+// Keeps copies of many small texts together, for as long as the pool lives.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace tidewarden {
+
+// Views that the pool gives out stay good when the pool moves.
+class TextPool {
+ public:
+  [[nodiscard]] std::string_view Keep(std::string_view text) {
+    if (text.size() > left_) {
+      left_ = std::max(kBlock, text.size());
+      blocks_.push_back(std::make_unique_for_overwrite<char[]>(left_));
+      next_ = blocks_.back().get();
+    }
+    char* const place = next_;
+    if (!text.empty()) std::memcpy(place, text.data(), text.size());
+    next_ += text.size();
+    left_ -= text.size();
+    return {place, text.size()};
+  }
+
+ private:
+  static constexpr std::size_t kBlock = std::size_t{16} * 1024;
+
+  std::vector<std::unique_ptr<char[]>> blocks_;
+  char* next_ = nullptr;
+  std::size_t left_ = 0;
+};
+
+}  // namespace tidewarden

@@ -1,0 +1,148 @@
+#include "platform/memory/memory_ports.h"
+
+#include <algorithm>
+
+#include "dates/text.h"
+
+namespace tidewarden {
+namespace {
+
+class MemoryLock : public FileLock {};
+
+}  // namespace
+
+class MemoryStagedFile : public StagedFile {
+ public:
+  MemoryStagedFile(MemoryFileSystem& files, std::string path, std::string_view content)
+      : files_(files), path_(std::move(path)), content_(content) {}
+
+  Status Commit() override {
+    files_.calls.push_back("commit " + path_);
+    Status status = MemoryFileSystem::Failure(files_.commitFailures, path_);
+    if (!status.ok()) return status;
+    files_.files[path_] = content_;
+    ++files_.generations_[path_];
+    return status;
+  }
+
+ private:
+  MemoryFileSystem& files_;
+  std::string path_;
+  std::string content_;
+};
+
+Status MemoryFileSystem::Failure(const std::map<std::string, StatusKind>& kinds,
+                                 const std::string& path) {
+  const auto found = kinds.find(path);
+  return found == kinds.end() ? Status() : Status(found->second);
+}
+
+Status MemoryFileSystem::Read(const std::string& path, const TakeBytes& take) {
+  calls.push_back("read " + path);
+  Status status = Failure(failures, path);
+  if (!status.ok()) return status;
+  const auto found = files.find(path);
+  if (found == files.end()) return Status(StatusKind::kNotFound);
+  const std::string content = found->second;
+  const std::size_t step = piece == 0 ? std::max<std::size_t>(content.size(), 1) : piece;
+  for (std::size_t at = 0; at < content.size(); at += step) {
+    if (!take(std::string_view(content).substr(at, step))) break;
+  }
+  return status;
+}
+
+Status MemoryFileSystem::GetStamp(const std::string& path, FileStamp& out) {
+  Status status = Failure(failures, path);
+  if (!status.ok()) return status;
+  const auto found = files.find(path);
+  if (found == files.end()) return Status(StatusKind::kNotFound);
+  out = {found->second.size(), 0, generations_[path]};
+  return status;
+}
+
+Status MemoryFileSystem::CreateEmpty(const std::string& path) {
+  calls.push_back("create " + path);
+  Status status = Failure(writeFailures, path);
+  if (status.ok()) files.try_emplace(path);
+  return status;
+}
+
+Status MemoryFileSystem::Stage(const std::string& path, std::string_view content,
+                               std::unique_ptr<StagedFile>& out) {
+  calls.push_back("stage " + path);
+  Status status = Failure(writeFailures, path);
+  if (status.ok()) status = Failure(failures, path);
+  if (status.ok()) out = std::make_unique<MemoryStagedFile>(*this, path, content);
+  return status;
+}
+
+Status MemoryFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>& out) {
+  calls.push_back("lock " + path);
+  out = std::make_unique<MemoryLock>();
+  return {};
+}
+
+bool MemoryFileSystem::CanCreateIn(const std::string& folder) {
+  return std::find(unwritableFolders.begin(), unwritableFolders.end(), folder) ==
+         unwritableFolders.end();
+}
+
+int MemoryFileSystem::CountCalls(std::string_view word) const {
+  return static_cast<int>(std::count_if(calls.begin(), calls.end(), [&](const std::string& call) {
+    return call.starts_with(std::string(word) + " ");
+  }));
+}
+
+MemorySettingsStore::Entry* MemorySettingsStore::Find(std::string_view section,
+                                                      std::string_view name) {
+  const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) {
+    return EqualIgnoringAsciiCase(entry.section, section) &&
+           EqualIgnoringAsciiCase(entry.name, name);
+  });
+  return found == entries.end() ? nullptr : &*found;
+}
+
+Status MemorySettingsStore::Read(std::string_view section, std::string_view name,
+                                 std::string& value) {
+  if (failure != StatusKind::kOk) return Status(failure);
+  const Entry* entry = Find(section, name);
+  value = entry == nullptr ? std::string() : entry->value;
+  return {};
+}
+
+Status MemorySettingsStore::Write(std::string_view section, std::string_view name,
+                                  std::string_view value) {
+  if (failure != StatusKind::kOk) return Status(failure);
+  ++writes;
+  if (Entry* entry = Find(section, name)) {
+    entry->value = value;
+  } else {
+    entries.push_back({std::string(section), std::string(name), std::string(value)});
+  }
+  return {};
+}
+
+Status MemorySettingsStore::Delete(std::string_view section, std::string_view name) {
+  if (failure != StatusKind::kOk) return Status(failure);
+  std::erase_if(entries, [&](const Entry& entry) {
+    return EqualIgnoringAsciiCase(entry.section, section) &&
+           EqualIgnoringAsciiCase(entry.name, name);
+  });
+  return {};
+}
+
+std::string MemorySettingsStore::At(std::string_view section, std::string_view name) const {
+  for (const Entry& entry : entries) {
+    if (EqualIgnoringAsciiCase(entry.section, section) && EqualIgnoringAsciiCase(entry.name, name))
+      return entry.value;
+  }
+  return "(missing)";
+}
+
+MessageAnswer MemoryMessageBox::Show(const std::string& text, MessageButtons /*buttons*/,
+                                     MessageIcon /*icon*/) {
+  shown.push_back(text);
+  return answer;
+}
+
+}  // namespace tidewarden

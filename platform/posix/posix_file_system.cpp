@@ -1,0 +1,356 @@
+#include "platform/posix/posix_file_system.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <optional>
+#include <utility>
+
+namespace tidewarden {
+namespace {
+
+constexpr mode_t kPrivateFile = S_IRUSR | S_IWUSR;
+constexpr mode_t kPrivateFolder = S_IRWXU;
+constexpr mode_t kModeBits = 07777;
+constexpr std::size_t kReadPiece = std::size_t{32} * 1024;  // stays in the processor's first cache
+constexpr int kLockAttempts = 100;
+constexpr long kLockPauseNanoseconds = 30'000'000;
+
+Status FromErrno(int error) {
+  switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+      return Status(StatusKind::kNotFound);
+    case EACCES:
+    case EPERM:
+      return Status(StatusKind::kNoPermission);
+    case EISDIR:
+      return Status(StatusKind::kIsFolder);
+    case ENXIO:
+    case ENODEV:
+      return Status(StatusKind::kNotAFile);
+    case ENOSPC:
+    case EDQUOT:
+      return Status(StatusKind::kNoSpace);
+    case EROFS:
+      return Status(StatusKind::kReadOnly);
+    case ENOMEM:
+    case EFBIG:
+    case EOVERFLOW:
+      return Status(StatusKind::kTooLarge);
+    default:
+      return Status(StatusKind::kInputOutput, std::strerror(error));
+  }
+}
+
+// Repeats a system call that a signal has interrupted.
+template <typename Call>
+auto Retried(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int fd) : fd_(fd) {}
+  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(fd_, other.fd_);
+    return *this;
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+
+  [[nodiscard]] bool ok() const { return fd_ >= 0; }
+  [[nodiscard]] int get() const { return fd_; }
+
+  // Closes and tells whether the system had something to complain about.
+  bool Close() { return ::close(std::exchange(fd_, -1)) == 0; }
+
+ private:
+  int fd_ = -1;
+};
+
+Descriptor Open(const std::string& path, int flags, mode_t mode = 0) {
+  return Descriptor(Retried([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string NameOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+// The file that a path leads to, for a path that may not exist yet.
+std::string Resolved(const std::string& path) {
+  char* real = ::realpath(path.c_str(), nullptr);
+  if (real == nullptr) {
+    // A link whose target is missing: the target is what will be created.
+    char target[PATH_MAX];
+    const ssize_t length = ::readlink(path.c_str(), target, sizeof target);
+    if (length <= 0 || length == static_cast<ssize_t>(sizeof target)) return path;
+    const std::string to(target, static_cast<std::size_t>(length));
+    return to.front() == '/' ? to : FolderOf(path) + "/" + to;
+  }
+  std::string out(real);
+  std::free(real);
+  return out;
+}
+
+Status CreateFolders(const std::string& folder) {
+  struct stat present {};
+  if (::stat(folder.c_str(), &present) == 0) return {};
+  if (errno != ENOENT) return FromErrno(errno);
+  const std::string parent = FolderOf(folder);
+  if (parent != folder) {
+    Status status = CreateFolders(parent);
+    if (!status.ok()) return status;
+  }
+  if (::mkdir(folder.c_str(), kPrivateFolder) != 0 && errno != EEXIST) return FromErrno(errno);
+  return {};
+}
+
+Status WriteAll(int fd, std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t written = ::write(fd, content.data(), content.size());
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      return FromErrno(errno);
+    }
+    content.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return {};
+}
+
+Status Flush(int fd) {
+  return Retried([&] { return ::fsync(fd); }) == 0 ? Status() : FromErrno(errno);
+}
+
+// Makes a rename durable. Not every file system can flush a folder; the rename itself is done.
+void FlushFolder(const std::string& folder) {
+  const Descriptor fd = Open(folder, O_RDONLY | O_DIRECTORY);
+  if (fd.ok()) static_cast<void>(::fsync(fd.get()));
+}
+
+void Pause() {
+  const timespec pause{0, kLockPauseNanoseconds};
+  ::nanosleep(&pause, nullptr);
+}
+
+// Content in a file of its own beside the target. The file's lock, held until the end, tells it
+// from one that a killed process has left behind.
+class StagedBeside : public StagedFile {
+ public:
+  StagedBeside(std::string target, std::string temporary, Descriptor fd)
+      : target_(std::move(target)), temporary_(std::move(temporary)), fd_(std::move(fd)) {}
+  ~StagedBeside() override {
+    if (!committed_) ::unlink(temporary_.c_str());
+  }
+
+  Status Fill(std::string_view content, const std::optional<struct stat>& like) {
+    if (like) {
+      // Another owner's file keeps its owner where the system allows it.
+      if (like->st_uid != ::geteuid() || like->st_gid != ::getegid()) {
+        static_cast<void>(::fchown(fd_.get(), like->st_uid, like->st_gid) == 0);
+      }
+      if (::fchmod(fd_.get(), like->st_mode & kModeBits) != 0) return FromErrno(errno);
+    }
+    Status status = WriteAll(fd_.get(), content);
+    return status.ok() ? Flush(fd_.get()) : status;
+  }
+
+  Status Commit() override {
+    if (::rename(temporary_.c_str(), target_.c_str()) != 0) return FromErrno(errno);
+    committed_ = true;
+    FlushFolder(FolderOf(target_));
+    return {};
+  }
+
+ private:
+  std::string target_;
+  std::string temporary_;
+  Descriptor fd_;
+  bool committed_ = false;
+};
+
+// Content for a file in a folder that takes no new files.
+class StagedInPlace : public StagedFile {
+ public:
+  StagedInPlace(Descriptor fd, std::string_view content) : fd_(std::move(fd)), content_(content) {}
+
+  Status Commit() override {
+    // Space for the longer content is taken first, so that a full disk is noticed while the old
+    // content is still whole.
+    const auto size = static_cast<off_t>(content_.size());
+    struct stat present {};
+    if (::fstat(fd_.get(), &present) != 0) return FromErrno(errno);
+    if (size > present.st_size) {
+      const int error = ::posix_fallocate(fd_.get(), 0, size);
+      if (error != 0) {
+        static_cast<void>(::ftruncate(fd_.get(), present.st_size) == 0);
+        return FromErrno(error);
+      }
+    }
+    if (::lseek(fd_.get(), 0, SEEK_SET) != 0) return FromErrno(errno);
+    Status status = WriteAll(fd_.get(), content_);
+    if (status.ok() && ::ftruncate(fd_.get(), size) != 0) status = FromErrno(errno);
+    return status.ok() ? Flush(fd_.get()) : status;
+  }
+
+ private:
+  Descriptor fd_;
+  std::string content_;
+};
+
+bool IsSameFile(int fd, const std::string& path) {
+  struct stat opened {};
+  struct stat named {};
+  return ::fstat(fd, &opened) == 0 && ::lstat(path.c_str(), &named) == 0 &&
+         opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+// Creates the file beside the target. One that stands there already belongs to a process that is
+// saving right now (it holds the lock) or to one that died (it does not).
+Status CreateTemporary(const std::string& temporary, Descriptor& out) {
+  for (int attempt = 0; attempt < kLockAttempts; ++attempt) {
+    Descriptor fd = Open(temporary, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, kPrivateFile);
+    if (fd.ok()) {
+      static_cast<void>(::flock(fd.get(), LOCK_EX));
+      if (!IsSameFile(fd.get(), temporary)) continue;
+      out = std::move(fd);
+      return {};
+    }
+    if (errno != EEXIST) return FromErrno(errno);
+    fd = Open(temporary, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
+    const bool inUse = fd.ok() && ::flock(fd.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (inUse) {
+      Pause();
+    } else if (::unlink(temporary.c_str()) != 0 && errno != ENOENT) {
+      return FromErrno(errno);
+    }
+  }
+  return Status(StatusKind::kBusy);
+}
+
+class PosixLock : public FileLock {
+ public:
+  explicit PosixLock(Descriptor fd) : fd_(std::move(fd)) {}
+
+ private:
+  Descriptor fd_;
+};
+
+}  // namespace
+
+Status PosixFileSystem::Read(const std::string& path, const TakeBytes& take) {
+  // Without waiting: opening a pipe would otherwise block until somebody writes to it.
+  const Descriptor fd = Open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  if (!fd.ok()) return FromErrno(errno);
+  struct stat info {};
+  if (::fstat(fd.get(), &info) != 0) return FromErrno(errno);
+  if (S_ISDIR(info.st_mode)) return Status(StatusKind::kIsFolder);
+  if (!S_ISREG(info.st_mode)) return Status(StatusKind::kNotAFile);
+  const auto buffer = std::make_unique_for_overwrite<char[]>(kReadPiece);
+  while (true) {
+    const ssize_t got = Retried([&] { return ::read(fd.get(), buffer.get(), kReadPiece); });
+    if (got < 0) return FromErrno(errno);
+    if (got == 0 || !take({buffer.get(), static_cast<std::size_t>(got)})) return {};
+  }
+}
+
+Status PosixFileSystem::GetStamp(const std::string& path, FileStamp& out) {
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) return FromErrno(errno);
+  out.size = static_cast<std::uint64_t>(info.st_size);
+  out.modified = static_cast<std::int64_t>(info.st_mtim.tv_sec) * 1'000'000'000 +
+                 static_cast<std::int64_t>(info.st_mtim.tv_nsec);
+  out.identity = static_cast<std::uint64_t>(info.st_ino);
+  return {};
+}
+
+Status PosixFileSystem::CreateEmpty(const std::string& path) {
+  Status status = CreateFolders(FolderOf(path));
+  if (!status.ok()) return status;
+  // Appending: when a file has appeared meanwhile, it stays as it is.
+  Descriptor fd = Open(path, O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK, kPrivateFile);
+  if (!fd.ok()) return FromErrno(errno);
+  return fd.Close() ? Status() : FromErrno(errno);
+}
+
+Status PosixFileSystem::Stage(const std::string& path, std::string_view content,
+                              std::unique_ptr<StagedFile>& out) {
+  const std::string target = Resolved(path);
+  const std::string folder = FolderOf(target);
+  // Names have 255 bytes; a long one is cut.
+  const std::string temporary = folder + "/." + NameOf(target).substr(0, 240) + ".new";
+
+  struct stat info {};
+  std::optional<struct stat> present;
+  if (::stat(target.c_str(), &info) == 0) {
+    if (S_ISDIR(info.st_mode)) return Status(StatusKind::kIsFolder);
+    if (!S_ISREG(info.st_mode)) return Status(StatusKind::kNotAFile);
+    // A file that its owner has write-protected is not to be replaced behind his back.
+    if (::access(target.c_str(), W_OK) != 0) return FromErrno(errno);
+    present = info;
+  } else if (errno != ENOENT) {
+    return FromErrno(errno);
+  }
+
+  Descriptor fd;
+  Status status = CreateTemporary(temporary, fd);
+  const bool folderRefuses = status.kind() == StatusKind::kNoPermission;
+  if (folderRefuses && present) {
+    Descriptor direct = Open(target, O_WRONLY | O_NOFOLLOW);
+    if (direct.ok()) {
+      out = std::make_unique<StagedInPlace>(std::move(direct), content);
+      return {};
+    }
+  }
+  if (!status.ok()) return status;
+
+  auto staged = std::make_unique<StagedBeside>(target, temporary, std::move(fd));
+  status = staged->Fill(content, present);
+  if (status.ok()) out = std::move(staged);
+  return status;
+}
+
+Status PosixFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>& out) {
+  Status status = CreateFolders(FolderOf(path));
+  if (!status.ok()) return status;
+  Descriptor fd = Open(path + ".lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK, kPrivateFile);
+  if (!fd.ok()) return FromErrno(errno);
+  for (int attempt = 0; attempt < kLockAttempts; ++attempt) {
+    if (::flock(fd.get(), LOCK_EX | LOCK_NB) == 0) {
+      out = std::make_unique<PosixLock>(std::move(fd));
+      return {};
+    }
+    if (errno != EWOULDBLOCK && errno != EINTR) return FromErrno(errno);
+    Pause();
+  }
+  return Status(StatusKind::kBusy);
+}
+
+bool PosixFileSystem::CanCreateIn(const std::string& folder) {
+  struct stat info {};
+  return ::stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode) &&
+         ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+}  // namespace tidewarden

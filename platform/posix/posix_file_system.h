@@ -1,0 +1,19 @@
+// The file port on POSIX systems. The only place that knows errno.
+#pragma once
+
+#include "core/file_system.h"
+
+namespace tidewarden {
+
+class PosixFileSystem : public FileSystem {
+ public:
+  Status Read(const std::string& path, const TakeBytes& take) override;
+  Status GetStamp(const std::string& path, FileStamp& out) override;
+  Status CreateEmpty(const std::string& path) override;
+  Status Stage(const std::string& path, std::string_view content,
+               std::unique_ptr<StagedFile>& out) override;
+  Status Lock(const std::string& path, std::unique_ptr<FileLock>& out) override;
+  [[nodiscard]] bool CanCreateIn(const std::string& folder) override;
+};
+
+}  // namespace tidewarden

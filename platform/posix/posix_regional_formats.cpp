@@ -1,0 +1,131 @@
+#include "platform/posix/posix_regional_formats.h"
+
+#include <iconv.h>
+#include <langinfo.h>
+
+#include <array>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <string_view>
+#include <utility>
+
+#include "dates/text.h"
+
+namespace tidewarden {
+namespace {
+
+std::string EffectiveLocale() {
+  for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return value;
+  }
+  return "C";
+}
+
+bool IsPlain(std::string_view locale) {
+  return locale == "C" || locale == "POSIX" || locale.starts_with("C.");
+}
+
+// Puts a locale in force for the time category and for its character set, and the former one back
+// at the end. The calls for locale objects would leave the process alone, but they find nothing
+// but the C locale in a statically linked program.
+class TemporaryLocale {
+ public:
+  explicit TemporaryLocale(const std::string& name)
+      : formerTime_(std::setlocale(LC_TIME, nullptr)),
+        formerCharacters_(std::setlocale(LC_CTYPE, nullptr)) {
+    ok_ = std::setlocale(LC_TIME, name.c_str()) != nullptr &&
+          std::setlocale(LC_CTYPE, name.c_str()) != nullptr;
+  }
+  TemporaryLocale(const TemporaryLocale&) = delete;
+  TemporaryLocale& operator=(const TemporaryLocale&) = delete;
+  ~TemporaryLocale() {
+    std::setlocale(LC_TIME, formerTime_.c_str());
+    std::setlocale(LC_CTYPE, formerCharacters_.c_str());
+  }
+
+  // False when the system does not have the locale.
+  [[nodiscard]] bool ok() const { return ok_; }
+
+  // Text of the locale's own character set as UTF-8, cleaned. Empty when it cannot be converted.
+  [[nodiscard]] static std::string Clean(std::string_view text) {
+    const char* charset = ::nl_langinfo(CODESET);
+    if (std::strcmp(charset, "UTF-8") == 0) return CleanRegionalText(text);
+    iconv_t converter = ::iconv_open("UTF-8", charset);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): this is how iconv_open reports failure.
+    if (converter == reinterpret_cast<iconv_t>(-1)) {
+      return IsAscii(text) ? CleanRegionalText(text) : std::string();
+    }
+    std::string in(text);
+    std::string out(4 * in.size() + 16, '\0');
+    char* from = in.data();
+    char* to = out.data();
+    std::size_t left = in.size();
+    std::size_t room = out.size();
+    const bool converted =
+        ::iconv(converter, &from, &left, &to, &room) != static_cast<std::size_t>(-1);
+    ::iconv_close(converter);
+    if (!converted) return {};
+    out.resize(out.size() - room);
+    return CleanRegionalText(out);
+  }
+
+  // Puts an item of the locale into `out`, which keeps its text when the item is unusable.
+  static void Take(nl_item item, std::string& out) {
+    std::string text = Clean(::nl_langinfo(item));
+    if (!text.empty()) out = std::move(text);
+  }
+
+ private:
+  std::string formerTime_;
+  std::string formerCharacters_;
+  bool ok_ = false;
+};
+
+std::tm BrokenDown(CivilDate date) {
+  std::tm tm{};
+  tm.tm_year = YearOf(date) - 1900;
+  tm.tm_mon = MonthOf(date) - 1;
+  tm.tm_mday = DayOf(date);
+  tm.tm_wday = WeekdayNumber(date) - 1;
+  tm.tm_yday = DaysBetween(MakeDate(YearOf(date), 1, 1), date);
+  return tm;
+}
+
+}  // namespace
+
+PosixRegionalFormats::PosixRegionalFormats()
+    : NamedRegionalFormats(EnglishCalendarNames()), localeName_(EffectiveLocale()) {
+  if (IsPlain(localeName_)) return;
+  const TemporaryLocale locale(localeName_);
+  if (!locale.ok()) return;
+  datePattern_ = ::nl_langinfo(D_FMT);
+  CalendarNames names = EnglishCalendarNames();
+  // The item numbers of a kind follow one another.
+  for (std::size_t i = 0; i < names.months.size(); ++i) {
+    TemporaryLocale::Take(MON_1 + static_cast<nl_item>(i), names.months[i]);
+    TemporaryLocale::Take(ABMON_1 + static_cast<nl_item>(i), names.monthAbbreviations[i]);
+  }
+  for (std::size_t i = 0; i < names.weekdays.size(); ++i) {
+    TemporaryLocale::Take(DAY_1 + static_cast<nl_item>(i), names.weekdays[i]);
+    TemporaryLocale::Take(ABDAY_1 + static_cast<nl_item>(i), names.weekdayAbbreviations[i]);
+  }
+  SetNames(std::move(names));
+}
+
+std::string PosixRegionalFormats::ShortDate(CivilDate date) const {
+  if (!datePattern_.empty()) {
+    const TemporaryLocale locale(localeName_);
+    if (locale.ok()) {
+      const std::tm tm = BrokenDown(date);
+      std::array<char, 256> text{};
+      const std::size_t length = std::strftime(text.data(), text.size(), datePattern_.c_str(), &tm);
+      return TemporaryLocale::Clean({text.data(), length});
+    }
+  }
+  return FormatByPattern("MM/dd/yyyy", date, names());
+}
+
+}  // namespace tidewarden

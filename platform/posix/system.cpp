@@ -1,0 +1,77 @@
+#include "platform/system.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+#include <cstdlib>
+#include <ctime>
+
+#include "core/ini_settings_store.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_regional_formats.h"
+
+namespace tidewarden {
+namespace {
+
+class PosixClock : public Clock {
+ public:
+  [[nodiscard]] LocalTime Now() const override {
+    const std::time_t now = std::time(nullptr);
+    std::tm tm{};
+    ::localtime_r(&now, &tm);
+    return {MakeDate(tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday), tm.tm_hour, tm.tm_min,
+            tm.tm_sec < 60 ? tm.tm_sec : 59};
+  }
+};
+
+std::string HomeFolder() {
+  const char* home = std::getenv("HOME");
+  return home != nullptr && *home != '\0' ? home : "/";
+}
+
+// A folder of the XDG Base Directory Specification, which takes absolute paths only.
+std::string XdgFolder(const char* variable, const char* fallbackInHome) {
+  const char* value = std::getenv(variable);
+  std::string folder = value != nullptr && *value == '/' ? value : HomeFolder() + fallbackInHome;
+  return folder + "/" + std::string(kApplicationName);
+}
+
+std::string ExecutableFolder() {
+  std::array<char, PATH_MAX> path{};
+  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+  if (length <= 0) return ".";
+  const std::string executable(path.data(), static_cast<std::size_t>(length));
+  const std::size_t slash = executable.rfind('/');
+  return slash == 0 ? "/" : executable.substr(0, slash);
+}
+
+}  // namespace
+
+std::unique_ptr<FileSystem> MakeSystemFiles() {
+  return std::make_unique<PosixFileSystem>();
+}
+
+std::unique_ptr<Clock> MakeSystemClock() {
+  return std::make_unique<PosixClock>();
+}
+
+std::unique_ptr<RegionalFormats> MakeSystemFormats(const std::string& shortDatePattern) {
+  auto formats = std::make_unique<PosixRegionalFormats>();
+  if (shortDatePattern.empty()) return formats;
+  return std::make_unique<PatternRegionalFormats>(shortDatePattern, formats->names());
+}
+
+std::string SettingsFilePath() {
+  return XdgFolder("XDG_CONFIG_HOME", "/.config") + "/settings.ini";
+}
+
+std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files) {
+  return std::make_unique<IniSettingsStore>(files, SettingsFilePath());
+}
+
+ProgramFolders SystemFolders() {
+  return {ExecutableFolder(), XdgFolder("XDG_DATA_HOME", "/.local/share"), PathStyle::kPosix};
+}
+
+}  // namespace tidewarden

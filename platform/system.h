@@ -1,0 +1,32 @@
+// The adapters and folders of the system that the program is built for, for the composition
+// roots. Each system has its own implementation of this header.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "core/clock.h"
+#include "core/events_path.h"
+#include "core/file_system.h"
+#include "core/settings_store.h"
+#include "dates/regional_formats.h"
+
+namespace tidewarden {
+
+[[nodiscard]] std::unique_ptr<FileSystem> MakeSystemFiles();
+[[nodiscard]] std::unique_ptr<Clock> MakeSystemClock();
+
+// The user's own date layout, or `shortDatePattern` in its place when that is not empty (pattern
+// letters of FormatByPattern); names in the user's language either way.
+[[nodiscard]] std::unique_ptr<RegionalFormats> MakeSystemFormats(
+    const std::string& shortDatePattern);
+
+// The user's own settings: on Linux the file SettingsFilePath.
+[[nodiscard]] std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files);
+
+// "settings.ini" in the user's configuration folder for the program.
+[[nodiscard]] std::string SettingsFilePath();
+
+[[nodiscard]] ProgramFolders SystemFolders();
+
+}  // namespace tidewarden
