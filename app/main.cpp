@@ -133,6 +133,9 @@ int Run(const Arguments& arguments) {
   if (!session.readStatus().ok()) {
     Complain(path + ": " + DescribeStatus(session.readStatus()));
   }
+  if (!session.writeStatus().ok()) {
+    Complain(path + ": cannot be changed: " + DescribeStatus(session.writeStatus()));
+  }
   if (!shown) return kDone;
   if (onlyPicture) {
     window.show();

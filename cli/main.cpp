@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <new>
+#include <sstream>
 
 #include "cli/commands.h"
 #include "tidewarden_version.h"
@@ -12,24 +13,33 @@ using tidewarden::cli::CommonOptions;
 
 constexpr char kVersionText[] = "tidewarden-cli " TIDEWARDEN_VERSION;
 
+// An empty text is more likely a slip in a script than an option left out on purpose.
+const CLI::Validator kNotEmpty(
+    [](const std::string& value) { return value.empty() ? "it must not be empty" : ""; }, "");
+
 void AddClockAndFormat(CLI::App& command, CommonOptions& options) {
   command.set_version_flag("--version", kVersionText);
-  command.add_option("--today", options.today, "Take this day for today")->type_name("YYYY-MM-DD");
+  command.add_option("--today", options.today, "Take this day for today")
+      ->type_name("YYYY-MM-DD")
+      ->check(kNotEmpty);
   command
       .add_option("--short-date", options.shortDate,
                   "Write dates like this instead of as the system does: MM/dd/yyyy, "
                   "dd.MM.yyyy, yyyy-MM-dd, yy/MM/dd, ...")
-      ->type_name("PATTERN");
+      ->type_name("PATTERN")
+      ->check(kNotEmpty);
   command.add_flag("--json", options.json, "Print JSON");
 }
 
 void AddFiles(CLI::App& command, CommonOptions& options) {
   command.add_option("--file", options.file, "The events file; else the one in the settings")
-      ->type_name("PATH");
+      ->type_name("PATH")
+      ->check(kNotEmpty);
   command
       .add_option("--settings", options.settings,
                   "A settings file in place of your own; created when missing")
-      ->type_name("PATH");
+      ->type_name("PATH")
+      ->check(kNotEmpty);
 }
 
 tidewarden::cli::ExitCode Run(int argc, char** argv) {
@@ -50,7 +60,9 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
   CLI::App* list = app.add_subcommand("list", "Print the reminder list, one item a line");
   AddFiles(*list, options);
   AddClockAndFormat(*list, options);
-  list->add_option("--now", options.now, "Take this time of day for now")->type_name("HH:MM");
+  list->add_option("--now", options.now, "Take this time of day for now")
+      ->type_name("HH:MM")
+      ->check(kNotEmpty);
   list->add_flag("--update", listArguments.update,
                  "Also tidy the events file as the window does: remove one-time events that are "
                  "over, show hidden events again");
@@ -70,7 +82,11 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kDone : kUsage;
+    std::ostringstream out;
+    std::ostringstream complaints;
+    const bool wanted = app.exit(error, out, complaints) == 0;
+    static_cast<void>(std::fwrite(complaints.str().data(), 1, complaints.str().size(), stderr));
+    return wanted ? Print(out.str(), kDone) : kUsage;
   }
   if (list->parsed()) return RunList(options, listArguments);
   if (check->parsed()) return RunCheck(options);

@@ -17,19 +17,27 @@ namespace {
 constexpr int kOccurrencesToTry = 60;
 constexpr int kYearsToTry = 9;
 
-bool IsSingle(const Occurs& occurs) {
-  return occurs.kind == OccursKind::kOneTime || occurs.kind == OccursKind::kTilDone ||
-         occurs.IsCounter();
+// Events that have one date in all their life. Feasts fall each year whatever year is named.
+bool IsSingle(const EventRecord& event) {
+  const OccursKind kind = event.occurs.kind;
+  const bool named = kind == OccursKind::kOneTime || kind == OccursKind::kTilDone;
+  return event.occurs.IsCounter() || (named && !event.dateField.isFeast);
 }
 
-// The first date on or after `from`, tried again each year for events that skip years.
-std::optional<CivilDate> FirstDate(const EventRecord& event, CivilDate from) {
+// A date, and the first day from which the rules give it: some events have no date at all for
+// years.
+struct FoundDate {
+  CivilDate from;
+  CivilDate date;
+};
+
+std::optional<FoundDate> FirstDate(const EventRecord& event, CivilDate today) {
   for (int year = 0; year <= kYearsToTry; ++year) {
-    const int tried = YearOf(from) + year;
+    const int tried = YearOf(today) + year;
     if (tried >= kLastYear) break;
-    const CivilDate start = year == 0 ? from : MakeDate(tried, 1, 1);
-    const auto date = NextOccurrence(event.dateField, event.occurs, start);
-    if (date && (IsSingle(event.occurs) || *date >= start)) return date;
+    const CivilDate from = year == 0 ? today : MakeDate(tried, 1, 1);
+    const auto date = NextOccurrence(event.dateField, event.occurs, from);
+    if (date && (IsSingle(event) || *date >= from)) return FoundDate{from, *date};
   }
   return std::nullopt;
 }
@@ -38,13 +46,12 @@ std::optional<CivilDate> FirstDate(const EventRecord& event, CivilDate from) {
 // hidden event is shown again.
 bool IsEverUnhidden(const EventRecord& event, CivilDate today) {
   CivilDate from = today;
-  for (int i = 0; i < kOccurrencesToTry; ++i) {
-    const auto date = FirstDate(event, from);
-    if (!date || *date < from) return false;
-    if (DaysBetween(from, *date) > event.EventAdvance) return true;
-    if (IsSingle(event.occurs)) return false;
-    from = AddDays(*date, 1);
-    if (YearOf(from) >= kLastYear) return false;
+  for (int i = 0; i < kOccurrencesToTry && YearOf(from) < kLastYear; ++i) {
+    const auto found = FirstDate(event, from);
+    if (!found || found->date < from) return false;
+    if (DaysBetween(found->from, found->date) > event.EventAdvance) return true;
+    if (IsSingle(event)) return false;
+    from = AddDays(found->date, 1);
   }
   return false;
 }
@@ -58,7 +65,7 @@ class Checker : public EventLineVisitor {
     seen_.clear();
   }
 
-  void Visit(long index, std::string_view /*rawLine*/, std::string_view line) override {
+  void Visit(long index, std::string_view rawLine, std::string_view line) override {
     const auto number = static_cast<std::size_t>(index) + 1;
     Rejection rejection;
     const auto event = ParseEventLine(line, format_, YearOf(today_), &rejection);
@@ -70,19 +77,7 @@ class Checker : public EventLineVisitor {
       return;
     }
     LookForDuplicate(*event, number);
-    const auto date = FirstDate(*event, today_);
-    if (!date) {
-      Add(FindingKind::kNeverComes, number, 1, "this event never comes",
-          "its date does not exist, or does not fit the way it repeats");
-    } else if (event->occurs.kind == OccursKind::kOneTime && *date < today_) {
-      Add(FindingKind::kPastOneTime, number, 1, "this one-time event is over",
-          event->EventHidden ? "it is hidden and stays in the file; delete the line"
-                             : "it is removed when the reminder list is next shown");
-    } else if (event->EventHidden && !event->occurs.IsCounter() &&
-               event->occurs.kind != OccursKind::kTilDone && !IsEverUnhidden(*event, today_)) {
-      Add(FindingKind::kNeverUnhidden, number, 1, "this event is hidden and will not come back",
-          "its notice is as long as the time between two dates; shorten it or remove the *");
-    }
+    LookAtDates(*event, rawLine, number);
   }
 
   std::vector<Finding> TakeFindings() { return std::move(findings_); }
@@ -91,6 +86,24 @@ class Checker : public EventLineVisitor {
   void Add(FindingKind kind, std::size_t line, std::size_t column, std::string reason,
            std::string hint) {
     findings_.push_back({kind, line, column, std::move(reason), std::move(hint)});
+  }
+
+  void LookAtDates(const EventRecord& event, std::string_view rawLine, std::size_t number) {
+    const OccursKind kind = event.occurs.kind;
+    const auto found = FirstDate(event, today_);
+    if (!found) {
+      Add(FindingKind::kNeverComes, number, 1, "this event never comes",
+          "its date does not exist, or does not fit the way it repeats");
+    } else if (kind == OccursKind::kOneTime && found->date < today_) {
+      Add(FindingKind::kPastOneTime, number, 1, "this one-time event is over",
+          IsOverOneTimeLine(rawLine, today_)
+              ? "it is removed when the reminder list is next shown"
+              : "it is not shown any more but stays in the file; delete the line");
+    } else if (event.EventHidden && !event.occurs.IsCounter() && kind != OccursKind::kTilDone &&
+               !IsEverUnhidden(event, today_)) {
+      Add(FindingKind::kNeverUnhidden, number, 1, "this event is hidden and will not come back",
+          "its notice is as long as the time between two dates; shorten it or remove the *");
+    }
   }
 
   void LookForDuplicate(const EventRecord& event, std::size_t number) {

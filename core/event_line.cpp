@@ -31,26 +31,6 @@ const char* LastComma(const char* begin, const char* end) {
   return nullptr;
 }
 
-// Cuts a line at its commas; false unless there are exactly three. The date and the two fields
-// at the end are short, so the ends are searched first and the title is scanned once.
-bool Split(std::string_view line, EventLine& out, std::string_view& advance) {
-  const char* const begin = line.data();
-  const char* const end = begin + line.size();
-  const char* const third = LastComma(begin, end);
-  if (third == nullptr) return false;
-  const char* const second = LastComma(begin, third);
-  if (second == nullptr) return false;
-  const char* first = begin + 5;  // where it is in every valid line
-  if (second < first || *first != ',') first = std::find(begin, second, ',');
-  if (first == second) return false;
-  out.title = {first + 1, static_cast<std::size_t>(second - first - 1)};
-  if (out.title.find(',') != std::string_view::npos) return false;
-  out.date = {begin, static_cast<std::size_t>(first - begin)};
-  advance = {second + 1, static_cast<std::size_t>(third - second - 1)};
-  out.occurs = Trim({third + 1, static_cast<std::size_t>(end - third - 1)});
-  return true;
-}
-
 // Where the fourth comma stands, or the end of a line with too few of them.
 const char* CommaFault(std::string_view line) {
   int commas = 0;
@@ -88,17 +68,6 @@ RejectReason ReasonOf(OccursFault fault) {
   }
 }
 
-bool ReadAdvance(std::string_view field, int& out) {
-  if (const int plain = DigitsValue(field); plain >= 0 && plain <= 365) {
-    out = plain;
-    return true;
-  }
-  const double days = LeadingNumber(field);
-  if (days < 0 || days > 365) return false;
-  out = static_cast<int>(RoundHalfToEven(days));
-  return true;
-}
-
 // Reads an occurs field in any letter case. Most are in lower case already, and one that is
 // accepted as it stands means the same in lower case. The others fit into a few ASCII letters,
 // or take the long way.
@@ -134,29 +103,69 @@ std::string InUsersOrder(std::string_view stored, const DateField& field,
 
 }  // namespace
 
+// The date and the two fields at the end are short, so the ends are searched first and the title is
+// scanned once.
+bool SplitEventLine(std::string_view line, EventLineParts& out) {
+  out.hidden = line.ends_with('*');
+  if (out.hidden) line.remove_suffix(1);
+  const char* const begin = line.data();
+  const char* const end = begin + line.size();
+  const char* const third = LastComma(begin, end);
+  if (third == nullptr) return false;
+  const char* const second = LastComma(begin, third);
+  if (second == nullptr) return false;
+  const char* const first = std::find(begin, second, ',');
+  if (first == second) return false;
+  out.title = {first + 1, static_cast<std::size_t>(second - first - 1)};
+  if (out.title.find(',') != std::string_view::npos) return false;
+  out.date = {begin, static_cast<std::size_t>(first - begin)};
+  out.advance = {second + 1, static_cast<std::size_t>(third - second - 1)};
+  out.occurs = Trim({third + 1, static_cast<std::size_t>(end - third - 1)});
+  return true;
+}
+
+FieldFaults ReadFields(const EventLineParts& parts, int currentYear, DateField& dateField,
+                       Occurs& occurs) {
+  FieldFaults faults;
+  faults.date = ReadDateField(parts.date, dateField);
+  if (faults.date == DateFieldFault::kNone) {
+    faults.occurs = ReadAnyCase(parts.occurs, currentYear, occurs);
+  }
+  return faults;
+}
+
+bool ReadAdvance(std::string_view field, int& out) {
+  if (const int plain = DigitsValue(field); plain >= 0 && plain <= 365) {
+    out = plain;
+    return true;
+  }
+  const double days = LeadingNumber(field);
+  if (days < 0 || days > 365) return false;
+  out = static_cast<int>(RoundHalfToEven(days));
+  return true;
+}
+
 bool ReadEventLine(std::string_view line, int currentYear, EventLine& out, Rejection* rejection) {
   const auto reject = [line, rejection](RejectReason reason, const char* at) {
     return Reject(line, reason, at, rejection);
   };
-  std::string_view content = line;
-  out.hidden = content.ends_with('*');
-  if (out.hidden) content.remove_suffix(1);
-
-  std::string_view advance;
-  if (!Split(content, out, advance)) return reject(RejectReason::kCommas, CommaFault(content));
-
-  const DateFieldFault dateFault = ReadDateField(out.date, out.dateField);
-  if (dateFault != DateFieldFault::kNone) {
-    const bool day = dateFault == DateFieldFault::kDay;
-    return reject(ReasonOf(dateFault),
-                  out.date.data() + (day ? FirstCharacters(out.date, 3).size() : 0));
+  EventLineParts& parts = out.parts;
+  if (!SplitEventLine(line, parts)) {
+    return reject(RejectReason::kCommas,
+                  CommaFault(line.substr(0, line.size() - (parts.hidden ? 1 : 0))));
   }
-  const OccursFault occursFault = ReadAnyCase(out.occurs, currentYear, out.occursRule);
-  if (occursFault != OccursFault::kNone) return reject(ReasonOf(occursFault), out.occurs.data());
-
+  const FieldFaults faults = ReadFields(parts, currentYear, out.dateField, out.occurs);
+  if (faults.date != DateFieldFault::kNone) {
+    const bool day = faults.date == DateFieldFault::kDay;
+    return reject(ReasonOf(faults.date),
+                  parts.date.data() + (day ? FirstCharacters(parts.date, 3).size() : 0));
+  }
+  if (faults.occurs != OccursFault::kNone) {
+    return reject(ReasonOf(faults.occurs), parts.occurs.data());
+  }
   out.advance = 0;
-  if (!out.occursRule.IsCounter() && !ReadAdvance(advance, out.advance)) {
-    return reject(RejectReason::kAdvance, advance.data());
+  if (!out.occurs.IsCounter() && !ReadAdvance(parts.advance, out.advance)) {
+    return reject(RejectReason::kAdvance, parts.advance.data());
   }
   return true;
 }
@@ -166,15 +175,28 @@ std::optional<EventRecord> ParseEventLine(std::string_view line, const RegionalD
   EventLine read;
   if (!ReadEventLine(line, currentYear, read, rejection)) return std::nullopt;
   EventRecord event;
-  event.EventDate = InUsersOrder(read.date, read.dateField, format);
-  event.EventDateAsStored = read.date;
-  event.EventTitle = read.title;
+  event.EventDate = InUsersOrder(read.parts.date, read.dateField, format);
+  event.EventDateAsStored = read.parts.date;
+  event.EventTitle = read.parts.title;
   event.EventAdvance = read.advance;
-  event.EventOccurs = ToLower(read.occurs);
-  event.EventHidden = read.hidden;
+  event.EventOccurs = ToLower(read.parts.occurs);
+  event.EventHidden = read.parts.hidden;
   event.dateField = read.dateField;
-  event.occurs = read.occursRule;
+  event.occurs = read.occurs;
   return event;
+}
+
+bool IsOverOneTimeLine(std::string_view rawLine, CivilDate today) {
+  constexpr std::size_t kTailLength = 7;  // "one" and a year
+  if (rawLine.size() < kTailLength) return false;
+  const std::string_view tail = rawLine.substr(rawLine.size() - kTailLength);
+  const int year = DigitsValue(tail.substr(3));
+  if (!tail.starts_with("one") || year < 0) return false;
+  DateField field;
+  if (ReadDateField(FirstCharacters(rawLine, 5), field) != DateFieldFault::kNone) return false;
+  if (field.isFeast || field.month < 1 || field.day < 1) return false;
+  const CivilDate date = MakeDate(year, field.month, field.day);
+  return IsRealDate(date) && date < today;
 }
 
 std::string_view DescribeRejection(RejectReason reason) {

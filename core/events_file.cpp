@@ -30,7 +30,11 @@ class Pass {
   }
 
   void Finish() {
-    lines_.Finish([&](std::string_view line) { Line(line, openLineIsAscii_); });
+    lines_.Finish([&](std::string_view line) {
+      // A file of nothing but a byte-order mark has no line.
+      const bool onlyMark = number_ == 0 && line == kByteOrderMark;
+      if (!onlyMark || encoding_ != TextEncoding::kUtf8) Line(line, openLineIsAscii_);
+    });
   }
 
   [[nodiscard]] bool isUtf16() const { return isUtf16_; }
@@ -38,7 +42,7 @@ class Pass {
 
  private:
   void Line(std::string_view line, bool isAscii) {
-    if (isAscii) {
+    if (isAscii && !isMarkedAsUtf16_) {
       visitor_.Visit(number_++, line, line);
     } else if (encoding_ == TextEncoding::kUtf8) {
       Utf8Line(line);
@@ -57,7 +61,8 @@ class Pass {
   }
 
   void Windows1252Line(std::string_view line) {
-    if (number_ == 0) isUtf16_ = LooksLikeUtf16(line);
+    if (number_ == 0) isMarkedAsUtf16_ = StartsAsUtf16(line);
+    isUtf16_ = isUtf16_ || (isMarkedAsUtf16_ && line.find('\0') != std::string_view::npos);
     if (isUtf16_) return;
     const std::string text = DecodeWindows1252(line);
     visitor_.Visit(number_++, line, text);
@@ -68,6 +73,7 @@ class Pass {
   LineSplitter lines_;
   long number_ = 0;
   bool openLineIsAscii_ = true;  // what has come of the line that the last piece left open
+  bool isMarkedAsUtf16_ = false;
   bool isUtf16_ = false;
   bool isOtherEncoding_ = false;
 };
@@ -97,7 +103,8 @@ Status RewriteEventsFile(
   std::string present;
   Status status = ReadFile(files, path, present);
   if (!status.ok()) return status;
-  if (LooksLikeUtf16(present)) return Status(StatusKind::kNotText);
+  if (StartsAsUtf16(present) && present.find('\0') != std::string::npos)
+    return Status(StatusKind::kNotText);
 
   std::string_view body = present;
   std::string content;

@@ -23,9 +23,11 @@ Status ReadFile(FileSystem& files, const std::string& path, std::string& out) {
 
 Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content) {
   std::string present;
-  if (ReadFile(files, path, present).ok() && present == content) return {};
+  Status status = ReadFile(files, path, present);
+  if (status.ok() && present == content) return status;
+  if (!status.ok() && status.kind() != StatusKind::kNotFound) return status;
   std::unique_ptr<StagedFile> staged;
-  Status status = files.Stage(path, content, staged);
+  status = files.Stage(path, content, staged);
   return status.ok() ? staged->Commit() : status;
 }
 

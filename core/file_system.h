@@ -79,7 +79,7 @@ class FileSystem {
 Status ReadFile(FileSystem& files, const std::string& path, std::string& out);
 
 // Replaces a file by new content, all or nothing. When the content is what the file already
-// holds, nothing is written.
+// holds, nothing is written; nor when the file exists and cannot be read.
 Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content);
 
 }  // namespace tidewarden

@@ -171,6 +171,7 @@ Status IniSettingsStore::Write(std::string_view section, std::string_view name,
   }
   std::unique_ptr<FileLock> lock;
   Status status = files_.Lock(path_, lock);
+  loaded_ = false;  // what is changed is the file as it is now, whatever its stamp says
   if (status.ok()) status = Refresh();
   if (!status.ok()) return status;
   return Change(ini::WithValue(content_, section, name, value));
@@ -181,6 +182,7 @@ Status IniSettingsStore::Delete(std::string_view section, std::string_view name)
   if (!status.ok() || !ini::FindValue(content_, section, name)) return status;
   std::unique_ptr<FileLock> lock;
   status = files_.Lock(path_, lock);
+  loaded_ = false;
   if (status.ok()) status = Refresh();
   if (!status.ok()) return status;
   return Change(ini::WithoutValue(content_, section, name));

@@ -20,9 +20,12 @@ TextEncoding DetectEncoding(std::string_view bytes) {
   return IsValidUtf8(bytes) ? TextEncoding::kUtf8 : TextEncoding::kWindows1252;
 }
 
+bool StartsAsUtf16(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
+
 bool LooksLikeUtf16(std::string_view bytes) {
-  const bool marked = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-  return marked && bytes.find('\0') != std::string_view::npos;
+  return StartsAsUtf16(bytes) && bytes.find('\0') != std::string_view::npos;
 }
 
 std::string DecodeWindows1252(std::string_view bytes) {

@@ -17,8 +17,10 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // The encoding of a file's bytes. A byte-order mark is valid UTF-8 like any other character.
 [[nodiscard]] TextEncoding DetectEncoding(std::string_view bytes);
 
-// True for bytes that begin with a UTF-16 byte-order mark and hold a NUL: text that cannot be
-// read as either encoding.
+// True for bytes that begin with a UTF-16 byte-order mark.
+[[nodiscard]] bool StartsAsUtf16(std::string_view bytes);
+
+// True for bytes that begin so and hold a NUL: text that cannot be read as either encoding.
 [[nodiscard]] bool LooksLikeUtf16(std::string_view bytes);
 
 // Bytes of Windows-1252 as UTF-8.

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tidewarden {
@@ -13,6 +14,18 @@ namespace tidewarden {
 // Views that the pool gives out stay good when the pool moves.
 class TextPool {
  public:
+  TextPool() = default;
+  TextPool(TextPool&& other) noexcept { *this = std::move(other); }
+  TextPool& operator=(TextPool&& other) noexcept {
+    blocks_ = std::exchange(other.blocks_, {});
+    next_ = std::exchange(other.next_, nullptr);
+    left_ = std::exchange(other.left_, 0);
+    return *this;
+  }
+  TextPool(const TextPool&) = delete;
+  TextPool& operator=(const TextPool&) = delete;
+  ~TextPool() = default;
+
   [[nodiscard]] std::string_view Keep(std::string_view text) {
     if (text.size() > left_) {
       left_ = std::max(kBlock, text.size());

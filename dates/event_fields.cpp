@@ -74,9 +74,11 @@ OccursFault ReadWeekday(std::string_view occurs, Occurs& out) {
   return out.weekday == 0 ? OccursFault::kWeekday : OccursFault::kNone;
 }
 
+// "1st ", "2nd ", "3rd ", "4th " or "las ".
 bool IsOrdinal(std::string_view head) {
-  return Is(head, "1st ") || Is(head, "2nd ") || Is(head, "3rd ") || Is(head, "4th ") ||
-         Is(head, "las ");
+  constexpr char kEndings[][4] = {"st ", "nd ", "rd ", "th "};
+  if (head.size() != 4 || head[0] < '1' || head[0] > '4') return Is(head, "las ");
+  return std::memcmp(head.data() + 1, kEndings[head[0] - '1'], 3) == 0;
 }
 
 // Two digits up to `highest`, or "xx". False for anything less common.

@@ -1,8 +1,8 @@
 #include "dates/text.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -269,16 +269,18 @@ long long RoundHalfToEven(double value) {
 }
 
 void AppendNumber(std::string& out, int value, int width) {
-  if (width == 2 && value >= 0 && value < 100) {
-    const char two[] = {static_cast<char>('0' + value / 10), static_cast<char>('0' + value % 10)};
-    out.append(two, 2);
-    return;
-  }
-  char digits[16];
-  const char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-  const auto length = static_cast<int>(end - digits);
-  if (length < width) out.append(static_cast<std::size_t>(width - length), '0');
-  out.append(digits, static_cast<std::size_t>(length));
+  // Twice the digits of an int leave room for any sign and sensible width.
+  std::array<char, 24> digits{};
+  char* const end = digits.data() + digits.size();
+  char* first = end;
+  unsigned rest = value < 0 ? 0U - static_cast<unsigned>(value) : static_cast<unsigned>(value);
+  do {
+    *--first = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  } while (rest != 0);
+  while (end - first < width && first != digits.data() + 1) *--first = '0';
+  if (value < 0) *--first = '-';
+  out.append(first, static_cast<std::size_t>(end - first));
 }
 
 void AppendCharacter(std::string& out, char32_t character) {

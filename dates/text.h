@@ -81,7 +81,8 @@ namespace tidewarden {
   return value;
 }
 
-// Appends `value` in decimal, padded with leading zeros to at least `width` digits.
+// Appends `value` in decimal, padded with leading zeros to at least `width` digits, 0 to 20; a
+// minus sign comes before the zeros.
 void AppendNumber(std::string& out, int value, int width = 0);
 
 // Appends a character in UTF-8.

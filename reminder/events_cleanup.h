@@ -7,19 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "core/event_line.h"
 #include "core/file_system.h"
 #include "dates/civil.h"
 
 namespace tidewarden {
 
-// True for a raw line whose last seven characters begin with "one", lower case, and whose first
-// five characters with the last four as the year make a calendar date before today. Whether the
-// line is a valid event otherwise is not asked. A feast code, an "xx" and a hidden event ("*" at
-// the end) make no such date.
-[[nodiscard]] bool IsOverOneTimeLine(std::string_view rawLine, CivilDate today);
-
-// Removes those lines from the file. `removed` receives their numbers in ascending order; it is
-// empty after a failure.
+// Removes the lines of one-time events that are over (IsOverOneTimeLine) from the file. `removed`
+// receives their numbers in ascending order; it is empty after a failure.
 Status RemovePastOneTimeEvents(FileSystem& files, const std::string& path, CivilDate today,
                                std::vector<long>& removed);
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,7 +39,7 @@ struct ReminderRow {
 
 // What one pass over the events gives, the rows in the order of the file.
 struct ReminderList {
-  std::vector<ReminderRow> rows;
+  std::deque<ReminderRow> rows;            // a deque, so that a long list never moves
   bool anyEventsInRange = false;           // a row other than the today line exists
   bool hasPastOneTime = false;             // a one-time event lies before today
   std::vector<std::string_view> hideList;  // raw lines of hidden events whose occurrence is over
@@ -58,9 +59,5 @@ Status ListEvents(FileSystem& files, const std::string& path, const RegionalDate
 // all other rows of its day.
 void AddTodayLine(ReminderList& list, const std::string& todayText,
                   const RegionalDateFormat& format, const ListOptions& options, CivilDate today);
-
-// Sorts rows by date, time of day and display text without regard to case; rows that are equal
-// in all three keep their order, which is that of their lines.
-void SortRows(std::vector<ReminderRow>& rows);
 
 }  // namespace tidewarden

@@ -7,6 +7,7 @@
 #include "core/settings_keys.h"
 #include "dates/text.h"
 #include "reminder/events_cleanup.h"
+#include "reminder/row_order.h"
 
 namespace tidewarden {
 
@@ -45,7 +46,8 @@ BuildOutcome ReminderSession::BuildReminderList() {
     }
     if (access_ == FileAccess::kUpdate) TidyEventsFile(now.date);
   } else if (readStatus_.kind() == StatusKind::kNotFound && access_ == FileAccess::kUpdate) {
-    readStatus_ = CreateNewEventsFile(ports_.files, ports_.messages, EventsFilePath_);
+    readStatus_ = Status();
+    writeStatus_ = CreateNewEventsFile(ports_.files, ports_.messages, EventsFilePath_);
   }
   if (!Get(ports_.settings, settings::kShowTodaysDateWithReminders).empty()) {
     Delete(ports_.settings, settings::kShowTodaysDateWithReminders);

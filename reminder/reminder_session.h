@@ -59,7 +59,7 @@ class ReminderSession {
   [[nodiscard]] const std::vector<long>& ReminderLineMap() const { return ReminderLineMap_; }
 
   // For each row what is known of it. The rows' own texts have no countdown.
-  [[nodiscard]] const std::vector<ReminderRow>& rows() const { return list_.rows; }
+  [[nodiscard]] const std::deque<ReminderRow>& rows() const { return list_.rows; }
 
   // Today's date for the label under the list.
   [[nodiscard]] const std::string& dateLabel() const { return dateLabel_; }

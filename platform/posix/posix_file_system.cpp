@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -98,20 +99,17 @@ std::string NameOf(const std::string& path) {
   return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
-// The file that a path leads to, for a path that may not exist yet.
-std::string Resolved(const std::string& path) {
-  char* real = ::realpath(path.c_str(), nullptr);
-  if (real == nullptr) {
-    // A link whose target is missing: the target is what will be created.
-    char target[PATH_MAX];
-    const ssize_t length = ::readlink(path.c_str(), target, sizeof target);
-    if (length <= 0 || length == static_cast<ssize_t>(sizeof target)) return path;
-    const std::string to(target, static_cast<std::size_t>(length));
-    return to.front() == '/' ? to : FolderOf(path) + "/" + to;
+// The file that a path leads to through any links; it need not exist.
+std::string Resolved(std::string path) {
+  constexpr int kMostLinks = 40;  // as many as the system follows
+  for (int links = 0; links < kMostLinks; ++links) {
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+    if (length <= 0 || static_cast<std::size_t>(length) == target.size()) break;
+    const std::string to(target.data(), static_cast<std::size_t>(length));
+    path = to.front() == '/' ? to : FolderOf(path) + "/" + to;
   }
-  std::string out(real);
-  std::free(real);
-  return out;
+  return path;
 }
 
 Status CreateFolders(const std::string& folder) {
@@ -167,7 +165,9 @@ class StagedBeside : public StagedFile {
   Status Fill(std::string_view content, const std::optional<struct stat>& like) {
     if (like) {
       // Another owner's file keeps its owner where the system allows it.
-      if (like->st_uid != ::geteuid() || like->st_gid != ::getegid()) {
+      struct stat own {};
+      if (::fstat(fd_.get(), &own) != 0) return FromErrno(errno);
+      if (like->st_uid != own.st_uid || like->st_gid != own.st_gid) {
         static_cast<void>(::fchown(fd_.get(), like->st_uid, like->st_gid) == 0);
       }
       if (::fchmod(fd_.get(), like->st_mode & kModeBits) != 0) return FromErrno(errno);
@@ -242,6 +242,9 @@ Status CreateTemporary(const std::string& temporary, Descriptor& out) {
     const bool inUse = fd.ok() && ::flock(fd.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     if (inUse) {
       Pause();
+    } else if (fd.ok() && !IsSameFile(fd.get(), temporary)) {
+      // It went into place before it could be locked; another one may have the name by now.
+      continue;
     } else if (::unlink(temporary.c_str()) != 0 && errno != ENOENT) {
       return FromErrno(errno);
     }

@@ -94,6 +94,27 @@ std::tm BrokenDown(CivilDate date) {
   return tm;
 }
 
+// The order of day, month and year in a pattern for strftime, as pattern letters with "/".
+std::string NumericPattern(std::string_view pattern) {
+  std::string out;
+  const auto add = [&](std::string_view field) {
+    if (out.find(field) != std::string::npos) return;
+    if (!out.empty()) out += "/";
+    out += field;
+  };
+  for (std::size_t i = pattern.find('%'); i != std::string_view::npos; i = pattern.find('%', i)) {
+    // Behind the sign stand flags and modifiers, then the letter.
+    i = pattern.find_first_not_of("EO_-0^#", i + 1);
+    if (i == std::string_view::npos) break;
+    const char letter = pattern[i++];
+    if (letter == 'Y' || letter == 'y' || letter == 'G') add("yyyy");
+    if (letter == 'm' || letter == 'b' || letter == 'B' || letter == 'h') add("MM");
+    if (letter == 'd' || letter == 'e') add("dd");
+  }
+  constexpr std::size_t kComplete = std::string_view("yyyy/MM/dd").size();
+  return out.size() == kComplete ? out : "yyyy/MM/dd";
+}
+
 }  // namespace
 
 PosixRegionalFormats::PosixRegionalFormats()
@@ -122,7 +143,11 @@ std::string PosixRegionalFormats::ShortDate(CivilDate date) const {
       const std::tm tm = BrokenDown(date);
       std::array<char, 256> text{};
       const std::size_t length = std::strftime(text.data(), text.size(), datePattern_.c_str(), &tm);
-      return TemporaryLocale::Clean({text.data(), length});
+      std::string shown = TemporaryLocale::Clean({text.data(), length});
+      // The C library knows one form of a date only. Where that is written in words, as in
+      // Chinese or Arabic, the short one has the same order in digits.
+      if (!shown.empty() && IsAscii(shown)) return shown;
+      return FormatByPattern(NumericPattern(datePattern_), date, names());
     }
   }
   return FormatByPattern("MM/dd/yyyy", date, names());

@@ -43,11 +43,10 @@ const std::set<std::string> kEngine = {"dates", "core", "reminder", "editor", "a
 // Headers of the C++20 standard library that the engine uses. Naming them keeps system headers
 // out even where these have harmless names.
 const std::set<std::string> kStandardHeaders = {
-    "algorithm", "array",   "bit",         "charconv", "chrono",        "cmath",
-    "compare",   "cstddef", "cstdint",     "cstdlib",  "cstring",       "functional",
-    "limits",    "map",     "memory",      "new",      "optional",      "set",
-    "span",      "string",  "string_view", "tuple",    "unordered_map", "unordered_set",
-    "utility",   "variant", "vector"};
+    "algorithm",   "array",   "bit",           "charconv",      "chrono",  "cmath",      "compare",
+    "cstddef",     "cstdint", "cstdlib",       "cstring",       "deque",   "functional", "limits",
+    "map",         "memory",  "new",           "optional",      "set",     "span",       "string",
+    "string_view", "tuple",   "unordered_map", "unordered_set", "utility", "variant",    "vector"};
 
 struct Include {
   std::string name;

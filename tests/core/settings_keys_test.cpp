@@ -1,0 +1,67 @@
+#include "core/settings_keys.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/memory/memory_ports.h"
+
+namespace tidewarden::settings {
+namespace {
+
+struct KeyCase {
+  Setting setting;
+  std::string section;
+  std::string name;
+  std::string stored;  // after the first read of an empty store; "(missing)" for nothing
+  std::string firstRead;
+};
+
+TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
+  const std::string title = "Your Tidewarden Upcoming Events";
+  const std::string missing = "(missing)";
+  const std::vector<KeyCase> cases{
+      {kPath, "Settings", "Path", missing, ""},
+      {kTitlebarText, "Options", "TitlebarText", title, title},
+      {kShowLessThan, "Options", "ShowLessThan", "False", "false"},
+      {kSpellOutReminderMonths, "Options", "SpellOutReminderMonths", "False", "false"},
+      {kCapitalizeTodaysEvents, "Options", "CapitalizeTodaysEvents", "True", "true"},
+      {kPrefaceTodaysEvents, "Options", "PrefaceTodaysEventsWithTODAYis", "True", "True"},
+      {kListTodayWithEvents, "Options", "ListTodayWithEvents", "True", "true"},
+      {kShowDateDifferencesInDaysOnly, "Options", "ShowDateDifferencesInDaysOnly", "True", "true"},
+      {kShowDayOfWeek, "Options", "ShowDayOfWeek", missing, ""},
+      {kShowOnlyIfEventsInRange, "Options", "ShowOnlyIfEventsInRange", "False", "false"},
+      {kNewDateOffset, "Options", "NewDateOffset", "0000", "0000"},
+      {kAlarmSound, "Options", "AlarmSound", "True", "true"},
+      {kAlarmBeepEachMinute, "Options", "AlarmBeepEachMinute", "True", "true"},
+      {kDisableAlarms, "Options", "DisableAlarms", "False", "false"},
+      {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
+  };
+  for (const KeyCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    MemorySettingsStore store;
+    EXPECT_EQ(Get(store, c.setting), c.firstRead);
+    EXPECT_EQ(store.At(c.section, c.name), c.stored);
+    EXPECT_EQ(store.entries.size(), c.stored == missing ? 0 : 1);
+  }
+}
+
+TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
+  for (const Setting& setting : {kPath, kTitlebarText, kPrefaceTodaysEvents}) {
+    EXPECT_EQ(setting.mode, "KeepCaps") << setting.key;
+  }
+  for (const Setting& setting :
+       {kShowLessThan, kSpellOutReminderMonths, kCapitalizeTodaysEvents, kListTodayWithEvents,
+        kShowDateDifferencesInDaysOnly, kShowDayOfWeek, kShowOnlyIfEventsInRange, kNewDateOffset,
+        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kShowTodaysDateWithReminders}) {
+    EXPECT_EQ(setting.mode, "") << setting.key;
+  }
+}
+
+TEST(SettingsKeys, TheStoreBelongsToTheApplication) {
+  EXPECT_EQ(kApplicationName, "Tideward");
+}
+
+}  // namespace
+}  // namespace tidewarden::settings
