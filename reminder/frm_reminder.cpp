@@ -4,7 +4,7 @@
 #include <QListView>
 #include <QVBoxLayout>
 
-#include "reminder/list_model.h"
+#include "reminder/frm_reminder_model.h"
 #include "reminder/reminder_session.h"
 
 namespace tidewarden {

@@ -30,7 +30,7 @@ std::string HomeFolder() {
   return home != nullptr && *home != '\0' ? home : "/";
 }
 
-// A folder of the XDG Base Directory Specification, which takes absolute paths only.
+// One of the XDG base directories, whose variables count only when they hold an absolute path.
 std::string XdgFolder(const char* variable, const char* fallbackInHome) {
   const char* value = std::getenv(variable);
   std::string folder = value != nullptr && *value == '/' ? value : HomeFolder() + fallbackInHome;

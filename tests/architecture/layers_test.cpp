@@ -17,8 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Who may include whom, besides itself. The windows (frm_* and the models beside them) are a
-// layer of their own although they lie in the engine's folders.
+// Who may include whom, besides itself. The windows (frm_*) are a layer of their own although they
+// lie in the engine's folders.
 const std::map<std::string, std::set<std::string>> kMayUse = {
     {"dates", {}},
     {"core", {"dates"}},
@@ -76,8 +76,7 @@ std::vector<Include> IncludesOf(const std::string& text) {
 }
 
 bool IsWindowFile(const std::string& path) {
-  const std::string name = fs::path(path).filename().string();
-  return name.starts_with("frm_") || name.starts_with("list_model");
+  return fs::path(path).filename().string().starts_with("frm_");
 }
 
 // The layer of a file, by its path from the root; empty for a file outside every layer.

@@ -220,7 +220,6 @@ TEST(BothRewrites, LeaveEachRowWithTheLineItCameFrom) {
   }
 }
 
-// The number in the sort order of the original format has five digits; here it may grow.
 TEST(LineNumbers, MayHaveSixDigits) {
   std::string file(100'000, '\n');
   file += "12.24,Deep,7,yearly\n12.21,Gone,7,one2014\n12.24,Deep,7,yearly\n";

@@ -1,4 +1,4 @@
-#include "reminder/list_model.h"
+#include "reminder/frm_reminder_model.h"
 
 #include "reminder/reminder_session.h"
 
