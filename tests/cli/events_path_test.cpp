@@ -122,6 +122,7 @@ TEST_F(EventsPath, IsUnderHomeWithoutTheVariablesForIt) {
       terminal.surroundings.environment.erase("XDG_CONFIG_HOME");
       terminal.surroundings.environment.erase("XDG_DATA_HOME");
     }
+    terminal.CopyProgram();
     terminal.BecomeOrdinaryUser();
     terminal.folder.SetPermissions("app", 0555);
     EXPECT_EQ(terminal.Run({"list", "--update", "--today", "2014-12-22"}).exitCode, 0);
