@@ -1,7 +1,6 @@
 # German and Turkish locale data for the tests that show how the programs behave in them, made
 # from the system's own sources (Debian's package "locales"). Sets TIDEWARDEN_TEST_LOCALES to the
-# compile definition with their folder, or to nothing where they cannot be made: the tests then
-# have only the locales of the C library.
+# compile definition with their folder.
 include_guard(GLOBAL)
 
 set(locale_folder ${CMAKE_BINARY_DIR}/tests/locales)
@@ -23,5 +22,6 @@ if(LOCALEDEF)
   endif()
 endif()
 if(NOT TIDEWARDEN_TEST_LOCALES)
-  message(STATUS "No sources of locale data: the tests in German and Turkish are left out")
+  message(FATAL_ERROR "The tests in German and Turkish need the sources of locale data: "
+    "install the Debian package \"locales\".")
 endif()
