@@ -48,8 +48,6 @@ TEST_F(LocaleTerminal, InAPlainOrUnknownLocaleIsEnglishAndMonthFirst) {
   }
 }
 
-#ifdef TIDEWARDEN_TEST_LOCALES
-
 TEST_F(LocaleTerminal, InGerman) {
   Set("LOCPATH", TIDEWARDEN_TEST_LOCALES);
   const Outcome expected{0,
@@ -112,8 +110,6 @@ TEST_F(LocaleTerminal, NamesStayWhenTheLayoutIsGiven) {
   EXPECT_EQ(terminal_.RunOnTheDay("next", {"12.25,X,0,yearly"}),
             (Outcome{0, "25.12.2014 (Donnerstag, 3 days)\n", ""}));
 }
-
-#endif
 
 }  // namespace
 }  // namespace tidewarden::test
