@@ -74,11 +74,12 @@ ExitCode RunNext(const CommonOptions& options, const std::string& line, int coun
     const std::string weekday =
         world.format.WeekdayNames[static_cast<std::size_t>(WeekdayNumber(date))];
     const int days = DaysBetween(today, date);
-    text += FormatDate(date, world.format) + " (" + weekday + ", " + Distance(days) + ")\n";
-    items.push_back({{"date", IsoDate(date)},
-                     {"text", FormatDate(date, world.format)},
-                     {"weekday", weekday},
-                     {"days", days}});
+    // A layout with a two-digit year shows two digits, as the list does.
+    const std::string shown =
+        FormatDate(date, world.format).substr(world.format.TwoDigitYear ? 2 : 0);
+    text += shown + " (" + weekday + ", " + Distance(days) + ")\n";
+    items.push_back(
+        {{"date", IsoDate(date)}, {"text", shown}, {"weekday", weekday}, {"days", days}});
   }
   if (dates.empty()) Complain("this event has no date from today on");
   const std::string json = items.dump(2, ' ', false, nlohmann::json::error_handler_t::replace);

@@ -37,7 +37,7 @@ void AddFiles(CLI::App& command, CommonOptions& options) {
       ->check(kNotEmpty);
   command
       .add_option("--settings", options.settings,
-                  "A settings file in place of your own; created when missing")
+                  "A settings file in place of your own; list creates it when missing")
       ->type_name("PATH")
       ->check(kNotEmpty);
 }

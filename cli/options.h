@@ -46,7 +46,7 @@ struct World {
 // Prints "tidewarden-cli: TEXT" on standard error.
 void Complain(const std::string& text);
 
-// Writes a text to standard output; kCannotWrite when that fails (a full disk, a closed pipe).
+// Writes a text to standard output; kCannotWrite when that fails, as on a full disk.
 [[nodiscard]] ExitCode Print(const std::string& text, ExitCode otherwise);
 
 }  // namespace tidewarden::cli
