@@ -106,8 +106,10 @@ std::string Resolved(std::string path) {
     std::array<char, PATH_MAX> target{};
     const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
     if (length <= 0 || static_cast<std::size_t>(length) == target.size()) break;
-    const std::string to(target.data(), static_cast<std::size_t>(length));
-    path = to.front() == '/' ? to : FolderOf(path) + "/" + to;
+    const std::string_view to(target.data(), static_cast<std::size_t>(length));
+    std::string next = to.front() == '/' ? std::string() : FolderOf(path).append("/");
+    next += to;
+    path = std::move(next);
   }
   return path;
 }

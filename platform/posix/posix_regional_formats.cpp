@@ -42,8 +42,9 @@ class TemporaryLocale {
   TemporaryLocale(const TemporaryLocale&) = delete;
   TemporaryLocale& operator=(const TemporaryLocale&) = delete;
   ~TemporaryLocale() {
-    std::setlocale(LC_TIME, formerTime_.c_str());
-    std::setlocale(LC_CTYPE, formerCharacters_.c_str());
+    // They were in force before, so that this cannot fail.
+    static_cast<void>(std::setlocale(LC_TIME, formerTime_.c_str()));
+    static_cast<void>(std::setlocale(LC_CTYPE, formerCharacters_.c_str()));
   }
 
   // False when the system does not have the locale.
