@@ -77,7 +77,8 @@ ExitCode RunNext(const CommonOptions& options, const std::string& line, int coun
     // A layout with a two-digit year shows two digits, as the list does.
     const std::string shown =
         FormatDate(date, world.format).substr(world.format.TwoDigitYear ? 2 : 0);
-    text += shown + " (" + weekday + ", " + Distance(days) + ")\n";
+    text.append(shown).append(" (").append(weekday).append(", ");
+    text.append(Distance(days)).append(")\n");
     items.push_back(
         {{"date", IsoDate(date)}, {"text", shown}, {"weekday", weekday}, {"days", days}});
   }

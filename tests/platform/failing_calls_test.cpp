@@ -13,6 +13,7 @@
 #include <cstdarg>
 #include <functional>
 #include <limits>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -32,12 +33,18 @@ struct Plan {
   int error = 0;
   int crashBefore = 0;  // the process ends before this call of any kind, from 1; 0 for never
   std::size_t atMost = std::numeric_limits<std::size_t>::max();  // bytes of one read or write
-  std::string hookedCall{};
-  std::function<void()> hook{};  // runs once, before the first such call
+  // What happens to come in between: runs once, before the how-manieth of those calls.
+  struct Between {
+    std::string call;
+    int at = 1;
+    std::function<void()> run;
+  };
+  std::vector<Between> between{};
 };
 
 Plan* current = nullptr;
-std::vector<std::string> calls;  // made while a plan is in force
+std::vector<std::string> calls;     // made while a plan is in force
+std::map<std::string, int> counts;  // of each kind
 constexpr int kCrashed = 77;
 
 // True when the call is to fail; errno is then set.
@@ -45,15 +52,15 @@ bool Fails(const std::string& call) {
   if (current == nullptr) return false;
   calls.push_back(call);
   if (static_cast<int>(calls.size()) == current->crashBefore) ::_exit(kCrashed);
-  if (current->hook && call == current->hookedCall) {
-    const auto hook = std::exchange(current->hook, nullptr);
+  const int made = ++counts[call];
+  for (const Plan::Between& between : current->between) {
+    if (between.call != call || between.at != made) continue;
     Plan* const suspended = std::exchange(current, nullptr);
-    hook();
+    between.run();
     current = suspended;
+    break;
   }
-  if (call != current->failing || std::count(calls.begin(), calls.end(), call) != current->failAt) {
-    return false;
-  }
+  if (call != current->failing || made != current->failAt) return false;
   errno = current->error;
   return true;
 }
@@ -63,6 +70,7 @@ class InForce {
  public:
   explicit InForce(Plan wanted) : plan_(std::move(wanted)) {
     calls.clear();
+    counts.clear();
     current = &plan_;
   }
   InForce(const InForce&) = delete;
@@ -89,6 +97,7 @@ int __real_flock(int fd, int operation);
 int __real_ftruncate(int fd, off_t size);
 int __real_posix_fallocate(int fd, off_t offset, off_t size);
 int __real_mkdir(const char* path, mode_t mode);
+int __real_unlink(const char* path);
 
 int __wrap_open(const char* path, int flags, ...) {
   mode_t mode = 0;
@@ -146,6 +155,10 @@ int __wrap_mkdir(const char* path, mode_t mode) {
   return tidewarden::Fails("mkdir") ? -1 : __real_mkdir(path, mode);
 }
 
+int __wrap_unlink(const char* path) {
+  return tidewarden::Fails("unlink") ? -1 : __real_unlink(path);
+}
+
 }  // extern "C"
 
 namespace tidewarden {
@@ -184,7 +197,7 @@ TEST_F(FailingCalls, AFailureOfAnyCallLeavesTheOldContentWholeAndNothingElse) {
         {
           const InForce inForce({call, at, error});
           status = ReplaceFile(files_, path_, kNew);
-          made = static_cast<int>(std::count(calls.begin(), calls.end(), call));
+          made = counts[call];
         }
         EXPECT_EQ(BytesOf(path_), status.ok() ? kNew : kOld);
         EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("dates.txt"));
@@ -333,12 +346,11 @@ TEST_F(FailingCalls, ASaveNeverTakesTheFileOfAnotherOneThatIsStillGoingOn) {
   Status status;
   {
     Plan plan;
-    plan.hookedCall = "flock";
-    plan.hook = [&] {
-      EXPECT_TRUE(first->Commit().ok());
-      first.reset();
-      EXPECT_TRUE(files_.Stage(path_, "next", next).ok());
-    };
+    plan.between = {{"flock", 1, [&] {
+                       EXPECT_TRUE(first->Commit().ok());
+                       first.reset();
+                       EXPECT_TRUE(files_.Stage(path_, "next", next).ok());
+                     }}};
     const InForce inForce(plan);
     status = files_.Stage(path_, "mine", mine);
   }
@@ -347,6 +359,39 @@ TEST_F(FailingCalls, ASaveNeverTakesTheFileOfAnotherOneThatIsStillGoingOn) {
   ASSERT_NE(next, nullptr);
   EXPECT_TRUE(next->Commit().ok());
   EXPECT_EQ(BytesOf(path_), "next");
+}
+
+// The same, but the file is in its place before it can even be opened, and the next one has begun
+// when the name is about to be removed.
+TEST_F(FailingCalls, ASaveRemovesNothingUnderANameThatItDidNotOpen) {
+  WriteBytes(path_, kOld);
+  std::unique_ptr<StagedFile> first;
+  ASSERT_TRUE(files_.Stage(path_, "first", first).ok());
+  std::unique_ptr<StagedFile> next;
+  std::unique_ptr<StagedFile> mine;
+  Status status;
+  {
+    Plan plan;
+    plan.between = {{"open", 2,
+                     [&] {
+                       EXPECT_TRUE(first->Commit().ok());
+                       first.reset();
+                     }},
+                    {"unlink", 1, [&] { EXPECT_TRUE(files_.Stage(path_, "next", next).ok()); }}};
+    const InForce inForce(plan);
+    status = files_.Stage(path_, "mine", mine);
+  }
+  EXPECT_EQ(first, nullptr);
+  EXPECT_EQ(BytesOf(path_), "first");
+  if (next != nullptr) {
+    EXPECT_EQ(status.kind(), StatusKind::kBusy);
+    EXPECT_TRUE(next->Commit().ok());
+    EXPECT_EQ(BytesOf(path_), "next");
+  } else {
+    ASSERT_TRUE(status.ok());
+    EXPECT_TRUE(mine->Commit().ok());
+    EXPECT_EQ(BytesOf(path_), "mine");
+  }
 }
 
 TEST_F(FailingCalls, ASettingThatCannotBeWrittenKeepsItsOldValue) {

@@ -182,12 +182,26 @@ TEST_P(PosixFormatsOrder, AUserOfTheLocaleIsNotTurnedAway) {
   EXPECT_EQ(format->IsDayFirst(), !c.yearFirst);
 }
 
-INSTANTIATE_TEST_SUITE_P(Locales, PosixFormatsOrder,
-                         ::testing::Values(OrderCase{"ja_JP.UTF-8", true},
-                                           OrderCase{"zh_CN.UTF-8", true},
-                                           OrderCase{"ko_KR.UTF-8", true},
-                                           OrderCase{"ar_EG.UTF-8", false}),
-                         [](const auto& locale) { return locale.param.name.substr(0, 5); });
+INSTANTIATE_TEST_SUITE_P(
+    Locales, PosixFormatsOrder,
+    ::testing::Values(OrderCase{"ja_JP.UTF-8", true}, OrderCase{"zh_CN.UTF-8", true},
+                      OrderCase{"ko_KR.UTF-8", true}, OrderCase{"ar_EG.UTF-8", false},
+                      OrderCase{"is_IS.UTF-8", false}, OrderCase{"eu_ES.UTF-8", true}),
+    [](const auto& locale) { return locale.param.name.substr(0, 5); });
+
+// "1月" and "11月" without their ones are the same.
+TEST_F(PosixFormats, NumberedMonthsHaveEnglishNames) {
+  for (const std::string name : {"ja_JP.UTF-8", "zh_CN.UTF-8", "ko_KR.UTF-8"}) {
+    SCOPED_TRACE(name);
+    ASSERT_NO_FATAL_FAILURE(NeedLocale(name));
+    const auto formats = FormatsOf(name.c_str());
+    const auto format = DetectRegionalDateFormat(formats->ShortDate(kProbeDate), *formats);
+    ASSERT_TRUE(format.has_value());
+    EXPECT_EQ(format->MonthNames[1], "Jan");
+    EXPECT_EQ(format->MonthNames[5], "May");
+    EXPECT_EQ(format->MonthNames[12], "Dec");
+  }
+}
 
 TEST_F(PosixFormats, WithoutARegionalSettingDatesAreMonthFirst) {
   for (const char* value : {"C", "POSIX", "C.UTF-8", "C.utf8", ""}) {
