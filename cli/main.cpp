@@ -14,32 +14,33 @@ using tidewarden::cli::CommonOptions;
 constexpr char kVersionText[] = "tidewarden-cli " TIDEWARDEN_VERSION;
 
 // An empty text is more likely a slip in a script than an option left out on purpose.
-const CLI::Validator kNotEmpty(
-    [](const std::string& value) { return value.empty() ? "it must not be empty" : ""; }, "");
+CLI::Validator NotEmpty() {
+  return {[](const std::string& value) { return value.empty() ? "it must not be empty" : ""; }, ""};
+}
 
 void AddClockAndFormat(CLI::App& command, CommonOptions& options) {
   command.set_version_flag("--version", kVersionText);
   command.add_option("--today", options.today, "Take this day for today")
       ->type_name("YYYY-MM-DD")
-      ->check(kNotEmpty);
+      ->check(NotEmpty());
   command
       .add_option("--short-date", options.shortDate,
                   "Write dates like this instead of as the system does: MM/dd/yyyy, "
                   "dd.MM.yyyy, yyyy-MM-dd, yy/MM/dd, ...")
       ->type_name("PATTERN")
-      ->check(kNotEmpty);
+      ->check(NotEmpty());
   command.add_flag("--json", options.json, "Print JSON");
 }
 
 void AddFiles(CLI::App& command, CommonOptions& options) {
   command.add_option("--file", options.file, "The events file; else the one in the settings")
       ->type_name("PATH")
-      ->check(kNotEmpty);
+      ->check(NotEmpty());
   command
       .add_option("--settings", options.settings,
                   "A settings file in place of your own; list creates it when missing")
       ->type_name("PATH")
-      ->check(kNotEmpty);
+      ->check(NotEmpty());
 }
 
 tidewarden::cli::ExitCode Run(int argc, char** argv) {
@@ -62,7 +63,7 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
   AddClockAndFormat(*list, options);
   list->add_option("--now", options.now, "Take this time of day for now")
       ->type_name("HH:MM")
-      ->check(kNotEmpty);
+      ->check(NotEmpty());
   list->add_flag("--update", listArguments.update,
                  "Also tidy the events file as the window does: remove one-time events that are "
                  "over, show hidden events again");
@@ -96,11 +97,14 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const char* complaint = nullptr;
   try {
     return Run(argc, argv);
   } catch (const std::bad_alloc&) {
-    // The only exception that the standard library throws here: there is no memory for an answer.
-    std::fputs("tidewarden-cli: out of memory\n", stderr);
-    return tidewarden::cli::kCannotRead;
+    complaint = "tidewarden-cli: out of memory\n";
+  } catch (...) {
+    complaint = "tidewarden-cli: an error that should not happen\n";
   }
+  static_cast<void>(std::fputs(complaint, stderr));
+  return tidewarden::cli::kCannotRead;
 }

@@ -241,6 +241,7 @@ Status CreateTemporary(const std::string& temporary, Descriptor& out) {
     }
     if (errno != EEXIST) return FromErrno(errno);
     fd = Open(temporary, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
+    if (!fd.ok() && errno == ENOENT) continue;  // it has gone into its place
     const bool inUse = fd.ok() && ::flock(fd.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     if (inUse) {
       Pause();

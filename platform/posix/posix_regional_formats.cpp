@@ -75,7 +75,8 @@ class TemporaryLocale {
 
   // Puts an item of the locale into `out`, which keeps its text when the item is unusable.
   static void Take(nl_item item, std::string& out) {
-    std::string text = Clean(::nl_langinfo(item));
+    // Some months are padded with a blank (" 1月").
+    std::string text(Trim(Clean(::nl_langinfo(item))));
     if (!text.empty()) out = std::move(text);
   }
 
@@ -146,8 +147,10 @@ std::string PosixRegionalFormats::ShortDate(CivilDate date) const {
       const std::size_t length = std::strftime(text.data(), text.size(), datePattern_.c_str(), &tm);
       std::string shown = TemporaryLocale::Clean({text.data(), length});
       // The C library knows one form of a date only. Where that is written in words, as in
-      // Chinese or Arabic, the short one has the same order in digits.
-      if (!shown.empty() && IsAscii(shown)) return shown;
+      // Chinese or Icelandic, the short one has the same order in digits.
+      constexpr std::string_view kOfShortDates = "0123456789./- ";
+      const bool isShort = shown.find_first_not_of(kOfShortDates) == std::string::npos;
+      if (!shown.empty() && isShort) return shown;
       return FormatByPattern(NumericPattern(datePattern_), date, names());
     }
   }
