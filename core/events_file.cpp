@@ -103,8 +103,7 @@ Status RewriteEventsFile(
   std::string present;
   Status status = ReadFile(files, path, present);
   if (!status.ok()) return status;
-  if (StartsAsUtf16(present) && present.find('\0') != std::string::npos)
-    return Status(StatusKind::kNotText);
+  if (LooksLikeUtf16(present)) return Status(StatusKind::kNotText);
 
   std::string_view body = present;
   std::string content;

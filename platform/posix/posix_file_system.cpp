@@ -21,8 +21,9 @@ constexpr mode_t kPrivateFile = S_IRUSR | S_IWUSR;
 constexpr mode_t kPrivateFolder = S_IRWXU;
 constexpr mode_t kModeBits = 07777;
 constexpr std::size_t kReadPiece = std::size_t{32} * 1024;  // stays in the processor's first cache
-constexpr int kLockAttempts = 100;
-constexpr long kLockPauseNanoseconds = 30'000'000;
+// Looked at often, because two programs that write without a pause would else starve each other.
+constexpr int kLockAttempts = 1500;
+constexpr long kLockPauseNanoseconds = 2'000'000;
 
 Status FromErrno(int error) {
   switch (error) {
@@ -228,6 +229,11 @@ bool IsSameFile(int fd, const std::string& path) {
          opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
 }
 
+bool IsOwn(const std::string& path) {
+  struct stat info {};
+  return ::lstat(path.c_str(), &info) == 0 && info.st_uid == ::geteuid();
+}
+
 // Creates the file beside the target. One that stands there already belongs to a process that is
 // saving right now (it holds the lock) or to one that died (it does not).
 Status CreateTemporary(const std::string& temporary, Descriptor& out) {
@@ -242,6 +248,8 @@ Status CreateTemporary(const std::string& temporary, Descriptor& out) {
     if (errno != EEXIST) return FromErrno(errno);
     fd = Open(temporary, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
     if (!fd.ok() && errno == ENOENT) continue;  // it has gone into its place
+    // Another user's file that cannot be opened may be a save that is still going on.
+    if (!fd.ok() && errno == EACCES && !IsOwn(temporary)) return FromErrno(EACCES);
     const bool inUse = fd.ok() && ::flock(fd.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     if (inUse) {
       Pause();
@@ -338,9 +346,11 @@ Status PosixFileSystem::Stage(const std::string& path, std::string_view content,
 }
 
 Status PosixFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>& out) {
-  Status status = CreateFolders(FolderOf(path));
+  // A link and its target are one file and have one lock.
+  const std::string target = Resolved(path);
+  Status status = CreateFolders(FolderOf(target));
   if (!status.ok()) return status;
-  Descriptor fd = Open(path + ".lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK, kPrivateFile);
+  Descriptor fd = Open(target + ".lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK, kPrivateFile);
   if (!fd.ok()) return FromErrno(errno);
   for (int attempt = 0; attempt < kLockAttempts; ++attempt) {
     if (::flock(fd.get(), LOCK_EX | LOCK_NB) == 0) {

@@ -444,7 +444,9 @@ TEST_F(PosixFiles, AFileThatMayBeWrittenButNotReadIsNotReplaced) {
   EXPECT_EQ(InUnprivilegedChild(folder_.path(),
                                 [&] {
                                   ::chmod(path_.c_str(), 0200);
-                                  return Replace(path_, kNew);
+                                  std::string outcome = Replace(path_, kNew);
+                                  ::chmod(path_.c_str(), 0600);
+                                  return outcome;
                                 }),
             "no permission");
   EXPECT_EQ(BytesOf(path_), kOld);
