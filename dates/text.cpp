@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -235,27 +236,23 @@ double LeadingNumber(std::string_view text) {
   while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
   bool negative = false;
   if (i < text.size() && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
-  // Decimals are exact up to the fifteenth; what follows only tells that the number is larger.
-  constexpr double kLastScale = 1e15;
-  double value = 0;
-  double scale = 1;
-  bool fraction = false;
-  bool more = false;
+  const std::size_t begin = i;
+  bool point = false;
   for (; i < text.size(); ++i) {
-    const char c = text[i];
-    if (c == '.' && !fraction) {
-      fraction = true;
-    } else if (c < '0' || c > '9') {
+    if (text[i] == '.' && !point) {
+      point = true;
+    } else if (text[i] < '0' || text[i] > '9') {
       break;
-    } else if (fraction && scale >= kLastScale) {
-      more = more || c != '0';
-    } else {
-      value = std::min(value * 10 + (c - '0'), kNumberCap * kLastScale);
-      if (fraction) scale *= 10;
     }
   }
-  value /= scale;
-  if (more) value = std::nextafter(value, kNumberCap);
+  double value = 0;
+  const char* const digits = text.data() + begin;
+  const auto read = std::from_chars(digits, text.data() + i, value, std::chars_format::fixed);
+  if (read.ec == std::errc::result_out_of_range) {
+    // Too large, or so small that nothing is left of it.
+    const std::string_view whole(digits, std::find(digits, text.data() + i, '.'));
+    value = whole.find_first_not_of('0') == std::string_view::npos ? 0 : kNumberCap;
+  }
   value = std::min(value, kNumberCap);
   return negative ? -value : value;
 }

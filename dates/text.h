@@ -62,8 +62,8 @@ namespace tidewarden {
 
 // The number that a text begins with: blanks and tabs are skipped; then an optional sign and
 // decimal digits with at most one "."; reading stops at the first other character. There is
-// no exponent, no hexadecimal form and no grouping. 0 when nothing can be read. The value is
-// capped at ±1e18.
+// no exponent, no hexadecimal form and no grouping. 0 when nothing can be read. The value is the
+// double nearest to what is written, capped at ±1e18.
 [[nodiscard]] double LeadingNumber(std::string_view text);
 
 // The nearest whole number, halves to even ("0.5" gives 0, "1.5" and "2.5" give 2). `value`

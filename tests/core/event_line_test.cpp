@@ -301,7 +301,8 @@ TEST(ReadAdvance, RoundsWhatLiesBetween0And365) {
                                        {"1.2.3", 1},
                                        {"- 7", 0},
                                        {"99999999999999999999", -1},
-                                       {"365.00000000000000000001", -1}};
+                                       {"365.00000000000000000001", 365},
+                                       {"365.0000000001", -1}};
   for (const AdvanceCase& c : cases) {
     int days = -1;
     const bool read = ReadAdvance(c.text, days);
