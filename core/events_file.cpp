@@ -120,7 +120,9 @@ Status RewriteEventsFile(
     if (what != LineChange::kKeep) changed = true;
     if (what == LineChange::kRemove) return;
     if (what == LineChange::kDropLastCharacter && !line.empty()) line.remove_suffix(1);
-    content.append(line).append(kLineEnd);
+    content.append(line);
+    if (what == LineChange::kAppendHiddenMark) content += '*';
+    content.append(kLineEnd);
   };
   LineSplitter lines;
   lines.Take(body, copy);

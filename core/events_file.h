@@ -37,7 +37,7 @@ class EventLineVisitor {
 Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor);
 
 // What becomes of a line when the file is rewritten.
-enum class LineChange { kKeep, kRemove, kDropLastCharacter };
+enum class LineChange { kKeep, kRemove, kDropLastCharacter, kAppendHiddenMark };
 
 // Reads the file afresh, asks `change` for every raw line in order, and replaces the file. The
 // byte-order mark and the encoding stay. Nothing is written when no line changes, and after any

@@ -19,6 +19,9 @@ struct ProgramFolders {
   PathStyle style = PathStyle::kPosix;
 };
 
+// A file in a folder.
+[[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style);
+
 // A stored path as a full path.
 //
 // Windows: a text that begins with "\" gets the folder in front; one without any "\" or "/" gets

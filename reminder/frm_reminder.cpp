@@ -1,8 +1,16 @@
 #include "reminder/frm_reminder.h"
 
+#include <QApplication>
+#include <QCloseEvent>
 #include <QLabel>
 #include <QListView>
-#include <QVBoxLayout>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <algorithm>
 
 #include "reminder/frm_reminder_model.h"
 #include "reminder/reminder_session.h"
@@ -10,10 +18,35 @@
 namespace tidewarden {
 namespace {
 
-// 15 twips are one device-independent pixel.
-constexpr int kTwipsPerPixel = 15;
-constexpr int kWidthTwips = 4425;
-constexpr int kHeightTwips = 2025;
+constexpr int kMargin = 5;
+constexpr int kGap = 4;
+constexpr int kQuoteHeight = PixelsFromTwips(kQuoteReserve) - kGap;
+constexpr int kTrayButtonSize = 20;
+
+// Round and orange on every desktop, in the plain look as in the skinned one.
+constexpr char kTrayButtonSheet[] =
+    "QToolButton { background: #e06c00; border: 1px solid #8a4300; border-radius: 10px; }"
+    "QToolButton:hover { background: #f08020; }"
+    "QToolButton:pressed { background: #b45600; }"
+    "QToolButton:focus { border: 2px solid palette(text); }";
+
+QString ColourText(const std::optional<Colour>& colour, const char* role) {
+  if (!colour) return QStringLiteral("palette(%1)").arg(QLatin1String(role));
+  return QColor(colour->red, colour->green, colour->blue).name();
+}
+
+// A rule on the list itself, so that the user's colours win over a skin. A selected row has the
+// colours the other way round: whoever can read the list can read that too.
+QString ListSheet(const ListColours& colours) {
+  return QStringLiteral(
+             "QListView { color: %1; background-color: %2; selection-color: %2;"
+             " selection-background-color: %1; }")
+      .arg(ColourText(colours.text, "text"), ColourText(colours.background, "base"));
+}
+
+void SetSheet(QWidget* widget, const QString& sheet) {
+  if (widget->styleSheet() != sheet) widget->setStyleSheet(sheet);
+}
 
 }  // namespace
 
@@ -22,10 +55,20 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       session_(session),
       model_(new ListModel(session, this)),
       List1(new QListView(this)),
-      sknDate(new QLabel(this)) {
+      sknDate(new QLabel(this)),
+      cmdGoToEdit(new QPushButton(this)),
+      cmdTray(new QToolButton(this)),
+      txtDailyQuote(new QPlainTextEdit(this)),
+      tmrAlarm(new QTimer(this)),
+      mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
-  resize(kWidthTwips / kTwipsPerPixel, kHeightTwips / kTwipsPerPixel);
+  MakeControls();
+  MakeMenu();
+  Connect();
+  Render();
+}
 
+void frmReminder::MakeControls() {
   List1->setObjectName(QStringLiteral("List1"));
   List1->setAccessibleName(tr("Reminders"));
   List1->setModel(model_);
@@ -34,32 +77,301 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
   List1->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
   List1->setLayoutMode(QListView::Batched);
+  List1->setContextMenuPolicy(Qt::NoContextMenu);
+  List1->installEventFilter(this);
+  List1->viewport()->installEventFilter(this);
 
   sknDate->setObjectName(QStringLiteral("sknDate"));
   sknDate->setAccessibleName(tr("Today's date"));
   sknDate->setTextFormat(Qt::PlainText);
   sknDate->setAlignment(Qt::AlignCenter);
 
-  auto* const layout = new QVBoxLayout(this);
-  constexpr int kMargin = 4;
-  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  layout->setSpacing(kMargin);
-  layout->addWidget(List1);
-  layout->addWidget(sknDate);
+  cmdGoToEdit->setObjectName(QStringLiteral("cmdGoToEdit"));
+  cmdGoToEdit->setText(tr("&EDIT"));
+  cmdGoToEdit->setToolTip(tr("Open the Events Editor (Alt + E)"));
+  cmdGoToEdit->setAccessibleName(tr("Open the events editor"));
+
+  cmdTray->setObjectName(QStringLiteral("cmdTray"));
+  cmdTray->setToolTip(tr("Send to the tray"));
+  cmdTray->setAccessibleName(tr("Send to the tray"));
+  cmdTray->setFocusPolicy(Qt::TabFocus);
+  cmdTray->setStyleSheet(QLatin1String(kTrayButtonSheet));
+
+  txtDailyQuote->setObjectName(QStringLiteral("txtDailyQuote"));
+  txtDailyQuote->setAccessibleName(tr("Quote of the day"));
+  txtDailyQuote->hide();
+  txtDailyQuote->setReadOnly(true);
+  txtDailyQuote->setUndoRedoEnabled(false);
+  txtDailyQuote->setContextMenuPolicy(Qt::NoContextMenu);
+  txtDailyQuote->viewport()->installEventFilter(this);
+
+  tmrAlarm->setObjectName(QStringLiteral("tmrAlarm"));
+  tmrAlarm->setTimerType(Qt::PreciseTimer);
+
+  SetSheet(this, QString::fromStdString(session_.skin()));
 }
 
-bool frmReminder::Rebuild() {
-  const BuildOutcome outcome = session_.BuildReminderList();
+void frmReminder::MakeMenu() {
+  mnuPop->setObjectName(QStringLiteral("mnuPop"));
+  mnuPop->setAccessibleName(tr("Popup Menu"));
+  const auto item = [this](const char* name, const QString& text) {
+    QAction* const action = text.isEmpty() ? mnuPop->addSeparator() : mnuPop->addAction(text);
+    action->setObjectName(QLatin1String(name));
+    return action;
+  };
+  mnuHideThis = item("mnuHideThis", tr("Hide Until Next Occurrence"));
+  mnuLine0 = item("mnuLine0", {});
+  mnuEditEvent = item("mnuEditEvent", tr("Edit this Event"));
+  mnuDeleteEvent = item("mnuDeleteEvent", tr("Delete this Event"));
+  mnuLine1 = item("mnuLine1", {});
+  const std::array<QString, 5> sizes{tr("Smallest Text"), tr("Small Text"), tr("Medium Text"),
+                                     tr("Large Text"), tr("Largest Text")};
+  for (std::size_t i = 0; i < sizes.size(); ++i) {
+    mnuFontSize.at(i) = item("mnuFontSize", sizes.at(i));
+    mnuFontSize.at(i)->setObjectName(QStringLiteral("mnuFontSize%1").arg(i));
+    mnuFontSize.at(i)->setData(static_cast<int>(i));
+  }
+  mnuLine2 = item("mnuLine2", {});
+  mnuCancel = item("mnuCancel", tr("Cancel (Return to Reminders)"));
+}
+
+void frmReminder::Connect() {
+  connect(List1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+    const QModelIndexList selected = List1->selectionModel()->selectedIndexes();
+    session_.SelectRow(selected.isEmpty() ? ReminderSession::kNoRow : selected.first().row());
+  });
+  connect(cmdGoToEdit, &QPushButton::clicked, this, [this] { Apply(session_.GoToEdit(Here())); });
+  connect(cmdTray, &QToolButton::clicked, this, [this] { Apply(session_.SendToTray()); });
+  connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
+  connect(mnuHideThis, &QAction::triggered, this, [this] { Apply(session_.HideThis()); });
+  connect(mnuEditEvent, &QAction::triggered, this, [this] { Apply(session_.EditEvent(Here())); });
+  connect(mnuDeleteEvent, &QAction::triggered, this, [this] { Apply(session_.DeleteThis()); });
+  for (QAction* const size : mnuFontSize) {
+    connect(size, &QAction::triggered, this, [this, size] {
+      session_.SetTextSize(size->data().toInt());
+      Render();
+    });
+  }
+}
+
+void frmReminder::Start() {
+  Place();
+  if (session_.placement().maximized) setWindowState(Qt::WindowMaximized);
+  show();
+  QTimer::singleShot(session_.timerDelay(), Qt::PreciseTimer, this,
+                     [this] { tmrAlarm->start(session_.timerInterval()); });
+}
+
+void frmReminder::Return() {
+  Apply(session_.Restore());
+}
+
+void frmReminder::RestoreFromTray() {
+  Apply(session_.Restore());
+}
+
+void frmReminder::Apply(WindowChange change) {
+  switch (change) {
+    case WindowChange::kNone:
+      break;
+    case WindowChange::kPlace:
+      Place();
+      break;
+    case WindowChange::kMinimize:
+    case WindowChange::kShowMinimized:
+      showMinimized();
+      break;
+    case WindowChange::kHide:
+      hide();
+      break;
+    case WindowChange::kRestore:
+      setWindowState(session_.placement().maximized ? Qt::WindowMaximized : Qt::WindowNoState);
+      show();
+      raise();
+      activateWindow();
+      break;
+    case WindowChange::kPopUp:
+      PopUp();
+      break;
+    case WindowChange::kEnd:
+      tmrAlarm->stop();
+      hide();
+      Q_EMIT Ended();
+      return;
+  }
   Render();
-  return outcome == BuildOutcome::kShow;
+}
+
+void frmReminder::Place() {
+  const WindowArea& area = session_.placement().area;
+  move(PixelsFromTwips(area.left), PixelsFromTwips(area.top));
+  resize(PixelsFromTwips(area.width), PixelsFromTwips(area.height));
+}
+
+// Changing the flag hides the window, and some window managers place a window anew that comes
+// back.
+void frmReminder::PopUp() {
+  const QRect place = geometry();
+  setWindowFlag(Qt::WindowStaysOnTopHint);
+  setWindowState(Qt::WindowNoState);
+  setGeometry(place);
+  show();
+  raise();
+  activateWindow();
 }
 
 void frmReminder::Render() {
   // Qt would take "[*]" for its own mark of unsaved changes.
-  QString title = QString::fromStdString(session_.options().titlebarText);
+  QString title = QString::fromStdString(session_.caption());
   setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
-  model_->Rebuilt();
+  RenderList();
   sknDate->setText(QString::fromStdString(session_.dateLabel()));
+  sknDate->setVisible(session_.showsDateLabel());
+  LayOut();
+}
+
+void frmReminder::RenderList() {
+  if (builtRows_ != session_.builds()) {
+    builtRows_ = session_.builds();
+    const int top = List1->verticalScrollBar()->value();
+    model_->Rebuilt();
+    List1->verticalScrollBar()->setValue(top);
+  } else {
+    model_->TextsChanged();
+  }
+  SetSheet(List1, ListSheet(session_.listColours()));
+
+  const ListFont& chosen = session_.listFont();
+  QFont font(QString::fromStdString(chosen.name));
+  font.setBold(chosen.bold);
+  font.setItalic(chosen.italic);
+  constexpr int kDesignedSize = 8;
+  font.setPointSize(chosen.size > 0 ? chosen.size : kDesignedSize);
+  if (List1->font() != font) List1->setFont(font);
+  if (txtDailyQuote->font() != font) txtDailyQuote->setFont(font);
+}
+
+void frmReminder::LayOut() {
+  const int right = width() - kMargin;
+  const int rowHeight = std::max(cmdGoToEdit->sizeHint().height(), kTrayButtonSize);
+  int bottom = height() - kMargin;
+  if (!txtDailyQuote->isHidden()) {
+    // A low window keeps one row of the list.
+    const int oneRow = List1->fontMetrics().height() + 2 * List1->frameWidth();
+    const int room = bottom - kMargin - oneRow - kGap - rowHeight - kGap;
+    const int quoteHeight = std::clamp(room, 0, kQuoteHeight);
+    txtDailyQuote->setGeometry(kMargin, bottom - quoteHeight, right - kMargin, quoteHeight);
+    bottom -= quoteHeight + kGap;
+  }
+  const int rowTop = bottom - rowHeight;
+  const int editWidth = cmdGoToEdit->sizeHint().width();
+  cmdGoToEdit->setGeometry(right - editWidth, rowTop, editWidth, rowHeight);
+  const int trayLeft = right - editWidth - kGap - kTrayButtonSize;
+  cmdTray->setGeometry(trayLeft, rowTop + (rowHeight - kTrayButtonSize) / 2, kTrayButtonSize,
+                       kTrayButtonSize);
+  sknDate->setGeometry(kMargin, rowTop, trayLeft - kGap - kMargin, rowHeight);
+  List1->setGeometry(kMargin, kMargin, right - kMargin, rowTop - kGap - kMargin);
+}
+
+WindowState frmReminder::State() const {
+  if (isMinimized()) return WindowState::kMinimized;
+  return isMaximized() ? WindowState::kMaximized : WindowState::kNormal;
+}
+
+WindowPlacement frmReminder::Here() const {
+  return {State(),
+          {TwipsFromPixels(x()), TwipsFromPixels(y()), TwipsFromPixels(width()),
+           TwipsFromPixels(height())}};
+}
+
+void frmReminder::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  // The size and state that showing itself brings are not the user's.
+  if (!event->spontaneous()) {
+    QTimer::singleShot(0, this, [this] { session_.Shown(); });
+  }
+}
+
+void frmReminder::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  LayOut();
+  if (!session_.isShown()) return;
+  const QSize least(PixelsFromTwips(kLeastReminderWidth), PixelsFromTwips(session_.leastHeight()));
+  if (minimumSize() != least) setMinimumSize(least);
+}
+
+void frmReminder::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange) return;
+  // A window cannot hide itself while its state is being changed.
+  QMetaObject::invokeMethod(
+      this, [this] { Apply(session_.StateChanged(State())); }, Qt::QueuedConnection);
+}
+
+void frmReminder::mouseReleaseEvent(QMouseEvent* event) {
+  QWidget::mouseReleaseEvent(event);
+  // Controls that make nothing of a release pass it on.
+  if (childAt(event->position().toPoint()) == nullptr) session_.SurfaceReleased(Here());
+}
+
+void frmReminder::closeEvent(QCloseEvent* event) {
+  if (!session_.Close(State(), qGuiApp->isSavingSession())) {
+    event->ignore();
+    return;
+  }
+  event->accept();
+  tmrAlarm->stop();
+  Q_EMIT Ended();
+}
+
+bool frmReminder::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == List1->viewport() &&
+      (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)) {
+    return ListMouse(static_cast<QMouseEvent*>(event));
+  }
+  if (watched == List1 && event->type() == QEvent::KeyPress) {
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    const bool menuKey = key->key() == Qt::Key_Menu ||
+                         (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
+    if (!menuKey) return false;
+    const int row = session_.selectedRow();
+    const QRect place = List1->visualRect(model_->index(row, 0));
+    ShowMenu(row, List1->viewport()->mapToGlobal(place.bottomLeft()));
+    return true;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+// True when the list itself is not to see the event.
+bool frmReminder::ListMouse(QMouseEvent* event) {
+  const QModelIndex index = List1->indexAt(event->position().toPoint());
+  if (event->button() == Qt::RightButton) {
+    ShowMenu(index.isValid() ? index.row() : ReminderSession::kNoRow,
+             event->globalPosition().toPoint());
+    return true;
+  }
+  if (event->type() == QEvent::MouseButtonDblClick) {
+    if (event->button() == Qt::LeftButton) Apply(session_.DoubleClick(Here()));
+    return true;
+  }
+  // A click beside the rows leaves the selection as it is.
+  if (!index.isValid()) List1->setFocus(Qt::MouseFocusReason);
+  return !index.isValid();
+}
+
+void frmReminder::ShowMenu(int row, const QPoint& globalPosition) {
+  if (row == ReminderSession::kNoRow) {
+    List1->clearSelection();
+  } else {
+    List1->setCurrentIndex(model_->index(row, 0));
+  }
+  const PopupMenu menu = session_.OpenMenu(row);
+  mnuHideThis->setVisible(menu.mnuHideThis);
+  mnuLine0->setVisible(menu.mnuLine0);
+  mnuEditEvent->setVisible(menu.mnuEditEvent);
+  mnuDeleteEvent->setVisible(menu.mnuDeleteEvent);
+  mnuLine1->setVisible(menu.mnuLine1);
+  mnuPop->popup(globalPosition);
 }
 
 }  // namespace tidewarden

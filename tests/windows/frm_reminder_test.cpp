@@ -1,17 +1,22 @@
 // The reminder window, offscreen, with everything around it in memory.
 #include <QLabel>
 #include <QListView>
+#include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
+#include "dates/regional_text.h"
+#include "platform/memory/memory_notification_area.h"
 #include "platform/memory/memory_ports.h"
+#include "platform/memory/memory_reminder.h"
 #include "reminder/frm_reminder.h"
 #include "reminder/reminder_session.h"
-#include "tests/support/layouts.h"
 
 namespace tidewarden {
 namespace {
 
 constexpr char kPath[] = "/home/someone/dates.txt";
+const Screens kScreens{{0, 0, 28800, 16200}, {{0, 0, 28800, 16200}}, true};
 
 struct World {
   MemorySettingsStore settings;
@@ -19,12 +24,32 @@ struct World {
   MemoryClock clock;
   MemoryMessageBox messages;
   MemoryShiftKey shiftKey;
-  ReminderSession session{
-      {settings, files, clock, messages, shiftKey}, test::MonthFirst(), kPath, FileAccess::kUpdate};
+  PatternRegionalFormats formats{"MM/dd/yyyy"};
+  MemoryPreviousInstance instance;
+  MemoryNotificationArea area;
+  MemoryRandomNumbers random;
+  MemoryEditorWindow editor;
+  ReminderSession session{{settings,
+                           files,
+                           clock,
+                           messages,
+                           shiftKey,
+                           formats,
+                           instance,
+                           area,
+                           random,
+                           editor,
+                           {"/opt/tidewarden", "/home/someone/data"}}};
 
-  explicit World(const std::string& events) {
-    files.files[kPath] = events;
-    session.ReadTodayPreface();
+  explicit World(const std::string& events) { files.files[kPath] = events; }
+
+  bool Load() { return session.Load(kScreens, kPath) == WindowChange::kNone; }
+
+  // A tick on another day.
+  void TickOn(frmReminder& window, CivilDate day) {
+    clock.now.date = day;
+    QVERIFY(QMetaObject::invokeMethod(window.findChild<QTimer*>(QStringLiteral("tmrAlarm")),
+                                      "timeout"));
   }
 };
 
@@ -61,8 +86,8 @@ class FrmReminderTest : public QObject {
 
 void FrmReminderTest::showsTheListOfTheSession() {
   World world("12.25,Christmas,14,yearly\r\n12.22,Dentist 3:30pm,0,yearly\r\n");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   const QStringList expected{
       QStringLiteral("12/22/2014   <TODAY>"),
       QStringLiteral("12/22/2014 Today is DENTIST 3:30PM (1:05 to go)"),
@@ -73,27 +98,27 @@ void FrmReminderTest::showsTheListOfTheSession() {
 
 void FrmReminderTest::showsTodaysDateUnderTheList() {
   World world("");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QCOMPARE(Find<QLabel>(window, "sknDate")->text(), QStringLiteral("12/22/2014"));
 }
 
 void FrmReminderTest::takesItsCaptionFromTheSettings() {
   World world("");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QCOMPARE(window.windowTitle(), QStringLiteral("Your Tidewarden Upcoming Events"));
 
   QVERIFY(world.settings.Write("Options", "TitlebarText", "Ours [*] & <b>more</b>").ok());
-  QVERIFY(window.Rebuild());
+  window.RestoreFromTray();
   QVERIFY(!window.isWindowModified());
   QCOMPARE(window.windowTitle(), QStringLiteral("Ours [*][*] & <b>more</b>"));
 }
 
 void FrmReminderTest::showsMarkupAsItWasTyped() {
   World world("12.25,<b>x</b>,14,yearly\r\n");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QVERIFY(RowsOf(window).contains(QStringLiteral("12/25/2014 <b>x</b> (Thursday, 3 days)")));
   QCOMPARE(Find<QLabel>(window, "sknDate")->textFormat(), Qt::PlainText);
 }
@@ -103,8 +128,8 @@ void FrmReminderTest::listsManyRowsWithoutDelay() {
   for (int i = 0; i < 100'000; ++i)
     events += "12.25,Christmas " + std::to_string(i) + ",14,yearly\r\n";
   World world(events);
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   window.show();
   QVERIFY(QTest::qWaitForWindowExposed(&window));
   auto* const list = Find<QListView>(window, "List1");
@@ -115,17 +140,25 @@ void FrmReminderTest::listsManyRowsWithoutDelay() {
 }
 
 void FrmReminderTest::tellsWhenTheProgramIsToEnd() {
-  World world("06.01,Far away,7,yearly\r\n");
+  World world("12.25,Christmas,14,yearly\r\n");
   QVERIFY(world.settings.Write("Options", "ShowOnlyIfEventsInRange", "True").ok());
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(!window.Rebuild());
+  QSignalSpy ended(&window, &frmReminder::Ended);
+  window.Start();
   world.shiftKey.down = true;
-  QVERIFY(window.Rebuild());
-  QCOMPARE(RowsOf(window), QStringList{QStringLiteral("12/22/2014   <TODAY>")});
+  world.TickOn(window, MakeDate(2015, 1, 1));
+  QCOMPARE(ended.count(), 0);
+  QCOMPARE(RowsOf(window), QStringList{QStringLiteral("01/01/2015   <TODAY>")});
+  world.shiftKey.down = false;
+  world.TickOn(window, MakeDate(2015, 1, 2));
+  QCOMPARE(ended.count(), 1);
+  QVERIFY(!window.isVisible());
 }
 
 void FrmReminderTest::namesEveryControlForScreenReaders() {
   World world("");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
   for (const char* const name : {"List1", "sknDate"}) {
     QVERIFY2(!Find<QWidget>(window, name)->accessibleName().isEmpty(), name);
@@ -134,11 +167,10 @@ void FrmReminderTest::namesEveryControlForScreenReaders() {
 
 void FrmReminderTest::showsTheNewListAfterARebuild() {
   World world("12.25,Christmas,14,yearly\r\n");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QCOMPARE(RowsOf(window).size(), 2);
-  world.clock.now.date = MakeDate(2015, 1, 1);
-  QVERIFY(window.Rebuild());
+  world.TickOn(window, MakeDate(2015, 1, 1));
   QCOMPARE(RowsOf(window), QStringList{QStringLiteral("01/01/2015   <TODAY>")});
   QCOMPARE(Find<QLabel>(window, "sknDate")->text(), QStringLiteral("01/01/2015"));
 }

@@ -1,7 +1,7 @@
 // The settings that the list reads: their defaults, what is written back, and when they are read.
 #include <gmock/gmock.h>
 
-#include "tests/reminder/session_desk.h"
+#include "tests/reminder/builder_desk.h"
 
 namespace tidewarden::test {
 namespace {
@@ -52,7 +52,7 @@ TEST(ListSettings, OfAStoreThatCannotBeReadAreTheDefaults) {
   desk.Build();
   EXPECT_THAT(desk.List(), ElementsAre("12/22/2014   <TODAY>", "12/22/2014 Today is PARTY",
                                        "12/25/2014 Christmas (Thursday, 3 days)"));
-  EXPECT_EQ(desk.session().options().titlebarText, "Your Tidewarden Upcoming Events");
+  EXPECT_EQ(desk.builder().options().titlebarText, "Your Tidewarden Upcoming Events");
   EXPECT_EQ(desk.settings.writes, 0);
 }
 
@@ -95,10 +95,10 @@ TEST(WeekdaySetting, ShowsOnBothForTrueOnly) {
 TEST(Caption, IsTheSettingAsStoredAtEachBuild) {
   Desk desk("");
   desk.Build();
-  EXPECT_EQ(desk.session().options().titlebarText, "Your Tidewarden Upcoming Events");
+  EXPECT_EQ(desk.builder().options().titlebarText, "Your Tidewarden Upcoming Events");
   desk.Set("Options", "TitlebarText", "OUR Family [*] &c");
   desk.Build();
-  EXPECT_EQ(desk.session().options().titlebarText, "OUR Family [*] &c");
+  EXPECT_EQ(desk.builder().options().titlebarText, "OUR Family [*] &c");
 }
 
 TEST(Options, AreReadAtEachBuild) {
@@ -116,9 +116,11 @@ TEST(Preface, IsReadOnceAtTheStart) {
   desk.Set("Options", "PrefaceTodaysEventsWithTODAYis", "False");
   desk.Build();
   EXPECT_EQ(desk.List().back(), "12/22/2014 Today is PARTY");
-  desk.session().ReadTodayPreface();
-  desk.Build();
-  EXPECT_EQ(desk.List().back(), "12/22/2014PARTY");
+
+  Desk restarted("12.22,Party,0,yearly\n");
+  restarted.Set("Options", "PrefaceTodaysEventsWithTODAYis", "False");
+  restarted.Build();
+  EXPECT_EQ(restarted.List().back(), "12/22/2014PARTY");
 }
 
 TEST(AlarmOptions, AreTrueOrFalseOrANumberOrTheDefault) {
@@ -140,9 +142,9 @@ TEST(AlarmOptions, AreTrueOrFalseOrANumberOrTheDefault) {
     desk.Set("Options", "AlarmBeepEachMinute", value);
     desk.Set("Options", "DisableAlarms", value);
     desk.Build();
-    EXPECT_EQ(desk.session().options().alarmSound, sound);
-    EXPECT_EQ(desk.session().options().alarmBeepEachMinute, sound);
-    EXPECT_EQ(desk.session().options().disableAlarms, disable);
+    EXPECT_EQ(desk.builder().options().alarmSound, sound);
+    EXPECT_EQ(desk.builder().options().alarmBeepEachMinute, sound);
+    EXPECT_EQ(desk.builder().options().disableAlarms, disable);
   }
 }
 
@@ -158,7 +160,7 @@ TEST(NewDateOffset, IsAWholeNumber) {
     Desk desk("");
     desk.Set("Options", "NewDateOffset", value);
     desk.Build();
-    EXPECT_EQ(desk.session().options().newDateOffset, offset);
+    EXPECT_EQ(desk.builder().options().newDateOffset, offset);
   }
 }
 
@@ -193,11 +195,11 @@ TEST(DateLabel, IsTodayInTheUsersLayout) {
     desk.format = LayoutOf(shortDate);
     desk.SetNow(2014, 12, 2);
     desk.Build();
-    EXPECT_EQ(desk.session().dateLabel(), plain);
+    EXPECT_EQ(desk.builder().dateLabel(), plain);
     desk.Set("Options", "SpellOutReminderMonths", "True");
     desk.Set("Options", "ListTodayWithEvents", "False");
     desk.Build();
-    EXPECT_EQ(desk.session().dateLabel(), spelled);
+    EXPECT_EQ(desk.builder().dateLabel(), spelled);
   }
 }
 

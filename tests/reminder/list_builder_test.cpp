@@ -1,11 +1,11 @@
 // What surrounds the list: a missing or unreadable file, the end of the program when nothing is
 // in range, the clock, and what a build starts afresh.
-#include "reminder/reminder_session.h"
+#include "reminder/list_builder.h"
 
 #include <gmock/gmock.h>
 
 #include "dates/regional_text.h"
-#include "tests/reminder/session_desk.h"
+#include "tests/reminder/builder_desk.h"
 
 namespace tidewarden::test {
 namespace {
@@ -26,8 +26,8 @@ TEST(MissingFile, IsToldAndCreated) {
                                                "/home/ann/dates.txt file."));
   EXPECT_EQ(desk.file(), "");
   EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
-  EXPECT_EQ(desk.session().dateLabel(), "12/22/2014");
-  EXPECT_TRUE(desk.session().readStatus().ok());
+  EXPECT_EQ(desk.builder().dateLabel(), "12/22/2014");
+  EXPECT_TRUE(desk.builder().readStatus().ok());
 }
 
 TEST(MissingFile, IsToldOnce) {
@@ -51,7 +51,7 @@ TEST(MissingFile, IsLeftMissingByAReader) {
   Desk desk;
   desk.access = FileAccess::kReadOnly;
   EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
-  EXPECT_EQ(desk.session().readStatus().kind(), StatusKind::kNotFound);
+  EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotFound);
   EXPECT_EQ(desk.files.files.count(kEventsPath), 0);
   EXPECT_EQ(desk.FileChanges(), 0);
   EXPECT_THAT(desk.messages.shown, IsEmpty());
@@ -82,7 +82,7 @@ TEST_P(UnreadableFile, GivesNoEventsAndIsNotTouched) {
   desk.files.failures[kEventsPath] = GetParam();
   EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
   EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
-  EXPECT_EQ(desk.session().readStatus().kind(), GetParam());
+  EXPECT_EQ(desk.builder().readStatus().kind(), GetParam());
   EXPECT_EQ(desk.file(), "12.21,Gone,7,one2014\n");
   EXPECT_EQ(desk.FileChanges(), 0);
   EXPECT_THAT(desk.messages.shown, IsEmpty());
@@ -101,7 +101,7 @@ TEST_P(UnreadableFile, IsForgottenOnceItCanBeRead) {
   desk.Build();
   desk.files.failures.clear();
   desk.Build();
-  EXPECT_TRUE(desk.session().readStatus().ok());
+  EXPECT_TRUE(desk.builder().readStatus().ok());
   EXPECT_THAT(desk.Listed(),
               ElementsAre(kTodayRow, ExpectedRow{0, "12/24/2014 A (Wednesday, 2 days)"}));
 }
@@ -113,8 +113,8 @@ TEST_P(UnreadableFile, LeavesNothingOfTheListBefore) {
   desk.files.failures[kEventsPath] = GetParam();
   desk.Build();
   EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
-  EXPECT_FALSE(desk.session().anyEventsInRange());
-  EXPECT_FALSE(desk.session().alarms().hasAlarmsToday());
+  EXPECT_FALSE(desk.builder().anyEventsInRange());
+  EXPECT_FALSE(desk.builder().alarms().hasAlarmsToday());
 }
 
 INSTANTIATE_TEST_SUITE_P(Reasons, UnreadableFile,
@@ -130,7 +130,7 @@ TEST(UnreadableText, IsNotTouchedEither) {
       6);
   Desk desk(utf16);
   desk.Build();
-  EXPECT_EQ(desk.session().readStatus().kind(), StatusKind::kNotText);
+  EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotText);
   EXPECT_EQ(desk.file(), utf16);
   EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
 }
@@ -144,8 +144,8 @@ TEST(NothingInRange, EndsTheProgram) {
   const std::string before = desk.file();
   EXPECT_EQ(desk.Build(), BuildOutcome::kEnd);
   EXPECT_THAT(desk.List(), IsEmpty());
-  EXPECT_THAT(desk.session().ReminderLineMap(), IsEmpty());
-  EXPECT_THAT(desk.session().rows(), IsEmpty());
+  EXPECT_THAT(desk.builder().ReminderLineMap(), IsEmpty());
+  EXPECT_THAT(desk.builder().rows(), IsEmpty());
   EXPECT_EQ(desk.file(), before);
   EXPECT_EQ(desk.FileChanges(), 0);
   // No later step runs.
@@ -174,11 +174,11 @@ TEST(NothingInRange, ClearsTheAlarmsAndTheListBefore) {
   Desk desk("12.22,Dentist 15:30,0,yearly\n");
   desk.Set("Options", "ShowOnlyIfEventsInRange", "True");
   EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
-  EXPECT_TRUE(desk.session().alarms().hasAlarmsToday());
+  EXPECT_TRUE(desk.builder().alarms().hasAlarmsToday());
   desk.SetNow(2014, 12, 23);
   EXPECT_EQ(desk.Build(), BuildOutcome::kEnd);
   EXPECT_THAT(desk.List(), IsEmpty());
-  EXPECT_FALSE(desk.session().alarms().hasAlarmsToday());
+  EXPECT_FALSE(desk.builder().alarms().hasAlarmsToday());
 }
 
 TEST(InRange, IsAnyRowButTheTodayLine) {
@@ -212,7 +212,7 @@ TEST(InRange, IsAnyRowButTheTodayLine) {
     }
     Desk desk(file);
     desk.Build();
-    EXPECT_EQ(desk.session().anyEventsInRange(), inRange);
+    EXPECT_EQ(desk.builder().anyEventsInRange(), inRange);
   }
 }
 
@@ -243,28 +243,28 @@ TEST(Clock, IsReadOnceForEachBuild) {
 TEST(Rebuild, ForgetsTheListBefore) {
   Desk desk("12.22,Dentist 15:30,0,yearly\n12.22,Call 15:45,0,yearly\n");
   desk.Build();
-  EXPECT_EQ(desk.session().alarms().alarmCount(), 1);
+  EXPECT_EQ(desk.builder().alarms().alarmCount(), 1);
   desk.files.files[kEventsPath] = "12.22,Tea 16:00,0,yearly\n";
   desk.Build();
-  EXPECT_THAT(desk.session().alarms().alarmTitles(), ElementsAre("Tea 16:00"));
-  EXPECT_THAT(desk.session().alarms().alarmTimes(), ElementsAre(1600));
+  EXPECT_THAT(desk.builder().alarms().alarmTitles(), ElementsAre("Tea 16:00"));
+  EXPECT_THAT(desk.builder().alarms().alarmTimes(), ElementsAre(1600));
   EXPECT_THAT(desk.List(),
               ElementsAre("12/22/2014   <TODAY>", "12/22/2014 Today is TEA 16:00 (1:35 to go)"));
   desk.SetNow(2014, 12, 23);
   desk.Build();
-  EXPECT_EQ(desk.session().alarms().alarmCount(), -1);
+  EXPECT_EQ(desk.builder().alarms().alarmCount(), -1);
   EXPECT_THAT(desk.List(), ElementsAre("12/23/2014   <TODAY>"));
-  EXPECT_EQ(desk.session().dateLabel(), "12/23/2014");
+  EXPECT_EQ(desk.builder().dateLabel(), "12/23/2014");
 }
 
 TEST(Rebuild, ForgetsAFailureBefore) {
   Desk desk("12.21,Gone,7,one2014\n");
   desk.files.writeFailures[kEventsPath] = StatusKind::kNoSpace;
   desk.Build();
-  EXPECT_FALSE(desk.session().writeStatus().ok());
+  EXPECT_FALSE(desk.builder().writeStatus().ok());
   desk.files.files[kEventsPath] = "12.24,A,7,yearly\n";
   desk.Build();
-  EXPECT_TRUE(desk.session().writeStatus().ok());
+  EXPECT_TRUE(desk.builder().writeStatus().ok());
 }
 
 TEST(Rebuild, RunsTheCountdownOn) {
@@ -282,7 +282,7 @@ TEST(Rebuild, RunsTheCountdownOn) {
 TEST(AlarmsOfTheList, HaveTheTitleWithItsMarkerAppliedInItsOwnLetters) {
   Desk desk("12.22,<1788> Call Zoë 9:00,0,yearly\n12.22,Dentist 3:30pm,0,yearly\n");
   desk.Build();
-  const AlarmSchedule& alarms = desk.session().alarms();
+  const AlarmSchedule& alarms = desk.builder().alarms();
   EXPECT_THAT(alarms.alarmTitles(), ElementsAre("226th Call Zoë 9:00", "Dentist 3:30pm"));
   EXPECT_THAT(alarms.alarmTimes(), ElementsAre(900, 1530));
   EXPECT_THAT(alarms.alarmDates(), ElementsAre(On(2014, 12, 22), On(2014, 12, 22)));
@@ -300,7 +300,7 @@ TEST(AlarmsOfTheList, AreTodaysShownEventsOnly) {
       "12.22,No time,0,yearly\n"
       "12.22,Task today 9:00,7,tdo2014\n");
   desk.Build();
-  EXPECT_THAT(desk.session().alarms().alarmTitles(), ElementsAre("Task today 9:00"));
+  EXPECT_THAT(desk.builder().alarms().alarmTitles(), ElementsAre("Task today 9:00"));
 }
 
 // A countdown is not mistaken for a counter, whose rows are told by their ends.
@@ -325,7 +325,7 @@ TEST(Rows, TellWhatTheyShow) {
       "12.22,<1788> Dentist 3:30pm,0,yearly\n"
       "12.25,Christmas,14,yearly\n");
   desk.Build();
-  const auto& rows = desk.session().rows();
+  const auto& rows = desk.builder().rows();
   ASSERT_EQ(rows.size(), 5);
   const struct {
     RowKind kind;
@@ -374,7 +374,7 @@ TEST(NamesOfTheUsersLanguage, StandInTheRows) {
   EXPECT_THAT(desk.List(), ElementsAre("22 Dez 2014   <TODAY is Montag>",
                                        "25 Dez 2014 Weihnachten (Donnerstag, 3 days)",
                                        "01 Mär 2015 März (69 days)"));
-  EXPECT_EQ(desk.session().dateLabel(), "22 Dez 2014");
+  EXPECT_EQ(desk.builder().dateLabel(), "22 Dez 2014");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A reminder session with everything around it in memory.
+// A list builder with everything around it in memory.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/memory/memory_ports.h"
-#include "reminder/reminder_session.h"
+#include "reminder/list_builder.h"
 #include "tests/reminder/list_case.h"
 #include "tests/support/layouts.h"
 
@@ -27,7 +27,7 @@ class CountingClock : public MemoryClock {
   }
 };
 
-// The ports, and the session that works on them. The session is made when it is first asked for,
+// The ports, and the builder that works on them. The builder is made when it is first asked for,
 // so that a test can set everything before.
 class Desk {
  public:
@@ -51,32 +51,30 @@ class Desk {
     clock.now = {On(year, month, day), hour, minute, 0};
   }
 
-  ReminderSession& session() {
-    if (!session_) {
-      session_.emplace(ReminderPorts{settings, files, clock, messages, shiftKey}, format,
-                       kEventsPath, access);
-      session_->ReadTodayPreface();
+  ListBuilder& builder() {
+    if (!builder_) {
+      builder_.emplace(ListPorts{settings, files, clock, messages, shiftKey}, format, kEventsPath, ReadTodayPreface(settings));
     }
-    return *session_;
+    return *builder_;
   }
 
   BuildOutcome Build() {
     clock.readings = 0;
-    return session().BuildReminderList();
+    return builder().BuildReminderList(access);
   }
 
   // The list with its line numbers.
   [[nodiscard]] std::vector<ExpectedRow> Listed() {
     std::vector<ExpectedRow> rows;
-    for (std::size_t i = 0; i < session().List1().size(); ++i) {
-      rows.push_back({session().ReminderLineMap().at(i), std::string(session().List1()[i])});
+    for (std::size_t i = 0; i < builder().List1().size(); ++i) {
+      rows.push_back({builder().ReminderLineMap().at(i), std::string(builder().List1()[i])});
     }
     return rows;
   }
 
   // The list's texts.
   [[nodiscard]] std::vector<std::string> List() {
-    const auto& list = session().List1();
+    const auto& list = builder().List1();
     return {list.begin(), list.end()};
   }
 
@@ -88,7 +86,7 @@ class Desk {
   }
 
  private:
-  std::optional<ReminderSession> session_;
+  std::optional<ListBuilder> builder_;
 };
 
 }  // namespace tidewarden::test
