@@ -24,6 +24,24 @@ inline constexpr Setting kShowDateDifferencesInDaysOnly{"ShowDateDifferencesInDa
 // Left unset until the user chooses: events then show their weekday and the today line does not.
 inline constexpr Setting kShowDayOfWeek{"ShowDayOfWeek", ""};
 
+// The reminder window: place (the defaults of left and top depend on the screen), and looks.
+inline constexpr Setting kMaximized{"Settings/Maximized", "False"};
+inline constexpr Setting kLeft{"Settings/Left", ""};
+inline constexpr Setting kTop{"Settings/Top", ""};
+inline constexpr Setting kWidth{"Settings/Width", "4425"};
+inline constexpr Setting kHeight{"Settings/Height", "2025"};
+inline constexpr Setting kTimerInterval{"Settings/TimerInterval", "60000"};
+inline constexpr Setting kFontName{"Settings/FontName", "MS Sans Serif", kKeepCaps};
+inline constexpr Setting kFontBold{"Settings/FontBold", "False"};
+inline constexpr Setting kFontItalic{"Settings/FontItalic", "False"};
+inline constexpr Setting kFontSize{"Settings/FontSize", "8"};
+inline constexpr Setting kUseSkin{"UseSkin", "True"};
+inline constexpr Setting kReminderListColors{"ReminderListColors", "pale green"};
+inline constexpr Setting kShowTodaysDateBeneathReminders{"ShowTodaysDateBeneathReminders", "True"};
+
+// Set by the options program when it closes; looked at and removed at the next start.
+inline constexpr Setting kJustExited{"Customizer/JustExited", ""};
+
 // When the list is shown at all.
 inline constexpr Setting kShowOnlyIfEventsInRange{"ShowOnlyIfEventsInRange", "False"};
 inline constexpr Setting kNewDateOffset{"NewDateOffset", "0000"};
@@ -32,8 +50,18 @@ inline constexpr Setting kNewDateOffset{"NewDateOffset", "0000"};
 inline constexpr Setting kAlarmSound{"AlarmSound", "True"};
 inline constexpr Setting kAlarmBeepEachMinute{"AlarmBeepEachMinute", "True"};
 inline constexpr Setting kDisableAlarms{"DisableAlarms", "False"};
+// The default is in the program's folder.
+inline constexpr Setting kAlarmPath{"AlarmPath", ""};
+
+// The alarm window's place; the defaults of left and top depend on the screen.
+inline constexpr Setting kAlarmMaximized{"Alarm/Maximized", "False"};
+inline constexpr Setting kAlarmLeft{"Alarm/Left", ""};
+inline constexpr Setting kAlarmTop{"Alarm/Top", ""};
+inline constexpr Setting kAlarmWidth{"Alarm/Width", "4815"};
+inline constexpr Setting kAlarmHeight{"Alarm/Height", "2550"};
 
 // No longer used; removed from the store when found.
 inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};
+inline constexpr Setting kReminderListBackColor{"ReminderListBackColor", ""};
 
 }  // namespace tidewarden::settings
