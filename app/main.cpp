@@ -11,6 +11,7 @@
 #include "core/ini_settings_store.h"
 #include "platform/memory/memory_notification_area.h"
 #include "platform/memory/memory_reminder.h"
+#include "platform/memory/memory_sound.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/qt_screens.h"
@@ -54,8 +55,9 @@ class Desktop {
                                                : std::make_unique<IniSettingsStore>(
                                                      *files_, arguments.settings.toStdString())),
         instance_(MakePreviousInstance(*files_, arguments.settings.toStdString())),
+        alarms_({*settings_, *files_, sound_, Messages()}, SystemFolders()),
         session_({*settings_, *files_, clock_, Messages(), shiftKey_, *formats_, Instance(), Area(),
-                  random_, editor_, SystemFolders()}) {
+                  random_, editor_, alarms_, SystemFolders()}) {
     session_.Complain = Complain;
   }
 
@@ -113,6 +115,8 @@ class Desktop {
   MemoryNotificationArea noArea_;
   PseudoRandomNumbers random_;
   TextFileEditor editor_;
+  MemorySoundPlayer sound_;
+  AlarmSession alarms_;
   ReminderSession session_;
 };
 

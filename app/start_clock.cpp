@@ -3,10 +3,10 @@
 namespace tidewarden {
 namespace {
 
-constexpr int kSecondsOfDay = 24 * 60 * 60;
+constexpr int kMillisecondsOfDay = 24 * 60 * 60 * 1000;
 
-int SecondsOf(const LocalTime& time) {
-  return (time.hour * 60 + time.minute) * 60 + time.second;
+int MillisecondsOf(const LocalTime& time) {
+  return ((time.hour * 60 + time.minute) * 60 + time.second) * 1000 + time.millisecond;
 }
 
 }  // namespace
@@ -15,16 +15,17 @@ StartClock::StartClock(const Clock& system, std::optional<CivilDate> today, std:
     : system_(system),
       isOwn_(today || now),
       startDate_(today.value_or(system.Now().date)),
-      startSeconds_(now.value_or(SecondsOf(system.Now()))) {}
+      startMilliseconds_(now ? *now * 1000 : MillisecondsOf(system.Now())) {}
 
 LocalTime StartClock::Now() const {
   if (!isOwn_) return system_.Now();
-  const auto elapsed =
-      std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - started_);
-  const auto seconds = startSeconds_ + elapsed.count();
-  const int time = static_cast<int>(seconds % kSecondsOfDay);
-  return {AddDays(startDate_, static_cast<int>(seconds / kSecondsOfDay)), time / 3600,
-          time / 60 % 60, time % 60};
+  const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::steady_clock::now() - started_);
+  const auto since = startMilliseconds_ + elapsed.count();
+  const int time = static_cast<int>(since % kMillisecondsOfDay);
+  const int second = time / 1000;
+  return {AddDays(startDate_, static_cast<int>(since / kMillisecondsOfDay)), second / 3600,
+          second / 60 % 60, second % 60, time % 1000};
 }
 
 }  // namespace tidewarden

@@ -19,7 +19,7 @@ class StartClock : public Clock {
   const Clock& system_;
   bool isOwn_;
   CivilDate startDate_;
-  int startSeconds_;
+  int startMilliseconds_;
   std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
 };
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/status.h"
 
@@ -69,6 +70,10 @@ class FileSystem {
   // Takes the advisory lock of `path` (a file beside it that stays), creating the missing
   // folders; waits a few seconds at most, then kBusy. The system frees it when a process dies.
   virtual Status Lock(const std::string& path, std::unique_ptr<FileLock>& out) = 0;
+
+  // The names of what a folder holds, without "." and "..", in no particular order. On failure
+  // `names` is unchanged.
+  virtual Status ListFolder(const std::string& folder, std::vector<std::string>& names) = 0;
 
   // True when the user may create files in a folder that exists.
   [[nodiscard]] virtual bool CanCreateIn(const std::string& folder) = 0;

@@ -50,6 +50,15 @@ inline constexpr Setting kNewDateOffset{"NewDateOffset", "0000"};
 inline constexpr Setting kAlarmSound{"AlarmSound", "True"};
 inline constexpr Setting kAlarmBeepEachMinute{"AlarmBeepEachMinute", "True"};
 inline constexpr Setting kDisableAlarms{"DisableAlarms", "False"};
+// The default is in the program's folder.
+inline constexpr Setting kAlarmPath{"AlarmPath", ""};
+
+// The alarm window's place; the defaults of left and top depend on the screen.
+inline constexpr Setting kAlarmMaximized{"Alarm/Maximized", "False"};
+inline constexpr Setting kAlarmLeft{"Alarm/Left", ""};
+inline constexpr Setting kAlarmTop{"Alarm/Top", ""};
+inline constexpr Setting kAlarmWidth{"Alarm/Width", "4815"};
+inline constexpr Setting kAlarmHeight{"Alarm/Height", "2550"};
 
 // No longer used; removed from the store when found.
 inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};

@@ -19,9 +19,10 @@ using DayCount = std::chrono::sys_days;
 // A date and a time of day as a wall clock shows them.
 struct LocalTime {
   CivilDate date;
-  int hour = 0;    // 0 to 23
-  int minute = 0;  // 0 to 59
-  int second = 0;  // 0 to 59
+  int hour = 0;         // 0 to 23
+  int minute = 0;       // 0 to 59
+  int second = 0;       // 0 to 59
+  int millisecond = 0;  // 0 to 999
 
   // The time of day as the whole number hhmm, 0 to 2359.
   [[nodiscard]] constexpr int FourDigit() const { return hour * 100 + minute; }

@@ -60,6 +60,7 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       cmdTray(new QToolButton(this)),
       txtDailyQuote(new QPlainTextEdit(this)),
       tmrAlarm(new QTimer(this)),
+      tmrMinute(new QTimer(this)),
       mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
   MakeControls();
@@ -107,6 +108,9 @@ void frmReminder::MakeControls() {
 
   tmrAlarm->setObjectName(QStringLiteral("tmrAlarm"));
   tmrAlarm->setTimerType(Qt::PreciseTimer);
+  tmrMinute->setObjectName(QStringLiteral("tmrMinute"));
+  tmrMinute->setTimerType(Qt::PreciseTimer);
+  tmrMinute->setSingleShot(true);
 
   SetSheet(this, QString::fromStdString(session_.skin()));
 }
@@ -143,6 +147,10 @@ void frmReminder::Connect() {
   connect(cmdGoToEdit, &QPushButton::clicked, this, [this] { Apply(session_.GoToEdit(Here())); });
   connect(cmdTray, &QToolButton::clicked, this, [this] { Apply(session_.SendToTray()); });
   connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
+  connect(tmrMinute, &QTimer::timeout, this, [this] {
+    Apply(session_.Tick(State()));
+    tmrMinute->start(session_.untilNextMinute());
+  });
   connect(mnuHideThis, &QAction::triggered, this, [this] { Apply(session_.HideThis()); });
   connect(mnuEditEvent, &QAction::triggered, this, [this] { Apply(session_.EditEvent(Here())); });
   connect(mnuDeleteEvent, &QAction::triggered, this, [this] { Apply(session_.DeleteThis()); });
@@ -160,6 +168,7 @@ void frmReminder::Start() {
   show();
   QTimer::singleShot(session_.timerDelay(), Qt::PreciseTimer, this,
                      [this] { tmrAlarm->start(session_.timerInterval()); });
+  tmrMinute->start(session_.untilNextMinute());
 }
 
 void frmReminder::Return() {
@@ -194,12 +203,17 @@ void frmReminder::Apply(WindowChange change) {
       PopUp();
       break;
     case WindowChange::kEnd:
-      tmrAlarm->stop();
+      StopTimers();
       hide();
       Q_EMIT Ended();
       return;
   }
   Render();
+}
+
+void frmReminder::StopTimers() {
+  tmrAlarm->stop();
+  tmrMinute->stop();
 }
 
 void frmReminder::Place() {
@@ -315,12 +329,13 @@ void frmReminder::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void frmReminder::closeEvent(QCloseEvent* event) {
-  if (!session_.Close(State(), qGuiApp->isSavingSession())) {
+  const bool loggingOut = qGuiApp->isSavingSession();
+  if (!session_.Close(State(), loggingOut ? CloseReason::kLoginSessionEnds : CloseReason::kUser)) {
     event->ignore();
     return;
   }
   event->accept();
-  tmrAlarm->stop();
+  StopTimers();
   Q_EMIT Ended();
 }
 

@@ -58,6 +58,7 @@ class frmReminder : public QWidget {
   void RenderList();
   void LayOut();
   void Apply(WindowChange change);
+  void StopTimers();
   void Place();
   void PopUp();
   void ShowMenu(int row, const QPoint& globalPosition);
@@ -75,6 +76,7 @@ class frmReminder : public QWidget {
   QToolButton* cmdTray;
   QPlainTextEdit* txtDailyQuote;
   QTimer* tmrAlarm;
+  QTimer* tmrMinute;  // ticks just after each full minute
 
   QMenu* mnuPop;
   QAction* mnuHideThis;

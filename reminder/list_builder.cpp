@@ -25,6 +25,7 @@ ListBuilder::ListBuilder(ListPorts ports, RegionalDateFormat format, std::string
 BuildOutcome ListBuilder::BuildReminderList(FileAccess access) {
   // One reading of the clock, so that a build across midnight agrees with itself.
   const LocalTime now = ports_.clock.Now();
+  builtAt_ = now;
   List1_.clear();
   ReminderLineMap_.clear();
   list_ = ReminderList();

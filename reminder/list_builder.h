@@ -65,6 +65,13 @@ class ListBuilder {
 
   [[nodiscard]] const ListOptions& options() const { return options_; }
   [[nodiscard]] const AlarmSchedule& alarms() const { return alarms_; }
+
+  // When the list was built.
+  [[nodiscard]] const LocalTime& builtAt() const { return builtAt_; }
+
+  // For the alarms' ticks, which change the countdowns in the rows.
+  [[nodiscard]] AlarmSchedule& alarms() { return alarms_; }
+  [[nodiscard]] std::vector<std::string_view>& List1() { return List1_; }
   [[nodiscard]] const std::string& EventsFilePath() const { return EventsFilePath_; }
   [[nodiscard]] bool anyEventsInRange() const { return list_.anyEventsInRange; }
 
@@ -86,6 +93,7 @@ class ListBuilder {
   ListOptions options_;
   ReminderList list_;
   AlarmSchedule alarms_;
+  LocalTime builtAt_;
   std::vector<std::string_view> List1_;
   std::vector<long> ReminderLineMap_;
   std::string dateLabel_;

@@ -124,10 +124,12 @@ int ReminderSession::timerDelay() const {
 
 WindowChange ReminderSession::Rebuild() {
   const Busy busy(isBusy_);
+  const Busy building(isBuilding_);
   const FileAccess access = ports_.editor.IsLoaded() ? FileAccess::kShared : FileAccess::kUpdate;
   const BuildOutcome outcome = builder_->BuildReminderList(access);
   ++builds_;
   selectedRow_ = kNoRow;
+  ports_.alarms.ListBuilt(builder_->alarms(), builder_->builtAt());
   TellFileProblems();
   if (outcome == BuildOutcome::kEnd) {
     tIcon_.Visible(false);
@@ -146,7 +148,21 @@ void ReminderSession::TellFileProblems() {
   }
 }
 
+int ReminderSession::untilNextMinute() const {
+  return ports_.alarms.MillisecondsToNextTick(ports_.clock.Now());
+}
+
 WindowChange ReminderSession::Tick(WindowState window) {
+  // An alarm whose minute comes while a list is being built rings in the next tick.
+  if (!isBuilding_) {
+    const ListOptions& options = builder_->options();
+    const AlarmTick tick =
+        ports_.alarms.Tick(builder_->alarms(), builder_->List1(),
+                           {options.alarmSound, options.alarmBeepEachMinute, options.disableAlarms},
+                           ports_.clock.Now());
+    if (tick.showsMessages && ShowAlarm) ShowAlarm();
+    if (!tick.checksForNewDay) return WindowChange::kNone;
+  }
   if (inTray_ && !ports_.area.IsAvailable()) {
     inTray_ = false;
     const WindowChange change = CheckForNewDay(WindowState::kMinimized);
@@ -210,7 +226,9 @@ WindowChange ReminderSession::Restore() {
   return WindowChange::kRestore;
 }
 
-bool ReminderSession::Close(WindowState /*window*/, bool /*sessionEnds*/) {
+bool ReminderSession::Close(WindowState window, CloseReason reason) {
+  if (inTray_) window = WindowState::kMinimized;
+  if (!ports_.alarms.MayClose(builder_->alarms(), ports_.clock.Now(), window, reason)) return false;
   if (ports_.editor.IsLoaded()) ports_.editor.Unload();
   tIcon_.Visible(false);
   ports_.instance.Release();

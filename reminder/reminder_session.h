@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "alarm/alarm_session.h"
 #include "alarm/tray_icon.h"
 #include "core/clock.h"
 #include "core/events_path.h"
@@ -42,6 +43,7 @@ struct ReminderPorts {
   NotificationArea& area;
   RandomNumbers& random;
   EditorWindow& editor;
+  AlarmSession& alarms;
   ProgramFolders folders;
 };
 
@@ -101,8 +103,10 @@ class ReminderSession {
   [[nodiscard]] int timerInterval() const { return timerInterval_; }
   [[nodiscard]] int timerDelay() const;
 
-  // A tick of the timer.
+  // A tick of the timer, and of the second one that sees to it that no minute goes by without a
+  // tick: how long that is to wait, in milliseconds.
   [[nodiscard]] WindowChange Tick(WindowState window);
+  [[nodiscard]] int untilNextMinute() const;
 
   // --- The window itself.
   // The window has become normal, minimized or maximized.
@@ -117,9 +121,8 @@ class ReminderSession {
   // A click on the icon in the notification area, and the editor's return.
   [[nodiscard]] WindowChange Restore();
 
-  // The window is about to close. False when it is to stay open. With `sessionEnds`, when the
-  // user logs out, nothing is asked.
-  [[nodiscard]] bool Close(WindowState window, bool sessionEnds);
+  // The window is about to close. False when it is to stay open, for the sake of an alarm.
+  [[nodiscard]] bool Close(WindowState window, CloseReason reason);
 
   // --- The list. `row` is a row of List1 or kNoRow.
   void SelectRow(int row) { selectedRow_ = row; }
@@ -143,6 +146,9 @@ class ReminderSession {
   [[nodiscard]] const ListBuilder& builder() const { return *builder_; }
   [[nodiscard]] const std::string& EventsFilePath() const { return builder_->EventsFilePath(); }
   [[nodiscard]] TrayIcon& tIcon() { return tIcon_; }
+
+  // Called when an alarm has gone off: show the alarm window with its messages.
+  std::function<void()> ShowAlarm;
 
   // Called with each thing that is wrong with the events file and that no message box tells.
   std::function<void(const std::string& text)> Complain;
@@ -179,7 +185,8 @@ class ReminderSession {
   bool startMaximized_ = false;
   bool inTray_ = false;
   bool behindEditor_ = false;
-  bool isBusy_ = false;  // while a list is built or the file changed: nothing else may do so
+  bool isBusy_ = false;      // while a list is built or the file changed: nothing else may do so
+  bool isBuilding_ = false;  // while a list is built
 
   ListFont listFont_;
   ListColours listColours_;

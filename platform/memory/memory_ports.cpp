@@ -1,6 +1,7 @@
 #include "platform/memory/memory_ports.h"
 
 #include <algorithm>
+#include <set>
 
 #include "dates/text.h"
 
@@ -80,6 +81,24 @@ Status MemoryFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>
   calls.push_back("lock " + path);
   out = std::make_unique<MemoryLock>();
   return {};
+}
+
+Status MemoryFileSystem::ListFolder(const std::string& folder, std::vector<std::string>& names) {
+  calls.push_back("list " + folder);
+  Status status = Failure(failures, folder);
+  if (!status.ok()) return status;
+  std::string prefix = folder == "." ? std::string() : folder;
+  if (!prefix.empty() && !prefix.ends_with('/')) prefix += '/';
+  std::set<std::string> entries;
+  for (const auto& [path, content] : files) {
+    if (!path.starts_with(prefix)) continue;
+    const std::string entry =
+        path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size());
+    if (!entry.empty()) entries.insert(entry);
+  }
+  if (entries.empty()) return Status(StatusKind::kNotFound);
+  names.assign(entries.begin(), entries.end());
+  return status;
 }
 
 bool MemoryFileSystem::CanCreateIn(const std::string& folder) {

@@ -1,5 +1,6 @@
 #include "platform/posix/posix_file_system.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -361,6 +362,21 @@ Status PosixFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>&
     Pause();
   }
   return Status(StatusKind::kBusy);
+}
+
+Status PosixFileSystem::ListFolder(const std::string& folder, std::vector<std::string>& names) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), &::closedir);
+  if (!open) return FromErrno(errno);
+  std::vector<std::string> found;
+  errno = 0;
+  while (const dirent* entry = ::readdir(open.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") found.emplace_back(name);
+    errno = 0;
+  }
+  if (errno != 0) return FromErrno(errno);
+  names = std::move(found);
+  return {};
 }
 
 bool PosixFileSystem::CanCreateIn(const std::string& folder) {

@@ -13,6 +13,7 @@ class PosixFileSystem : public FileSystem {
   Status Stage(const std::string& path, std::string_view content,
                std::unique_ptr<StagedFile>& out) override;
   Status Lock(const std::string& path, std::unique_ptr<FileLock>& out) override;
+  Status ListFolder(const std::string& folder, std::vector<std::string>& names) override;
   [[nodiscard]] bool CanCreateIn(const std::string& folder) override;
 };
 

@@ -18,11 +18,12 @@ namespace {
 class PosixClock : public Clock {
  public:
   [[nodiscard]] LocalTime Now() const override {
-    const std::time_t now = std::time(nullptr);
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
     std::tm tm{};
-    ::localtime_r(&now, &tm);
+    ::localtime_r(&now.tv_sec, &tm);
     return {MakeDate(tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday), tm.tm_hour, tm.tm_min,
-            tm.tm_sec < 60 ? tm.tm_sec : 59};
+            tm.tm_sec < 60 ? tm.tm_sec : 59, static_cast<int>(now.tv_nsec / 1'000'000)};
   }
 };
 

@@ -9,6 +9,7 @@
 #include "platform/memory/memory_notification_area.h"
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
+#include "platform/memory/memory_sound.h"
 #include "reminder/frm_reminder.h"
 #include "reminder/reminder_session.h"
 
@@ -29,6 +30,9 @@ struct World {
   MemoryNotificationArea area;
   MemoryRandomNumbers random;
   MemoryEditorWindow editor;
+  MemorySoundPlayer sound;
+  ProgramFolders folders{"/opt/tidewarden", "/home/someone/data", PathStyle::kPosix};
+  AlarmSession alarms{{settings, files, sound, messages}, folders};
   ReminderSession session{{settings,
                            files,
                            clock,
