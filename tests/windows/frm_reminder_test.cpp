@@ -33,17 +33,8 @@ struct World {
   MemorySoundPlayer sound;
   ProgramFolders folders{"/opt/tidewarden", "/home/someone/data", PathStyle::kPosix};
   AlarmSession alarms{{settings, files, sound, messages}, folders};
-  ReminderSession session{{settings,
-                           files,
-                           clock,
-                           messages,
-                           shiftKey,
-                           formats,
-                           instance,
-                           area,
-                           random,
-                           editor,
-                           {"/opt/tidewarden", "/home/someone/data"}}};
+  ReminderSession session{ReminderPorts{settings, files, clock, messages, shiftKey, formats,
+                                        instance, area, random, editor, alarms, folders}};
 
   explicit World(const std::string& events) { files.files[kPath] = events; }
 
