@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <array>
 #include <cstdio>
 
 #include "dates/regional_text.h"
@@ -9,6 +10,20 @@
 
 namespace tidewarden {
 namespace {
+
+struct Option {
+  const char* name;
+  const char* description;
+  const char* value;
+};
+
+constexpr std::array<Option, 6> kOptions{
+    {{"file", "The events file; else the one in the settings.", "path"},
+     {"settings", "A settings file in place of your own; created when missing.", "path"},
+     {"today", "Start on this day; the clock runs on from there.", "YYYY-MM-DD"},
+     {"now", "Start at this time of day; the clock runs on from there.", "HH:MM[:SS]"},
+     {"short-date", "Write dates like this, for example dd.MM.yyyy.", "pattern"},
+     {"grab", "Write a picture of the reminder window and end.", "FILE.png"}}};
 
 // "HH:MM" or "HH:MM:SS" as seconds since midnight.
 std::optional<int> ReadSeconds(std::string_view text) {
@@ -30,23 +45,34 @@ void Complain(const std::string& text) {
   static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
 }
 
-std::optional<ExitCode> ReadArguments(const QCoreApplication& app, Arguments& out) {
+std::optional<ExitCode> ReadArguments(Arguments& out) {
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Tidewarden shows what is coming."));
   parser.addHelpOption();
   parser.addVersionOption();
-  const auto option = [&](const char* name, const char* description, const char* value) {
-    parser.addOption(
-        {QString::fromLatin1(name), QString::fromLatin1(description), QString::fromLatin1(value)});
-  };
-  option("file", "The events file; else the one in the settings.", "path");
-  option("settings", "A settings file in place of your own.", "path");
-  option("today", "Start on this day; the clock runs on from there.", "YYYY-MM-DD");
-  option("now", "Start at this time of day; the clock runs on from there.", "HH:MM[:SS]");
-  option("short-date", "Write dates like this, for example dd.MM.yyyy.", "pattern");
-  option("grab", "Write a picture of the reminder window and end.", "FILE.png");
-  parser.process(app);
+  for (const Option& option : kOptions) {
+    parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.description),
+                      QString::fromLatin1(option.value)});
+  }
+  if (!parser.parse(QCoreApplication::arguments())) {
+    Complain(parser.errorText().toStdString() + "; --help tells what there is");
+    return kUsage;
+  }
+  if (parser.isSet(QStringLiteral("help"))) parser.showHelp(kDone);
+  if (parser.isSet(QStringLiteral("version"))) parser.showVersion();
+  if (!parser.positionalArguments().isEmpty()) {
+    Complain("\"" + parser.positionalArguments().constFirst().toStdString() +
+             "\" is not an option; an events file is named by --file");
+    return kUsage;
+  }
   const auto value = [&](const char* name) { return parser.value(QString::fromLatin1(name)); };
+  for (const Option& option : kOptions) {
+    // An empty text is more likely a slip in a script than an option left out on purpose.
+    if (parser.isSet(QString::fromLatin1(option.name)) && value(option.name).isEmpty()) {
+      Complain(std::string("--") + option.name + " must not be empty");
+      return kUsage;
+    }
+  }
   out.file = value("file");
   out.settings = value("settings");
   out.shortDate = value("short-date");

@@ -7,8 +7,6 @@
 
 #include "dates/civil.h"
 
-class QCoreApplication;
-
 namespace tidewarden {
 
 enum ExitCode { kDone = 0, kUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
@@ -22,9 +20,9 @@ struct Arguments {
   std::optional<int> now;  // seconds since midnight
 };
 
-// Reads the command line; an exit code, after a message, when something is wrong with it.
-// --help and --version end the program here.
-[[nodiscard]] std::optional<ExitCode> ReadArguments(const QCoreApplication& app, Arguments& out);
+// Reads the command line of the running application; an exit code, after a message, when
+// something is wrong with it. --help and --version end the program here.
+[[nodiscard]] std::optional<ExitCode> ReadArguments(Arguments& out);
 
 // A line on standard error, with the program's name in front.
 void Complain(const std::string& text);

@@ -1,5 +1,6 @@
 // tidewarden: the desktop program.
 #include <QApplication>
+#include <QBuffer>
 #include <QDesktopServices>
 #include <QIcon>
 #include <QPixmap>
@@ -62,6 +63,7 @@ class Desktop {
   }
 
   int Run() {
+    if (const auto code = LookAtSettings()) return *code;
     if (session_.Load(DesktopScreens(), arguments_.file.toStdString()) == WindowChange::kEnd) {
       return kDone;
     }
@@ -92,10 +94,30 @@ class Desktop {
     return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : area_;
   }
 
+  // A settings file that was asked for must be readable; without the user's own the program runs
+  // with defaults and says so.
+  std::optional<ExitCode> LookAtSettings() {
+    std::string anyValue;
+    const Status status = settings_->Read("Settings", "Path", anyValue);
+    if (status.ok()) return std::nullopt;
+    if (!arguments_.settings.isEmpty()) {
+      Complain(arguments_.settings.toStdString() + ": " + DescribeStatus(status));
+      return kCannotRead;
+    }
+    Complain("your settings cannot be read, so the defaults are used: " + DescribeStatus(status));
+    return std::nullopt;
+  }
+
+  // The picture shows the user's events, so it is for the user alone, like every file made here.
   int Grab(frmReminder& window) {
     window.Start();
     QApplication::processEvents();
-    if (window.grab().save(arguments_.grab)) return kDone;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (window.grab().save(&buffer, "PNG") &&
+        ReplaceFile(*files_, arguments_.grab.toStdString(), bytes.toStdString()).ok()) {
+      return kDone;
+    }
     Complain(arguments_.grab.toStdString() + ": the picture cannot be written");
     return kCannotWrite;
   }
@@ -125,13 +147,13 @@ class Desktop {
 int main(int argc, char** argv) {
   // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
-  QApplication app(argc, argv);
+  const QApplication app(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));
   // The reminder window may be in the notification area while another one closes.
   QApplication::setQuitOnLastWindowClosed(false);
   Arguments arguments;
-  if (const auto code = ReadArguments(app, arguments)) return *code;
+  if (const auto code = ReadArguments(arguments)) return *code;
   return Desktop(arguments).Run();
 }

@@ -106,8 +106,21 @@ class Checker : public EventLineVisitor {
     }
   }
 
+  // The date as it is meant: whatever stands between month and day is the same to every reader.
+  static std::string DateKey(const EventRecord& event) {
+    const DateField& field = event.dateField;
+    if (field.isFeast || field.month == DateField::kNotADate || field.day == DateField::kNotADate) {
+      return ToLower(event.EventDateAsStored);
+    }
+    std::string key;
+    AppendNumber(key, field.month);
+    key += '.';
+    AppendNumber(key, field.day);
+    return key;
+  }
+
   void LookForDuplicate(const EventRecord& event, std::size_t number) {
-    std::string key = ToLower(event.EventDateAsStored);
+    std::string key = DateKey(event);
     key.append(",").append(ToLower(Trim(event.EventTitle))).append(",").append(event.EventOccurs);
     const auto [earlier, isNew] = seen_.emplace(std::move(key), number);
     if (isNew) return;

@@ -118,7 +118,10 @@ std::string Resolved(std::string path) {
 
 Status CreateFolders(const std::string& folder) {
   struct stat present {};
-  if (::stat(folder.c_str(), &present) == 0) return {};
+  if (::stat(folder.c_str(), &present) == 0) {
+    return S_ISDIR(present.st_mode) ? Status() : Status(StatusKind::kNotAFolder);
+  }
+  if (errno == ENOTDIR) return Status(StatusKind::kNotAFolder);
   if (errno != ENOENT) return FromErrno(errno);
   const std::string parent = FolderOf(folder);
   if (parent != folder) {

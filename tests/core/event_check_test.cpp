@@ -189,6 +189,8 @@ TEST(EventCheck, ASecondLineWithTheSameDateTitleAndRuleIsADuplicate) {
       {"12.25,Christmas,14,yearly", "12.25,Christmas,7,yearly", true},
       {"12.25,Christmas,14,yearly", "12.25,Christmas,14,yearly*", true},
       {"12.25,Christmas,14,yearly", "12.25,Christmas,14, Yearly", true},
+      {"12.25,Christmas,14,yearly", "12-25,Christmas,14,yearly", true},
+      {"02.30,Never,14,yearly", "1a.05,Never,14,yearly", false},
       {"_estr,Easter,14,yearly", "_ESTR,Easter,14,yearly", true},
       {"06.01,Goal,x,dp-2001", "06.01,Goal,y,dp-2001", true},
       {"12.25,Christmas,14,yearly", "12.26,Christmas,14,yearly", false},

@@ -9,7 +9,7 @@ namespace tidewarden {
 namespace {
 
 constexpr StatusKind kFailures[] = {
-    StatusKind::kNotFound, StatusKind::kNoPermission, StatusKind::kIsFolder, StatusKind::kNotAFile,
+    StatusKind::kNotFound, StatusKind::kNoPermission, StatusKind::kIsFolder, StatusKind::kNotAFile, StatusKind::kNotAFolder,
     StatusKind::kNotText,  StatusKind::kNoSpace,      StatusKind::kBusy,     StatusKind::kReadOnly,
     StatusKind::kTooLarge, StatusKind::kInputOutput};
 

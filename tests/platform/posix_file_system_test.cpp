@@ -56,6 +56,8 @@ std::string Word(const Status& status) {
       return "folder";
     case StatusKind::kNotAFile:
       return "not a file";
+    case StatusKind::kNotAFolder:
+      return "not a folder";
     case StatusKind::kNotText:
       return "not text";
     case StatusKind::kNoSpace:
@@ -265,7 +267,8 @@ TEST_F(PosixFiles, CreatingHarmsNothingThatIsThere) {
   EXPECT_EQ(BytesOf(path_), kOld);
   EXPECT_EQ(ModeOf(path_), 0644);
   EXPECT_EQ(Word(files_.CreateEmpty(folder_.path())), "folder");
-  EXPECT_FALSE(files_.CreateEmpty(path_ + "/below").ok());
+  EXPECT_EQ(Word(files_.CreateEmpty(path_ + "/below")), "not a folder");
+  EXPECT_EQ(Word(files_.CreateEmpty(path_ + "/below/below")), "not a folder");
   const std::string fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   EXPECT_EQ(InChild([&] { return Word(files_.CreateEmpty(fifo)); }), "not a file");
