@@ -33,7 +33,7 @@ class Pass {
     lines_.Finish([&](std::string_view line) {
       // A file of nothing but a byte-order mark has no line.
       const bool onlyMark = number_ == 0 && line == kByteOrderMark;
-      if (!onlyMark || encoding_ != TextEncoding::kUtf8) Line(line, openLineIsAscii_);
+      if (!onlyMark) Line(line, openLineIsAscii_);
     });
   }
 
@@ -51,11 +51,14 @@ class Pass {
     }
   }
 
+  [[nodiscard]] std::string_view WithoutMark(std::string_view line) const {
+    const bool marked = number_ == 0 && line.starts_with(kByteOrderMark);
+    return line.substr(marked ? kByteOrderMark.size() : 0);
+  }
+
   void Utf8Line(std::string_view line) {
     if (isOtherEncoding_) return;
-    if (number_ == 0 && line.starts_with(kByteOrderMark)) {
-      line.remove_prefix(kByteOrderMark.size());
-    }
+    line = WithoutMark(line);
     isOtherEncoding_ = !IsValidUtf8(line);
     if (!isOtherEncoding_) visitor_.Visit(number_++, line, line);
   }
@@ -64,6 +67,8 @@ class Pass {
     if (number_ == 0) isMarkedAsUtf16_ = StartsAsUtf16(line);
     isUtf16_ = isUtf16_ || (isMarkedAsUtf16_ && line.find('\0') != std::string_view::npos);
     if (isUtf16_) return;
+    // One wrong byte further down does not make text of a mark that an editor has left.
+    line = WithoutMark(line);
     const std::string text = DecodeWindows1252(line);
     visitor_.Visit(number_++, line, text);
   }
@@ -108,8 +113,7 @@ Status RewriteEventsFile(
   std::string_view body = present;
   std::string content;
   content.reserve(present.size() + kLineEnd.size());
-  const bool marked = body.starts_with(kByteOrderMark) && IsValidUtf8(body);
-  if (marked) {
+  if (body.starts_with(kByteOrderMark)) {
     body.remove_prefix(kByteOrderMark.size());
     content += kByteOrderMark;
   }

@@ -2,8 +2,9 @@
 // stays byte for byte.
 //
 // A line is ended by CR LF, LF or a lone CR; a last line without an end counts. Lines are
-// numbered from 0, rejected and blank ones included. A byte-order mark is not part of the first
-// line. Rewritten files end every line in CR LF.
+// numbered from 0, rejected and blank ones included. A UTF-8 byte-order mark is not part of the
+// first line, even where other bytes make the file Windows-1252. Rewritten files end every line in
+// CR LF.
 #pragma once
 
 #include <cstddef>

@@ -48,7 +48,8 @@ std::string LocateEventsFile(SettingsStore& settings, FileSystem& files,
     stored += kEnding;
     modGetSetSaveSet::Save(settings, settings::kPath, stored);
   }
-  return ResolveEventsPath(stored, folder, folders.style);
+  const bool isWindows = folders.style == PathStyle::kWindows;
+  return ResolveEventsPath(stored, isWindows ? folders.program : folder, folders.style);
 }
 
 }  // namespace tidewarden

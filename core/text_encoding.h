@@ -14,7 +14,8 @@ enum class TextEncoding { kUtf8, kWindows1252 };
 
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// The encoding of a file's bytes. A byte-order mark is valid UTF-8 like any other character.
+// The encoding of a file's bytes. A byte-order mark is valid UTF-8 like any other character, and
+// does not make UTF-8 of a file whose other bytes are not.
 [[nodiscard]] TextEncoding DetectEncoding(std::string_view bytes);
 
 // True for bytes that begin with a UTF-16 byte-order mark.

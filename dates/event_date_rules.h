@@ -13,9 +13,9 @@
 
 namespace tidewarden {
 
-// The nth (ordinal 1 to 4) or last (0) weekday (Sunday = 1 to Saturday = 7) of a month, or the
-// month's last day (-1, the weekday is not looked at). Nothing for a weekday outside 1 to 7 or
-// a month outside 1 to 12.
+// The nth (ordinal 1 or more) or last (0) weekday (Sunday = 1 to Saturday = 7) of a month, or the
+// month's last day (-1, the weekday is not looked at). Nothing when the month has no such day, and
+// for a weekday outside 1 to 7 or a month outside 1 to 12.
 [[nodiscard]] std::optional<CivilDate> NthWeekdayDate(int month, int year, int weekday,
                                                       int ordinal);
 

@@ -62,7 +62,7 @@ struct Content {
 Content ContentOf(std::string_view bytes) {
   Content content;
   content.encoding = DetectEncoding(bytes);
-  content.marked = content.encoding == TextEncoding::kUtf8 && bytes.starts_with(kByteOrderMark);
+  content.marked = bytes.starts_with(kByteOrderMark);
   content.lines = LinesOf(bytes.substr(content.marked ? kByteOrderMark.size() : 0));
   return content;
 }

@@ -124,6 +124,15 @@ TEST(EventCheck, LinesAreCountedFromOneBlankOnesIncluded) {
   EXPECT_EQ(findings[2].kind, FindingKind::kNeverComes);
 }
 
+TEST(EventCheck, AByteOrderMarkIsNoPartOfTheFirstLineInEitherEncoding) {
+  for (const std::string title : {"N\xC3\xA9o", "N\xE9o"}) {
+    EXPECT_THAT(Check("\xEF\xBB\xBF"
+                      "12.25,Christmas,14,yearly\r\n12.24," +
+                      title + ",7,yearly\r\n"),
+                IsEmpty());
+  }
+}
+
 TEST(EventCheck, ColumnsCountCharactersInEitherEncoding) {
   for (const std::string title : {"N\xC3\xB6\xC3\xABl", "N\xF6\xEBl"}) {
     const auto findings = Check("06.01," + title + ",400,yearly\r\n");

@@ -92,6 +92,23 @@ const std::vector<FileCase>& FileCases() {
        "N\xC3\xB6l\r\na\r\n\xFF",
        {"N\xC3\xB6l", "a", "\xFF"},
        {"N\xC3\x83\xC2\xB6l", "a", "\xC3\xBF"}},
+      {"a mark and a stray byte",
+       "\xEF\xBB\xBF"
+       "a\r\nN\xE9o\r\n",
+       {"a", "N\xE9o"},
+       {"a", "N\xC3\xA9o"}},
+      {"a mark and a stray byte in its line",
+       "\xEF\xBB\xBFN\xE9o\r\n\xEF\xBB\xBF",
+       {"N\xE9o", "\xEF\xBB\xBF"},
+       {"N\xC3\xA9o", "\xC3\xAF\xC2\xBB\xC2\xBF"}},
+      {"two marks and a stray byte",
+       "\xEF\xBB\xBF\xEF\xBB\xBF\xE9\n",
+       {"\xEF\xBB\xBF\xE9"},
+       {"\xC3\xAF\xC2\xBB\xC2\xBF\xC3\xA9"}},
+      {"a mark of UTF-16 behind the mark is text",
+       "\xEF\xBB\xBF\xFF\xFE\0\n"s,
+       {"\xFF\xFE\0"s},
+       {"\xC3\xBF\xC3\xBE\0"s}},
       {"NUL is text", "a\0b\r\n"s, {"a\0b"s}, {"a\0b"s}},
   };
   return cases;
@@ -241,6 +258,13 @@ TEST(RewriteEventsFile, ChangesOnlyTheLinesItIsToldTo) {
        "\xEF\xBB\xBF"
        "b\r\n"},
       {"mark stays when everything goes", "\xEF\xBB\xBF-a\r\n", "\xEF\xBB\xBF"},
+      {"mark stays in Windows-1252",
+       "\xEF\xBB\xBF"
+       "a*\r\nN\xE9o\r\n-b\r\n",
+       "\xEF\xBB\xBF"
+       "a\r\nN\xE9o\r\n"},
+      {"mark stays in Windows-1252 when its line goes", "\xEF\xBB\xBF-a\r\nN\xE9o\r\n",
+       "\xEF\xBB\xBFN\xE9o\r\n"},
       {"UTF-8 stays", "N\xC3\xB6l\r\n-b\r\n", "N\xC3\xB6l\r\n"},
       {"Windows-1252 stays", "N\xF6l \x81\x8D\x8F\x90\x9D\x80\r\n-b\r\nc*\r\n",
        "N\xF6l \x81\x8D\x8F\x90\x9D\x80\r\nc\r\n"},
@@ -263,7 +287,7 @@ TEST(RewriteEventsFile, WritesNothingWhenNoLineChanges) {
   for (const std::string bytes : {"", "a", "a\n", "a\r\nb\r\n", "a\rb\n\n",
                                   "\xEF\xBB\xBF"
                                   "a\r\n",
-                                  "\xEF\xBB\xBF", "N\xF6l\n"}) {
+                                  "\xEF\xBB\xBF", "N\xF6l\n", "\xEF\xBB\xBFN\xF6l\n"}) {
     SCOPED_TRACE(testing::PrintToString(bytes));
     MemoryFileSystem files;
     files.files[kPath] = bytes;

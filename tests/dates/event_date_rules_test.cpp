@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "tests/dates/data_rows.h"
@@ -67,6 +68,20 @@ TEST(NthWeekdayDateTest, CountsFromTheFirstOfTheMonthOrBackFromTheLast) {
   EXPECT_EQ(Text(NthWeekdayDate(2, 2015, 7, 0)), "2015-02-28");
   EXPECT_EQ(Text(NthWeekdayDate(10, 2015, 6, 0)), "2015-10-30");
   EXPECT_EQ(Text(NthWeekdayDate(2, 2016, 2, 0)), "2016-02-29");
+}
+
+TEST(NthWeekdayDateTest, AFifthWeekdayIsThereInSomeMonthsOnly) {
+  EXPECT_EQ(Text(NthWeekdayDate(3, 2015, 1, 5)), "2015-03-29");
+  EXPECT_EQ(Text(NthWeekdayDate(1, 2015, 5, 5)), "2015-01-29");
+  EXPECT_EQ(Text(NthWeekdayDate(1, 2015, 7, 5)), "2015-01-31");
+  EXPECT_EQ(Text(NthWeekdayDate(2, 2016, 2, 5)), "2016-02-29");
+  EXPECT_EQ(Text(NthWeekdayDate(2, 2016, 3, 5)), "-");
+  EXPECT_EQ(Text(NthWeekdayDate(3, 2015, 4, 5)), "-");
+  for (int weekday = 1; weekday <= 7; ++weekday) {
+    EXPECT_EQ(Text(NthWeekdayDate(2, 2015, weekday, 5)), "-") << weekday;
+    EXPECT_EQ(Text(NthWeekdayDate(3, 2015, weekday, 6)), "-") << weekday;
+    EXPECT_EQ(Text(NthWeekdayDate(3, 2015, weekday, std::numeric_limits<int>::max())), "-");
+  }
 }
 
 TEST(NthWeekdayDateTest, TheLastDayNeedsNoWeekday) {
