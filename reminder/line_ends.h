@@ -27,7 +27,7 @@ inline constexpr std::size_t kMostPackedOccurs = kWord;
   return (0x80U | static_cast<std::uint64_t>(occursLength)) << 56U;
 }
 
-[[nodiscard]] constexpr std::size_t LengthOfOccurs(const PackedFields& fields) {
+[[nodiscard]] constexpr std::size_t LengthOfOccurs(PackedFields fields) {
   return fields.date >> 56U & 0x7FU;
 }
 

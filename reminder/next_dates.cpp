@@ -44,7 +44,7 @@ const NextDate& NextDates::Find(const EventLineParts& parts) {
       PackedFields{Packed(parts.date) | PackedLength(parts.occurs.size()), Packed(parts.occurs)});
 }
 
-const NextDate& NextDates::FindElsewhere(const PackedFields& fields) {
+const NextDate& NextDates::FindElsewhere(PackedFields fields) {
   std::uint16_t number = Search(fields);
   if (number == 0) {
     if (entries_.size() > kMostEntries) Forget();
@@ -61,7 +61,7 @@ const NextDate& NextDates::FindElsewhere(const PackedFields& fields) {
   return entries_[number].answer;
 }
 
-std::uint16_t& NextDates::Search(const PackedFields& fields) {
+std::uint16_t& NextDates::Search(PackedFields fields) {
   std::size_t place = PlaceOf(fields);
   while (index_[place] != 0 && entries_[index_[place]].fields != fields) {
     place = (place + 1) & mask_;

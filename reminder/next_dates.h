@@ -46,7 +46,7 @@ class NextDates {
   [[nodiscard]] const NextDate& Find(const EventLineParts& parts);
 
   // The same for packed fields.
-  [[nodiscard]] const NextDate& Find(const PackedFields& fields) {
+  [[nodiscard]] const NextDate& Find(PackedFields fields) {
     const Entry& entry = entries_[index_[PlaceOf(fields)]];
     return entry.fields == fields ? entry.answer : FindElsewhere(fields);
   }
@@ -59,15 +59,15 @@ class NextDates {
 
   // Where the search for fields begins: Fibonacci hashing (Knuth, The Art of Computer
   // Programming, volume 3, section 6.4).
-  [[nodiscard]] std::size_t PlaceOf(const PackedFields& fields) const {
+  [[nodiscard]] std::size_t PlaceOf(PackedFields fields) const {
     constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
     const std::uint64_t mixed = (fields.date * kGoldenRatio ^ fields.occurs) * kGoldenRatio;
     return static_cast<std::size_t>(mixed >> 40U) & mask_;
   }
 
-  [[nodiscard]] const NextDate& FindElsewhere(const PackedFields& fields);
+  [[nodiscard]] const NextDate& FindElsewhere(PackedFields fields);
   [[nodiscard]] NextDate Ask(const EventLineParts& parts) const;
-  [[nodiscard]] std::uint16_t& Search(const PackedFields& fields);
+  [[nodiscard]] std::uint16_t& Search(PackedFields fields);
   void Grow();
   void Forget();
 

@@ -15,7 +15,7 @@ namespace {
 
 // Rows are sorted by words: at first by the day and the time, then among equals by the first eight
 // bytes of the text, then by the next eight, and so on up to this many words of text.
-constexpr std::size_t kTextWords = 3;
+constexpr std::size_t kTextWords = 2;
 
 // A row with the word that is being looked at, so that sorting moves and touches little.
 struct Item {
@@ -86,19 +86,19 @@ void SortMany(Item* first, Item* last, Item* spare) {
   for (const Item* item = first; item != last; ++item) {
     for (std::size_t digit = 0; digit < kWord; ++digit) ++counts[digit][digitOf(*item, digit)];
   }
-  Item* from = first;
-  Item* to = spare;
+  Item* source = first;
+  Item* target = spare;
   for (std::size_t digit = 0; digit < kWord; ++digit) {
     auto& places = counts[digit];
-    if (places[digitOf(*from, digit)] == size) continue;
+    if (places[digitOf(*source, digit)] == size) continue;
     std::uint32_t place = 0;
     for (std::uint32_t& count : places) place += std::exchange(count, place);
-    for (const Item* item = from; item != from + size; ++item) {
-      to[places[digitOf(*item, digit)]++] = *item;
+    for (const Item* item = source; item != source + size; ++item) {
+      target[places[digitOf(*item, digit)]++] = *item;
     }
-    std::swap(from, to);
+    std::swap(source, target);
   }
-  if (from != first) std::copy(from, from + size, first);
+  if (source != first) std::copy_n(source, size, first);
 }
 
 class Sorter {
