@@ -76,17 +76,16 @@ std::array<std::uint64_t, kTextWords> TextWords(const ReminderRow& row) {
 // A radix sort from the least significant byte on (Knuth, The Art of Computer Programming, volume
 // 3, section 5.2.5), which keeps the order of equal items. Bytes that are the same in all items
 // are passed over. `spare` has room for as many items.
-void SortMany(Item* first, Item* last, Item* spare) {
+void SortMany(Item* items, std::size_t size, Item* spare) {
   constexpr std::size_t kValues = 256;
   const auto digitOf = [](const Item& item, std::size_t digit) {
     return static_cast<std::size_t>(item.word >> (8 * digit) & 0xFFU);
   };
-  const auto size = static_cast<std::size_t>(last - first);
   std::array<std::array<std::uint32_t, kValues>, kWord> counts{};
-  for (const Item* item = first; item != last; ++item) {
+  for (const Item* item = items; item != items + size; ++item) {
     for (std::size_t digit = 0; digit < kWord; ++digit) ++counts[digit][digitOf(*item, digit)];
   }
-  Item* source = first;
+  Item* source = items;
   Item* target = spare;
   for (std::size_t digit = 0; digit < kWord; ++digit) {
     auto& places = counts[digit];
@@ -98,7 +97,7 @@ void SortMany(Item* first, Item* last, Item* spare) {
     }
     std::swap(source, target);
   }
-  if (source != first) std::copy_n(source, size, first);
+  if (source != items) std::copy_n(source, size, items);
 }
 
 class Sorter {
@@ -122,12 +121,13 @@ class Sorter {
   // Sorts items by their words. Their texts are known to be equal up to text word `level`.
   void SortByWord(Item* first, Item* last, std::size_t level) {
     // Counting the values of a byte pays for many items only.
-    constexpr std::ptrdiff_t kMany = 256;
-    if (last - first < kMany) {
+    constexpr std::size_t kMany = 256;
+    const auto size = static_cast<std::size_t>(last - first);
+    if (size < kMany) {
       std::sort(first, last);
     } else {
-      spare_.resize(std::max(spare_.size(), static_cast<std::size_t>(last - first)));
-      SortMany(first, last, spare_.data());
+      spare_.resize(std::max(spare_.size(), size));
+      SortMany(first, size, spare_.data());
     }
     while (first != last) {
       Item* const end =
