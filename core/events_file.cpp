@@ -20,12 +20,11 @@ class Pass {
   bool Take(std::string_view piece) {
     // A piece of pure ASCII settles its lines at once; the others are looked at one by one.
     const bool pieceIsAscii = IsAscii(piece);
-    bool startsHere = false;
+    openLineIsAscii_ = openLineIsAscii_ && pieceIsAscii;
     lines_.Take(piece, [&](std::string_view line) {
-      Line(line, pieceIsAscii && (startsHere || openLineIsAscii_));
-      startsHere = true;
+      Line(line, openLineIsAscii_);
+      openLineIsAscii_ = pieceIsAscii;
     });
-    openLineIsAscii_ = pieceIsAscii && (startsHere || openLineIsAscii_);
     return !isUtf16_ && !isOtherEncoding_;
   }
 
@@ -77,7 +76,7 @@ class Pass {
   EventLineVisitor& visitor_;
   LineSplitter lines_;
   long number_ = 0;
-  bool openLineIsAscii_ = true;  // what has come of the line that the last piece left open
+  bool openLineIsAscii_ = true;  // what has come of the line that is not yet at its end
   bool isMarkedAsUtf16_ = false;
   bool isUtf16_ = false;
   bool isOtherEncoding_ = false;
