@@ -1,6 +1,7 @@
 // Yearly and one-time dates and counters, on every day of four centuries.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,10 @@ struct KeptKind {
   const char* name;
   const char* head;
   std::vector<int> otherYears;  // two
+
+  friend std::ostream& operator<<(std::ostream& out, const KeptKind& kind) {
+    return out << kind.name;
+  }
 };
 
 long long CountEqualKeptDays(PageSpan days, const MonthDayField& date, int year,

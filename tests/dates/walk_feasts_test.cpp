@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,10 @@ struct Offsets {
   const char* name;
   int first;
   int last;
+
+  friend std::ostream& operator<<(std::ostream& out, const Offsets& offsets) {
+    return out << offsets.name;
+  }
 };
 
 class FourCenturiesEasterTest : public testing::TestWithParam<Offsets> {};

@@ -1,6 +1,7 @@
 // Quarters and intervals of days, on every day of four centuries.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -56,7 +57,8 @@ TEST_P(FourCenturiesQuarterTest, EveryDay) {
 }
 
 // Every month, and "xx".
-INSTANTIATE_TEST_SUITE_P(Month, FourCenturiesQuarterTest, testing::Range(0, 13));
+INSTANTIATE_TEST_SUITE_P(Month, FourCenturiesQuarterTest, testing::Range(0, 13),
+                         testing::PrintToStringParamName());
 
 struct Start {
   const char* name;
@@ -64,6 +66,10 @@ struct Start {
   int day;
   int year;
   int nextInterval;  // the step from one interval that is looked at to the next
+
+  friend std::ostream& operator<<(std::ostream& out, const Start& start) {
+    return out << start.name;
+  }
 };
 
 class FourCenturiesIntervalTest : public testing::TestWithParam<Start> {};

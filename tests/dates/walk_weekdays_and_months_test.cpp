@@ -1,7 +1,6 @@
 // Weekdays of a month and days of every month, on every day of four centuries.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -67,7 +66,8 @@ TEST_P(FourCenturiesByMonthTest, EveryOrdinalWeekdayOfOneMonth) {
   EXPECT_EQ(compared, 36 * kWalkDays);
 }
 
-INSTANTIATE_TEST_SUITE_P(Month, FourCenturiesByMonthTest, testing::Range(1, 13));
+INSTANTIATE_TEST_SUITE_P(Month, FourCenturiesByMonthTest, testing::Range(1, 13),
+                         testing::PrintToStringParamName());
 
 // The wildcard decides, whatever the occurs field says.
 TEST(FourCenturiesTest, EveryDayOfTheMonthMonthly) {
