@@ -9,18 +9,10 @@
 namespace tidewarden::cli {
 namespace {
 
-// Events that have one date in all their life.
-// Feasts fall each year whatever year is named.
-bool HasOneDate(const EventRecord& event) {
-  const OccursKind kind = event.occurs.kind;
-  const bool named = kind == OccursKind::kOneTime || kind == OccursKind::kTilDone;
-  return event.occurs.IsCounter() || (named && !event.dateField.isFeast);
-}
-
 // The dates from `today` on, `count` at most. A yearly 29 February skips the common years.
 std::vector<CivilDate> NextDates(const EventRecord& event, CivilDate today, int count) {
   std::vector<CivilDate> dates;
-  if (HasOneDate(event)) {
+  if (HasOneDate(event.dateField, event.occurs)) {
     const auto date = NextOccurrence(event.dateField, event.occurs, today);
     if (date && (*date >= today || event.occurs.kind != OccursKind::kOneTime)) {
       dates.push_back(*date);

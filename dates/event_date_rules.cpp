@@ -135,6 +135,10 @@ bool IsMovedOn(const Occurs& occurs) {
          !occurs.IsCounter();
 }
 
+bool HasOneDate(const DateField& field, const Occurs& occurs) {
+  return occurs.IsCounter() || (!IsMovedOn(occurs) && !field.isFeast);
+}
+
 std::optional<CivilDate> NextOccurrence(const DateField& field, const Occurs& occurs,
                                         CivilDate today) {
   const auto date = EventDateByRule(field, occurs, today);

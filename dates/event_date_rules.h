@@ -59,6 +59,11 @@ namespace tidewarden {
 // counters.
 [[nodiscard]] bool IsMovedOn(const Occurs& occurs);
 
+// True for the events that have one date in all their life, gone or to come: counters, and
+// one-time and til-done events, unless they are feasts. A feast falls each year, whatever year
+// the occurs field names. An "xx" makes no difference.
+[[nodiscard]] bool HasOneDate(const DateField& field, const Occurs& occurs);
+
 // The first occurrence on or after `today`: EventDateByRule, moved on when it has passed.
 // One-time and til-done events and counters are never moved; their date may lie in the past.
 [[nodiscard]] std::optional<CivilDate> NextOccurrence(const DateField& field, const Occurs& occurs,

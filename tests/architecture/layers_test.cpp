@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/source_folder.h"
+
 namespace tidewarden {
 namespace {
 
@@ -54,10 +56,6 @@ struct Include {
   bool quoted = false;
 };
 
-fs::path Root() {
-  return TIDEWARDEN_SOURCE_DIR;
-}
-
 std::string ReadAll(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
   std::ostringstream out;
@@ -91,8 +89,8 @@ std::vector<fs::path> SourceFiles() {
   std::vector<fs::path> files;
   for (const char* const top :
        {"dates", "core", "reminder", "editor", "alarm", "platform", "app", "cli"}) {
-    if (!fs::exists(Root() / top)) continue;
-    for (const auto& entry : fs::recursive_directory_iterator(Root() / top)) {
+    if (!fs::exists(test::SourceFolder() / top)) continue;
+    for (const auto& entry : fs::recursive_directory_iterator(test::SourceFolder() / top)) {
       const std::string extension = entry.path().extension().string();
       if (extension == ".cpp" || extension == ".h") files.push_back(entry.path());
     }
@@ -102,7 +100,7 @@ std::vector<fs::path> SourceFiles() {
 }
 
 std::string Relative(const fs::path& path) {
-  return path.lexically_relative(Root()).generic_string();
+  return path.lexically_relative(test::SourceFolder()).generic_string();
 }
 
 // Why an include is not allowed; empty when it is.
@@ -160,7 +158,7 @@ TEST(Layers, TheEngineAsksNoSystemAndNoClock) {
 }
 
 TEST(Layers, TheDocumentShowsEveryLayer) {
-  const std::string document = ReadAll(Root() / "docs" / "architecture.md");
+  const std::string document = ReadAll(test::SourceFolder() / "docs" / "architecture.md");
   ASSERT_FALSE(document.empty());
   for (const auto& [layer, mayUse] : kMayUse) {
     const std::string shown = layer == "windows" ? "frm_*" : layer + "/";

@@ -238,6 +238,33 @@ TEST(IsMovedOnTest, IsTrueForWhatRepeats) {
 }
 
 // The limits that the header names.
+bool OneDate(const std::string& stored, const std::string& occurs) {
+  const EventFields e = Fields(stored, occurs);
+  return HasOneDate(e.field, e.occurs);
+}
+
+TEST(HasOneDateTest, IsTrueForCountersAndForNamedYears) {
+  for (const char* occurs : {"one2014", "tdo2014", "dp-2001", "df-2030"}) {
+    EXPECT_TRUE(OneDate("12.25", occurs)) << occurs;
+    EXPECT_TRUE(OneDate("xx.15", occurs)) << occurs;
+  }
+  for (const char* occurs :
+       {"yearly", "quarter", "monthly", "14-2014", "20~2014", "3rd mon", "las sun", "las day"}) {
+    EXPECT_FALSE(OneDate("12.25", occurs)) << occurs;
+    EXPECT_FALSE(OneDate("xx.xx", occurs)) << occurs;
+  }
+}
+
+TEST(HasOneDateTest, IsFalseForFeastsUnlessTheyAreCounted) {
+  for (const char* feast : {"_estr", "e+039", "_rosh", "_vict"}) {
+    for (const char* occurs : {"yearly", "one2014", "tdo2014", "14-2014"}) {
+      EXPECT_FALSE(OneDate(feast, occurs)) << feast << "," << occurs;
+    }
+    EXPECT_TRUE(OneDate(feast, "dp-2001")) << feast;
+    EXPECT_TRUE(OneDate(feast, "df-2030")) << feast;
+  }
+}
+
 TEST(NextOccurrenceTest, WorksOnTheFirstAndTheLastDayOfItsRange) {
   for (const CivilDate today : {On(1, 1, 1), On(9998, 12, 31)}) {
     SCOPED_TRACE(TextOf(today));

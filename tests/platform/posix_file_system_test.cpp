@@ -22,7 +22,8 @@
 #include <thread>
 #include <vector>
 
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidewarden {
 namespace {
@@ -742,14 +743,18 @@ bool MountTinyDisk(const std::string& folder) {
          ::mount("tidewarden", folder.c_str(), "tmpfs", 0, "size=64k,mode=0777") == 0;
 }
 
+// The same, or a limit on the size of files where nothing can be mounted. The result is the outcome
+// of a save that does not fit.
+std::string RunOutOfSpace(const std::string& folder) {
+  if (MountTinyDisk(folder)) return "no space";
+  std::fprintf(stderr, "NO DISK CAN BE MOUNTED HERE: a limit on the file's size stands in.\n");
+  LimitFileSize(32'768);
+  return "too large";
+}
+
 TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAndNothingElse) {
   const std::string answer = InChild([&]() -> std::string {
-    std::string expected = "no space";
-    if (!MountTinyDisk(folder_.path())) {
-      std::fprintf(stderr, "NO DISK CAN BE MOUNTED HERE: a limit on the file's size stands in.\n");
-      LimitFileSize(32'768);
-      expected = "too large";
-    }
+    const std::string expected = RunOutOfSpace(folder_.path());
     if (Replace(path_, kOld) != "ok") return "the first file does not fit";
     for (const std::size_t size : {70'000U, 62'000U, 66'000U, 200'000U}) {
       const std::string outcome = Replace(path_, std::string(size, 'x'));
@@ -764,12 +769,7 @@ TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAndNothingElse) {
 
 TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAlsoInAnUnwritableFolder) {
   const std::string answer = InChild([&]() -> std::string {
-    std::string expected = "no space";
-    if (!MountTinyDisk(folder_.path())) {
-      std::fprintf(stderr, "NO DISK CAN BE MOUNTED HERE: a limit on the file's size stands in.\n");
-      LimitFileSize(32'768);
-      expected = "too large";
-    }
+    const std::string expected = RunOutOfSpace(folder_.path());
     WriteBytes(path_, kOld);
     WriteBytes(folder_ / "other", std::string(20'000, 'y'));
     return InUnprivilegedChild(folder_.path(), [&]() -> std::string {

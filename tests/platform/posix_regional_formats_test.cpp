@@ -17,7 +17,7 @@
 
 #include "dates/date_text.h"
 #include "platform/system.h"
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
 
 namespace tidewarden {
 namespace {

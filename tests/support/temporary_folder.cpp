@@ -1,8 +1,9 @@
-#include "tests/cli/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -10,7 +11,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace tidewarden::test {
 namespace {
@@ -23,10 +26,10 @@ constexpr long long kContentLimit = 1'000'000;
   throw std::runtime_error(what + ": " + std::strerror(errno));
 }
 
-std::string ReadWhole(const std::string& path) {
+std::optional<std::string> ReadWhole(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  if (!in) throw std::runtime_error(path + " cannot be read");
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  if (!in) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 }  // namespace
@@ -48,7 +51,7 @@ FileState LookAt(const std::string& path) {
   state.changed = info.st_ctim.tv_sec * kNanoseconds + info.st_ctim.tv_nsec;
   const bool readable = ::access(path.c_str(), R_OK) == 0;
   if (S_ISREG(info.st_mode) && info.st_size <= kContentLimit && readable) {
-    state.content = ReadWhole(path);
+    state.content = BytesOf(path);
   }
   if (S_ISLNK(info.st_mode)) state.content = std::filesystem::read_symlink(path);
   return state;
@@ -79,16 +82,15 @@ std::string TemporaryFolder::operator/(std::string_view name) const {
 void TemporaryFolder::Write(std::string_view name, std::string_view content) const {
   const std::string path = *this / name;
   std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(content.data(), static_cast<std::streamsize>(content.size()));
-  out.close();
-  if (!out) throw std::runtime_error(path + " cannot be written");
+  WriteBytes(path, content);
   const timespec times[2] = {{kLongAgo, 0}, {kLongAgo, 0}};
   if (::utimensat(AT_FDCWD, path.c_str(), times, 0) != 0) Fail(path);
 }
 
 std::string TemporaryFolder::Read(std::string_view name) const {
-  return ReadWhole(*this / name);
+  auto content = ReadWhole(*this / name);
+  if (!content) throw std::runtime_error(*this / name + " cannot be read");
+  return *std::move(content);
 }
 
 bool TemporaryFolder::Exists(std::string_view name) const {
@@ -97,9 +99,8 @@ bool TemporaryFolder::Exists(std::string_view name) const {
 }
 
 mode_t TemporaryFolder::Permissions(std::string_view name) const {
-  struct stat info {};
-  if (::stat((*this / name).c_str(), &info) != 0) Fail(std::string(name));
-  return info.st_mode & 07777;
+  if (!Exists(name)) Fail(std::string(name));
+  return ModeOf(*this / name);
 }
 
 void TemporaryFolder::SetPermissions(std::string_view name, mode_t mode) const {
@@ -119,6 +120,31 @@ std::map<std::string, FileState> TemporaryFolder::Look() const {
     states[entry.path().lexically_relative(path_)] = LookAt(entry.path());
   }
   return states;
+}
+
+std::string BytesOf(const std::string& path) {
+  return ReadWhole(path).value_or("(unreadable)");
+}
+
+void WriteBytes(const std::string& path, std::string_view bytes) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  if (!file) throw std::runtime_error(path + " cannot be written");
+}
+
+mode_t ModeOf(const std::string& path) {
+  struct stat info {};
+  return ::stat(path.c_str(), &info) == 0 ? info.st_mode & 07777U : 0U;
+}
+
+std::vector<std::string> NamesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
 }
 
 }  // namespace tidewarden::test

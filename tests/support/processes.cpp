@@ -1,19 +1,16 @@
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
 
 #include <fcntl.h>
 #include <grp.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
+#include <string_view>
 
 namespace tidewarden::test {
 namespace {
@@ -22,12 +19,6 @@ namespace fs = std::filesystem;
 
 constexpr uid_t kNobody = 65534;
 constexpr unsigned kPatienceSeconds = 60;
-
-bool GiveUpRights() {
-  if (::geteuid() != 0) return true;
-  return ::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0 &&
-         ::geteuid() == kNobody && ::setuid(0) != 0;
-}
 
 void Send(int fd, std::string_view text) {
   while (!text.empty()) {
@@ -49,54 +40,6 @@ std::string Receive(int fd) {
 }
 
 }  // namespace
-
-TemporaryFolder::TemporaryFolder() {
-  std::string pattern = (fs::temp_directory_path() / "tidewarden-test-XXXXXX").string();
-  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = fs::canonical(pattern).string();
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  for (auto entry = fs::recursive_directory_iterator(path_, ignored);
-       entry != fs::recursive_directory_iterator(); entry.increment(ignored)) {
-    if (entry->is_directory(ignored) && !entry->is_symlink(ignored)) {
-      fs::permissions(entry->path(), fs::perms::owner_all, ignored);
-    }
-  }
-  fs::remove_all(path_, ignored);
-}
-
-std::string TemporaryFolder::operator/(std::string_view name) const {
-  return path_ + "/" + std::string(name);
-}
-
-std::string BytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return "(unreadable)";
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void WriteBytes(const std::string& path, std::string_view bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (!file) throw std::runtime_error("cannot write " + path);
-}
-
-mode_t ModeOf(const std::string& path) {
-  struct stat info {};
-  return ::stat(path.c_str(), &info) == 0 ? info.st_mode & 07777U : 0U;
-}
-
-std::vector<std::string> NamesIn(const std::string& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(folder)) {
-    names.push_back(entry.path().filename().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 pid_t StartChild(const std::function<void()>& body) {
   const pid_t child = ::fork();
@@ -134,14 +77,26 @@ std::string InChild(const std::function<std::string()>& body) {
   return text;
 }
 
+void GiveAway(const std::string& folder) {
+  if (::geteuid() != 0) return;
+  const auto give = [](const std::string& path) {
+    if (::lchown(path.c_str(), kNobody, kNobody) != 0) {
+      throw std::runtime_error(path + " cannot be given away: " + std::strerror(errno));
+    }
+  };
+  give(folder);
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) give(entry.path());
+}
+
+bool GiveUpRights() {
+  if (::geteuid() != 0) return true;
+  return ::setgroups(0, nullptr) == 0 && ::setgid(kNobody) == 0 && ::setuid(kNobody) == 0 &&
+         ::geteuid() == kNobody && ::setuid(0) != 0;
+}
+
 std::string InUnprivilegedChild(const std::string& folder,
                                 const std::function<std::string()>& body) {
-  if (::geteuid() == 0) {
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-      if (::lchown(entry.path().c_str(), kNobody, kNobody) != 0) return "cannot give files away";
-    }
-    if (::chown(folder.c_str(), kNobody, kNobody) != 0) return "cannot give a folder away";
-  }
+  GiveAway(folder);
   return InChild([&]() -> std::string {
     if (!GiveUpRights()) {
       return std::string("THE RIGHTS OF ROOT CANNOT BE GIVEN UP HERE, SO NOTHING WAS TESTED: ") +

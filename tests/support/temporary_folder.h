@@ -1,4 +1,4 @@
-// A folder that is there for one test, and what stands in it.
+// A folder that is there for one test, what stands in it, and files by their paths.
 #pragma once
 
 #include <sys/stat.h>
@@ -7,6 +7,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tidewarden::test {
 
@@ -24,6 +25,7 @@ struct FileState {
 
 void PrintTo(const FileState& state, std::ostream* out);
 
+// A folder that is gone, with all it holds, when the object is. Every user may look into it.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -54,7 +56,18 @@ class TemporaryFolder {
   std::string path_;
 };
 
-// A path that does not belong to a test's folder, such as a device.
+// Works for a path outside a test's folder too, such as a device.
 [[nodiscard]] FileState LookAt(const std::string& path);
+
+// The bytes of a file; "(unreadable)" when there are none to be had.
+[[nodiscard]] std::string BytesOf(const std::string& path);
+// Throws when the file cannot be written.
+void WriteBytes(const std::string& path, std::string_view bytes);
+
+// Permission bits of what a path leads to; 0 when it leads nowhere.
+[[nodiscard]] mode_t ModeOf(const std::string& path);
+
+// The names in a folder, sorted, those that begin with a dot included.
+[[nodiscard]] std::vector<std::string> NamesIn(const std::string& folder);
 
 }  // namespace tidewarden::test

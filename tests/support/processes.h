@@ -1,39 +1,12 @@
-// Files, folders and processes for the tests of the POSIX adapters.
+// Processes of their own, other users and the environment, for tests of what runs in a system.
 #pragma once
 
 #include <sys/types.h>
 
 #include <functional>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace tidewarden::test {
-
-// A folder that is gone, with all it holds, when the object is.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder();
-
-  [[nodiscard]] const std::string& path() const { return path_; }
-  [[nodiscard]] std::string operator/(std::string_view name) const;
-
- private:
-  std::string path_;
-};
-
-// The bytes of a file; "(unreadable)" when there are none to be had.
-[[nodiscard]] std::string BytesOf(const std::string& path);
-void WriteBytes(const std::string& path, std::string_view bytes);
-
-// Permission bits of what a path leads to; 0 when it leads nowhere.
-[[nodiscard]] mode_t ModeOf(const std::string& path);
-
-// The names in a folder, sorted, those that begin with a dot included.
-[[nodiscard]] std::vector<std::string> NamesIn(const std::string& folder);
 
 // Runs `body` in a process of its own and gives back what it returned, or how the process ended
 // when it did not return. A process that hangs is ended after a minute.
@@ -44,6 +17,14 @@ void WriteBytes(const std::string& path, std::string_view bytes);
 // give up its rights returns a complaint.
 [[nodiscard]] std::string InUnprivilegedChild(const std::string& folder,
                                               const std::function<std::string()>& body);
+
+// Gives a folder and all that is in it to the user "nobody", when the test runs as root. Throws
+// when that fails.
+void GiveAway(const std::string& folder);
+
+// Makes this process one of the user "nobody", for good, when it runs as root. False when it could
+// not or when the rights of root could be had back.
+[[nodiscard]] bool GiveUpRights();
 
 // A started process, which runs `body` and then ends.
 [[nodiscard]] pid_t StartChild(const std::function<void()>& body);
