@@ -77,7 +77,9 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
   CLI::App* next = app.add_subcommand("next", "Print the next dates of one event line");
   next->add_option("LINE", line, "An event line, such as \"12.25,Christmas,14,yearly\"")
       ->required();
-  next->add_option("-n", count, "How many dates; else 1")->type_name("N")->check(CLI::Range(1, 10000));
+  next->add_option("-n", count, "How many dates; else 1")
+      ->type_name("N")
+      ->check(CLI::Range(1, 10000));
   AddClockAndFormat(*next, options);
 
   try {

@@ -41,7 +41,10 @@ class Pass {
 
  private:
   void Line(std::string_view line, bool isAscii) {
-    if (isAscii && !isMarkedAsUtf16_) {
+    if (number_ == 0) startsAsUtf16_ = StartsAsUtf16(line);
+    isUtf16_ = isUtf16_ || (startsAsUtf16_ && line.find('\0') != std::string_view::npos);
+    if (isUtf16_) return;
+    if (isAscii) {
       visitor_.Visit(number_++, line, line);
     } else if (encoding_ == TextEncoding::kUtf8) {
       Utf8Line(line);
@@ -63,9 +66,6 @@ class Pass {
   }
 
   void Windows1252Line(std::string_view line) {
-    if (number_ == 0) isMarkedAsUtf16_ = StartsAsUtf16(line);
-    isUtf16_ = isUtf16_ || (isMarkedAsUtf16_ && line.find('\0') != std::string_view::npos);
-    if (isUtf16_) return;
     // One wrong byte further down does not make text of a mark that an editor has left.
     line = WithoutMark(line);
     const std::string text = DecodeWindows1252(line);
@@ -77,7 +77,7 @@ class Pass {
   LineSplitter lines_;
   long number_ = 0;
   bool openLineIsAscii_ = true;  // what has come of the line that is not yet at its end
-  bool isMarkedAsUtf16_ = false;
+  bool startsAsUtf16_ = false;
   bool isUtf16_ = false;
   bool isOtherEncoding_ = false;
 };

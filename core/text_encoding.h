@@ -18,7 +18,8 @@ inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // does not make UTF-8 of a file whose other bytes are not.
 [[nodiscard]] TextEncoding DetectEncoding(std::string_view bytes);
 
-// True for bytes that begin with a UTF-16 byte-order mark.
+// True for bytes that begin with a UTF-16 byte-order mark, or with two characters of ASCII text in
+// UTF-16 that are no line end. The first line of a file gives the same answer as the whole.
 [[nodiscard]] bool StartsAsUtf16(std::string_view bytes);
 
 // True for bytes that begin so and hold a NUL: text that cannot be read as either encoding.

@@ -136,7 +136,9 @@ bool IsMovedOn(const Occurs& occurs) {
 }
 
 bool HasOneDate(const DateField& field, const Occurs& occurs) {
-  return occurs.IsCounter() || (!IsMovedOn(occurs) && !field.isFeast);
+  if (occurs.IsCounter()) return true;
+  const bool isWhole = field.month != DateField::kAny && field.day != DateField::kAny;
+  return !IsMovedOn(occurs) && !field.isFeast && isWhole;
 }
 
 std::optional<CivilDate> NextOccurrence(const DateField& field, const Occurs& occurs,

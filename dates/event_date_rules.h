@@ -60,8 +60,8 @@ namespace tidewarden {
 [[nodiscard]] bool IsMovedOn(const Occurs& occurs);
 
 // True for the events that have one date in all their life, gone or to come: counters, and
-// one-time and til-done events, unless they are feasts. A feast falls each year, whatever year
-// the occurs field names. An "xx" makes no difference.
+// one-time and til-done events with a month and a day. A feast falls each year, and a date with
+// "xx" again and again, whatever year the occurs field names.
 [[nodiscard]] bool HasOneDate(const DateField& field, const Occurs& occurs);
 
 // The first occurrence on or after `today`: EventDateByRule, moved on when it has passed.

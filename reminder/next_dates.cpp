@@ -9,7 +9,7 @@
 namespace tidewarden {
 namespace {
 
-constexpr std::size_t kFirstPlaces = 64;
+constexpr std::size_t kFirstPlaces = 1024;
 // So few places are taken that the first look nearly always finds what it is for.
 constexpr std::size_t kPlacesForEach = 8;
 // Far more than a file of real events has; whatever a file holds, the memory stays within bounds.

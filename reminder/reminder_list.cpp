@@ -17,10 +17,10 @@ namespace {
 // Rows whose date is less than this many days away name their weekday.
 constexpr int kWeekdayLimit = 8;
 
-class ListBuilder : public EventLineVisitor {
+class RowCollector : public EventLineVisitor {
  public:
-  ListBuilder(const RegionalDateFormat& format, const ListOptions& options,
-              const std::string& todayPreface, CivilDate today, ReminderList& out)
+  RowCollector(const RegionalDateFormat& format, const ListOptions& options,
+               const std::string& todayPreface, CivilDate today, ReminderList& out)
       : format_(format),
         options_(options),
         todayPreface_(todayPreface),
@@ -205,8 +205,8 @@ class ListBuilder : public EventLineVisitor {
 Status ListEvents(FileSystem& files, const std::string& path, const RegionalDateFormat& format,
                   const ListOptions& options, const std::string& todayPreface, CivilDate today,
                   ReminderList& out) {
-  ListBuilder builder(format, options, todayPreface, today, out);
-  Status status = ReadEventLines(files, path, builder);
+  RowCollector collector(format, options, todayPreface, today, out);
+  Status status = ReadEventLines(files, path, collector);
   if (!status.ok()) out = ReminderList();
   return status;
 }

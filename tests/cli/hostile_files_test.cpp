@@ -173,13 +173,6 @@ std::vector<StrangeFile> StrangeFiles() {
       {"ByteOrderMarkTwice", "\xEF\xBB\xBF\xEF\xBB\xBF" + kEvent, kToday},
       {"ByteOrderMarkInside", kEvent + "\xEF\xBB\xBF" + kEvent, kList},
       {"HalfAByteOrderMark", "\xEF\xBB", kToday},
-      {"Utf16WithoutAMark",
-       std::string("1\0"
-                   "2\0.\0"
-                   "2\0"
-                   "4\0,\0A\0\n\0",
-                   16),
-       kToday},
       {"EscapeSequenceInATitle", "12.24,\x1B[31mred,7,yearly\n",
        kToday + std::string("12/24/2014 \x1B[31mred (Wednesday, 2 days)\n")},
       {"PercentSigns", "12.24,%s%n%1$s,7,yearly\n",

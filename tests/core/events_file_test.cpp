@@ -166,14 +166,65 @@ TEST(ReadEventLines, TellsWhyThereAreNoLines) {
   }
 }
 
-std::string Utf16(std::string_view ascii, bool bigEndian) {
-  std::string out = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+// Every byte value in place of, and before, every byte of a file: what is not asked to change stays
+// as it is.
+TEST(RewriteEventsFile, KeepsEveryByteOfTheOtherLines) {
+  const std::string base = "12.25,A,1,yearly\r\n01.01,B,2,yearly\r\n";
+  for (std::size_t at = 0; at <= base.size(); ++at) {
+    for (int byte = 0; byte < 256; ++byte) {
+      std::string bytes = base;
+      bytes.insert(at, 1, static_cast<char>(byte));
+      MemoryFileSystem files;
+      files.files[kPath] = bytes;
+      const Status status =
+          RewriteEventsFile(files, kPath, [](std::size_t /*number*/, std::string_view line) {
+            return line.find("B") != std::string_view::npos ? LineChange::kRemove
+                                                            : LineChange::kKeep;
+          });
+      ASSERT_TRUE(status.ok()) << at << ' ' << byte;
+      // Of the lines without a B every byte is left, in order; line ends may be written anew.
+      std::string kept;
+      std::string line;
+      const auto finish = [&] {
+        if (line.find('B') == std::string::npos) kept += line;
+        line.clear();
+      };
+      for (const char c : bytes) {
+        if (c == '\r' || c == '\n') {
+          finish();
+        } else {
+          line += c;
+        }
+      }
+      finish();
+      std::string left = files.files[kPath];
+      std::erase_if(left, [](char c) { return c == '\r' || c == '\n'; });
+      ASSERT_EQ(left, kept) << at << ' ' << byte;
+    }
+  }
+}
+
+std::string Utf16(std::string_view ascii, bool bigEndian, bool marked = true) {
+  std::string out;
+  if (marked) out = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
   for (const char c : ascii) {
     if (bigEndian) out.push_back('\0');
     out.push_back(c);
     if (!bigEndian) out.push_back('\0');
   }
   return out;
+}
+
+TEST(Utf16, WithoutAMarkIsNotReadEither) {
+  for (const bool bigEndian : {false, true}) {
+    MemoryFileSystem files;
+    files.files[kPath] = Utf16("12.25,Christmas,14,yearly\r\n", bigEndian, false);
+    for (const std::size_t piece : {0U, 1U, 3U}) {
+      files.piece = piece;
+      Collector seen;
+      EXPECT_EQ(ReadEventLines(files, kPath, seen).kind(), StatusKind::kNotText) << piece;
+    }
+  }
 }
 
 TEST(Utf16, IsNeitherReadNorRewritten) {

@@ -246,7 +246,13 @@ bool OneDate(const std::string& stored, const std::string& occurs) {
 TEST(HasOneDateTest, IsTrueForCountersAndForNamedYears) {
   for (const char* occurs : {"one2014", "tdo2014", "dp-2001", "df-2030"}) {
     EXPECT_TRUE(OneDate("12.25", occurs)) << occurs;
-    EXPECT_TRUE(OneDate("xx.15", occurs)) << occurs;
+  }
+  for (const char* counter : {"dp-2001", "df-2030"}) {
+    EXPECT_TRUE(OneDate("xx.15", counter)) << counter;
+  }
+  for (const char* named : {"one2014", "tdo2014"}) {
+    EXPECT_FALSE(OneDate("xx.15", named)) << named;
+    EXPECT_FALSE(OneDate("05.xx", named)) << named;
   }
   for (const char* occurs :
        {"yearly", "quarter", "monthly", "14-2014", "20~2014", "3rd mon", "las sun", "las day"}) {
