@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/status.h"
 
@@ -53,6 +54,10 @@ class FileSystem {
   // kOk when a file or folder exists at `path`, with its stamp; kNotFound, or why it is not
   // known.
   virtual Status GetStamp(const std::string& path, FileStamp& out) = 0;
+
+  // The names in a folder, hidden ones included, in code-point order. kNotFound also when a file
+  // stands in place of the folder. On failure `out` is unchanged.
+  virtual Status ListNames(const std::string& folder, std::vector<std::string>& out) = 0;
 
   // Creates an empty file for the user alone, and the missing folders above it. Harms nothing
   // when a file is there already.

@@ -33,6 +33,10 @@ inline constexpr Setting kAlarmSound{"AlarmSound", "True"};
 inline constexpr Setting kAlarmBeepEachMinute{"AlarmBeepEachMinute", "True"};
 inline constexpr Setting kDisableAlarms{"DisableAlarms", "False"};
 
+// The daily quote. The default path depends on the program's folder.
+inline constexpr Setting kQuotesPath{"QuotesPath", ""};
+inline constexpr Setting kShowDailyQuotes{"ShowDailyQuotes", "False"};
+
 // No longer used; removed from the store when found.
 inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};
 
