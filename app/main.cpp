@@ -12,6 +12,7 @@
 #include "platform/memory/memory_notification_area.h"
 #include "platform/memory/memory_reminder.h"
 #include "platform/memory/memory_sound.h"
+#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/qt_screens.h"
@@ -113,7 +114,7 @@ class Desktop {
   MemoryPreviousInstance noInstance_;
   QtNotificationArea area_;
   MemoryNotificationArea noArea_;
-  PseudoRandomNumbers random_;
+  SplitMixNumbers random_;
   TextFileEditor editor_;
   MemorySoundPlayer sound_;
   AlarmSession alarms_;
@@ -131,6 +132,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));
   // The reminder window may be in the notification area while another one closes.
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ProgramIcon());
   Arguments arguments;
   if (const auto code = ReadArguments(app, arguments)) return *code;
   return Desktop(arguments).Run();

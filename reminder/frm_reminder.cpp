@@ -10,8 +10,10 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QToolButton>
+#include <QToolTip>
 #include <algorithm>
 
+#include "reminder/frm_reminder_look.h"
 #include "reminder/frm_reminder_model.h"
 #include "reminder/reminder_session.h"
 
@@ -20,29 +22,7 @@ namespace {
 
 constexpr int kMargin = 5;
 constexpr int kGap = 4;
-constexpr int kQuoteHeight = PixelsFromTwips(kQuoteReserve) - kGap;
-constexpr int kTrayButtonSize = 20;
-
-// Round and orange on every desktop, in the plain look as in the skinned one.
-constexpr char kTrayButtonSheet[] =
-    "QToolButton { background: #e06c00; border: 1px solid #8a4300; border-radius: 10px; }"
-    "QToolButton:hover { background: #f08020; }"
-    "QToolButton:pressed { background: #b45600; }"
-    "QToolButton:focus { border: 2px solid palette(text); }";
-
-QString ColourText(const std::optional<Colour>& colour, const char* role) {
-  if (!colour) return QStringLiteral("palette(%1)").arg(QLatin1String(role));
-  return QColor(colour->red, colour->green, colour->blue).name();
-}
-
-// A rule on the list itself, so that the user's colours win over a skin. A selected row has the
-// colours the other way round: whoever can read the list can read that too.
-QString ListSheet(const ListColours& colours) {
-  return QStringLiteral(
-             "QListView { color: %1; background-color: %2; selection-color: %2;"
-             " selection-background-color: %1; }")
-      .arg(ColourText(colours.text, "text"), ColourText(colours.background, "base"));
-}
+constexpr int kQuoteHeight = PixelsFromTwips(DailyQuote::kReserveTwips) - kGap;
 
 void SetSheet(QWidget* widget, const QString& sheet) {
   if (widget->styleSheet() != sheet) widget->setStyleSheet(sheet);
@@ -96,7 +76,7 @@ void frmReminder::MakeControls() {
   cmdTray->setToolTip(tr("Send to the tray"));
   cmdTray->setAccessibleName(tr("Send to the tray"));
   cmdTray->setFocusPolicy(Qt::TabFocus);
-  cmdTray->setStyleSheet(QLatin1String(kTrayButtonSheet));
+  DressTrayButton(*cmdTray, session_.skin().empty() ? Skin::kNone : Skin::kApplied);
 
   txtDailyQuote->setObjectName(QStringLiteral("txtDailyQuote"));
   txtDailyQuote->setAccessibleName(tr("Quote of the day"));
@@ -104,6 +84,9 @@ void frmReminder::MakeControls() {
   txtDailyQuote->setReadOnly(true);
   txtDailyQuote->setUndoRedoEnabled(false);
   txtDailyQuote->setContextMenuPolicy(Qt::NoContextMenu);
+  txtDailyQuote->setTabChangesFocus(true);
+  txtDailyQuote->setToolTip(tr("Click for another quote"));
+  txtDailyQuote->installEventFilter(this);
   txtDailyQuote->viewport()->installEventFilter(this);
 
   tmrAlarm->setObjectName(QStringLiteral("tmrAlarm"));
@@ -113,6 +96,9 @@ void frmReminder::MakeControls() {
   tmrMinute->setSingleShot(true);
 
   SetSheet(this, QString::fromStdString(session_.skin()));
+  setTabOrder(List1, cmdTray);
+  setTabOrder(cmdTray, cmdGoToEdit);
+  setTabOrder(cmdGoToEdit, txtDailyQuote);
 }
 
 void frmReminder::MakeMenu() {
@@ -225,7 +211,7 @@ void frmReminder::Place() {
 // Changing the flag hides the window, and some window managers place a window anew that comes
 // back.
 void frmReminder::PopUp() {
-  const QRect place = geometry();
+  const QRect place = isMaximized() ? normalGeometry() : geometry();
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowState(Qt::WindowNoState);
   setGeometry(place);
@@ -241,6 +227,9 @@ void frmReminder::Render() {
   RenderList();
   sknDate->setText(QString::fromStdString(session_.dateLabel()));
   sknDate->setVisible(session_.showsDateLabel());
+  const QString quote = QString::fromStdString(session_.quote().text());
+  if (txtDailyQuote->toPlainText() != quote) txtDailyQuote->setPlainText(quote);
+  txtDailyQuote->setVisible(session_.quote().visible());
   LayOut();
 }
 
@@ -255,12 +244,7 @@ void frmReminder::RenderList() {
   }
   SetSheet(List1, ListSheet(session_.listColours()));
 
-  const ListFont& chosen = session_.listFont();
-  QFont font(QString::fromStdString(chosen.name));
-  font.setBold(chosen.bold);
-  font.setItalic(chosen.italic);
-  constexpr int kDesignedSize = 8;
-  font.setPointSize(chosen.size > 0 ? chosen.size : kDesignedSize);
+  const QFont font = FontOf(session_.listFont());
   if (List1->font() != font) List1->setFont(font);
   if (txtDailyQuote->font() != font) txtDailyQuote->setFont(font);
 }
@@ -285,6 +269,11 @@ void frmReminder::LayOut() {
                        kTrayButtonSize);
   sknDate->setGeometry(kMargin, rowTop, trayLeft - kGap - kMargin, rowHeight);
   List1->setGeometry(kMargin, kMargin, right - kMargin, rowTop - kGap - kMargin);
+
+  // In a low list the bar would take the place of the few rows that it serves.
+  constexpr int kRowsBesideBar = 7;
+  const bool hasRoom = List1->height() >= kRowsBesideBar * List1->fontMetrics().height();
+  List1->setHorizontalScrollBarPolicy(hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 WindowState frmReminder::State() const {
@@ -340,24 +329,48 @@ void frmReminder::closeEvent(QCloseEvent* event) {
 }
 
 bool frmReminder::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == List1->viewport() &&
-      (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)) {
-    return ListMouse(static_cast<QMouseEvent*>(event));
-  }
+  if (watched == List1->viewport()) return ListEvent(event);
   if (watched == List1 && event->type() == QEvent::KeyPress) {
-    const auto* const key = static_cast<QKeyEvent*>(event);
-    const bool menuKey = key->key() == Qt::Key_Menu ||
-                         (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
-    if (!menuKey) return false;
-    const int row = session_.selectedRow();
-    const QRect place = List1->visualRect(model_->index(row, 0));
-    ShowMenu(row, List1->viewport()->mapToGlobal(place.bottomLeft()));
-    return true;
+    return ListKey(static_cast<const QKeyEvent*>(event));
   }
-  return QWidget::eventFilter(watched, event);
+  const bool isClick = watched == txtDailyQuote->viewport() &&
+                       event->type() == QEvent::MouseButtonRelease &&
+                       txtDailyQuote->viewport()->rect().contains(
+                           static_cast<const QMouseEvent*>(event)->position().toPoint());
+  const bool isKey = watched == txtDailyQuote && event->type() == QEvent::KeyPress &&
+                     static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Space;
+  if (isClick || isKey) {
+    session_.ShowAnotherQuote();
+    Render();
+  }
+  return isKey || QWidget::eventFilter(watched, event);
 }
 
 // True when the list itself is not to see the event.
+bool frmReminder::ListEvent(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return ListMouse(static_cast<QMouseEvent*>(event));
+    case QEvent::ToolTip:
+      ShowWholeRow(static_cast<const QHelpEvent*>(event));
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool frmReminder::ListKey(const QKeyEvent* key) {
+  const bool menuKey = key->key() == Qt::Key_Menu ||
+                       (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
+  if (!menuKey) return false;
+  const int row = session_.selectedRow();
+  if (row != ReminderSession::kNoRow) List1->scrollTo(model_->index(row, 0));
+  const QRect place = List1->visualRect(model_->index(row, 0));
+  ShowMenu(row, List1->viewport()->mapToGlobal(place.bottomLeft()));
+  return true;
+}
+
 bool frmReminder::ListMouse(QMouseEvent* event) {
   const QModelIndex index = List1->indexAt(event->position().toPoint());
   if (event->button() == Qt::RightButton) {
@@ -372,6 +385,15 @@ bool frmReminder::ListMouse(QMouseEvent* event) {
   // A click beside the rows leaves the selection as it is.
   if (!index.isValid()) List1->setFocus(Qt::MouseFocusReason);
   return !index.isValid();
+}
+
+// A row that is wider than the window can be read without widening it.
+void frmReminder::ShowWholeRow(const QHelpEvent* help) {
+  const QModelIndex index = List1->indexAt(help->pos());
+  const QRect row = List1->visualRect(index);
+  const bool isCut = row.left() < 0 || row.right() >= List1->viewport()->width();
+  QToolTip::showText(help->globalPos(), isCut ? PlainToolTip(index.data().toString()) : QString(),
+                     List1->viewport(), row);
 }
 
 void frmReminder::ShowMenu(int row, const QPoint& globalPosition) {

@@ -7,6 +7,7 @@
 #include <array>
 
 class QAction;
+class QHelpEvent;
 class QLabel;
 class QListView;
 class QMenu;
@@ -62,7 +63,10 @@ class frmReminder : public QWidget {
   void Place();
   void PopUp();
   void ShowMenu(int row, const QPoint& globalPosition);
+  bool ListEvent(QEvent* event);
   bool ListMouse(QMouseEvent* event);
+  bool ListKey(const QKeyEvent* key);
+  void ShowWholeRow(const QHelpEvent* help);
   [[nodiscard]] WindowPlacement Here() const;
   [[nodiscard]] WindowState State() const;
 
