@@ -3,16 +3,15 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QListView>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QToolButton>
-#include <QToolTip>
 #include <algorithm>
 
+#include "reminder/frm_reminder_list.h"
 #include "reminder/frm_reminder_look.h"
 #include "reminder/frm_reminder_model.h"
 #include "reminder/reminder_session.h"
@@ -34,7 +33,7 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
     : QWidget(parent),
       session_(session),
       model_(new ListModel(session, this)),
-      List1(new QListView(this)),
+      List1(new ReminderListView(this)),
       sknDate(new QLabel(this)),
       cmdGoToEdit(new QPushButton(this)),
       cmdTray(new QToolButton(this)),
@@ -53,14 +52,6 @@ void frmReminder::MakeControls() {
   List1->setObjectName(QStringLiteral("List1"));
   List1->setAccessibleName(tr("Reminders"));
   List1->setModel(model_);
-  // Rows are cut by the window's edge rather than shortened with dots, and can be scrolled to.
-  List1->setTextElideMode(Qt::ElideNone);
-  List1->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  List1->setLayoutMode(QListView::Batched);
-  List1->setContextMenuPolicy(Qt::NoContextMenu);
-  List1->installEventFilter(this);
-  List1->viewport()->installEventFilter(this);
 
   sknDate->setObjectName(QStringLiteral("sknDate"));
   sknDate->setAccessibleName(tr("Today's date"));
@@ -126,10 +117,11 @@ void frmReminder::MakeMenu() {
 }
 
 void frmReminder::Connect() {
-  connect(List1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-    const QModelIndexList selected = List1->selectionModel()->selectedIndexes();
-    session_.SelectRow(selected.isEmpty() ? ReminderSession::kNoRow : selected.first().row());
-  });
+  connect(List1, &ReminderListView::RowSelected, this,
+          [this](int row) { session_.SelectRow(row); });
+  connect(List1, &ReminderListView::OpenWanted, this,
+          [this] { Apply(session_.DoubleClick(Here())); });
+  connect(List1, &ReminderListView::MenuWanted, this, &frmReminder::ShowMenu);
   connect(cmdGoToEdit, &QPushButton::clicked, this, [this] { Apply(session_.GoToEdit(Here())); });
   connect(cmdTray, &QToolButton::clicked, this, [this] { Apply(session_.SendToTray()); });
   connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
@@ -269,11 +261,6 @@ void frmReminder::LayOut() {
                        kTrayButtonSize);
   sknDate->setGeometry(kMargin, rowTop, trayLeft - kGap - kMargin, rowHeight);
   List1->setGeometry(kMargin, kMargin, right - kMargin, rowTop - kGap - kMargin);
-
-  // In a low list the bar would take the place of the few rows that it serves.
-  constexpr int kRowsBesideBar = 7;
-  const bool hasRoom = List1->height() >= kRowsBesideBar * List1->fontMetrics().height();
-  List1->setHorizontalScrollBarPolicy(hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 WindowState frmReminder::State() const {
@@ -329,10 +316,6 @@ void frmReminder::closeEvent(QCloseEvent* event) {
 }
 
 bool frmReminder::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == List1->viewport()) return ListEvent(event);
-  if (watched == List1 && event->type() == QEvent::KeyPress) {
-    return ListKey(static_cast<const QKeyEvent*>(event));
-  }
   const bool isClick = watched == txtDailyQuote->viewport() &&
                        event->type() == QEvent::MouseButtonRelease &&
                        txtDailyQuote->viewport()->rect().contains(
@@ -346,62 +329,8 @@ bool frmReminder::eventFilter(QObject* watched, QEvent* event) {
   return isKey || QWidget::eventFilter(watched, event);
 }
 
-// True when the list itself is not to see the event.
-bool frmReminder::ListEvent(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-      return ListMouse(static_cast<QMouseEvent*>(event));
-    case QEvent::ToolTip:
-      ShowWholeRow(static_cast<const QHelpEvent*>(event));
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool frmReminder::ListKey(const QKeyEvent* key) {
-  const bool menuKey = key->key() == Qt::Key_Menu ||
-                       (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
-  if (!menuKey) return false;
-  const int row = session_.selectedRow();
-  if (row != ReminderSession::kNoRow) List1->scrollTo(model_->index(row, 0));
-  const QRect place = List1->visualRect(model_->index(row, 0));
-  ShowMenu(row, List1->viewport()->mapToGlobal(place.bottomLeft()));
-  return true;
-}
-
-bool frmReminder::ListMouse(QMouseEvent* event) {
-  const QModelIndex index = List1->indexAt(event->position().toPoint());
-  if (event->button() == Qt::RightButton) {
-    ShowMenu(index.isValid() ? index.row() : ReminderSession::kNoRow,
-             event->globalPosition().toPoint());
-    return true;
-  }
-  if (event->type() == QEvent::MouseButtonDblClick) {
-    if (event->button() == Qt::LeftButton) Apply(session_.DoubleClick(Here()));
-    return true;
-  }
-  // A click beside the rows leaves the selection as it is.
-  if (!index.isValid()) List1->setFocus(Qt::MouseFocusReason);
-  return !index.isValid();
-}
-
-// A row that is wider than the window can be read without widening it.
-void frmReminder::ShowWholeRow(const QHelpEvent* help) {
-  const QModelIndex index = List1->indexAt(help->pos());
-  const QRect row = List1->visualRect(index);
-  const bool isCut = row.left() < 0 || row.right() >= List1->viewport()->width();
-  QToolTip::showText(help->globalPos(), isCut ? PlainToolTip(index.data().toString()) : QString(),
-                     List1->viewport(), row);
-}
-
 void frmReminder::ShowMenu(int row, const QPoint& globalPosition) {
-  if (row == ReminderSession::kNoRow) {
-    List1->clearSelection();
-  } else {
-    List1->setCurrentIndex(model_->index(row, 0));
-  }
+  List1->Select(row);
   const PopupMenu menu = session_.OpenMenu(row);
   mnuHideThis->setVisible(menu.mnuHideThis);
   mnuLine0->setVisible(menu.mnuLine0);

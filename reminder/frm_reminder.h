@@ -7,9 +7,7 @@
 #include <array>
 
 class QAction;
-class QHelpEvent;
 class QLabel;
-class QListView;
 class QMenu;
 class QPlainTextEdit;
 class QPushButton;
@@ -18,6 +16,7 @@ class QToolButton;
 namespace tidewarden {
 
 class ListModel;
+class ReminderListView;
 class ReminderSession;
 struct WindowPlacement;
 enum class WindowChange;
@@ -63,10 +62,6 @@ class frmReminder : public QWidget {
   void Place();
   void PopUp();
   void ShowMenu(int row, const QPoint& globalPosition);
-  bool ListEvent(QEvent* event);
-  bool ListMouse(QMouseEvent* event);
-  bool ListKey(const QKeyEvent* key);
-  void ShowWholeRow(const QHelpEvent* help);
   [[nodiscard]] WindowPlacement Here() const;
   [[nodiscard]] WindowState State() const;
 
@@ -74,7 +69,7 @@ class frmReminder : public QWidget {
   ListModel* model_;
   int builtRows_ = 0;  // the build whose rows are shown
 
-  QListView* List1;
+  ReminderListView* List1;
   QLabel* sknDate;
   QPushButton* cmdGoToEdit;
   QToolButton* cmdTray;
