@@ -7,12 +7,11 @@
 namespace tidewarden {
 
 // The size of a new window, and the least that a user can give it; the quote below the list needs
-// its own height in addition.
+// its own height in addition (DailyQuote::reserveTwips).
 inline constexpr int kReminderWidth = 4425;
 inline constexpr int kReminderHeight = 2025;
 inline constexpr int kLeastReminderWidth = 4455;
 inline constexpr int kLeastReminderHeight = 2130;
-inline constexpr int kQuoteReserve = 1515;
 
 // Where a window is to stand: maximized, or in an area.
 struct StoredPlacement {

@@ -43,14 +43,12 @@ bool IsCounter(const std::string& text) {
   return lower.ends_with("past)") || lower.ends_with("future)");
 }
 
-unsigned SecondsOfDay(const LocalTime& now) {
-  return static_cast<unsigned>((now.hour * 60 + now.minute) * 60 + now.second);
-}
-
 }  // namespace
 
 ReminderSession::ReminderSession(ReminderPorts ports)
-    : ports_(std::move(ports)), tIcon_(ports_.area) {}
+    : ports_(std::move(ports)),
+      tIcon_(ports_.area),
+      quote_(ports_.settings, ports_.files, ports_.random, ports_.folders) {}
 
 WindowChange ReminderSession::Load(const Screens& screens, const std::string& eventsFile) {
   const Busy busy(isBusy_);
@@ -105,7 +103,7 @@ void ReminderSession::SetUpTray() {
 }
 
 ListColours ReminderSession::DrawnColours() {
-  ports_.random.Seed(SecondsOfDay(ports_.clock.Now()));
+  ports_.random.Seed(SeedFromTimeOfDay(ports_.clock.Now()));
   return ApplyListColors(ports_.settings, ports_.random);
 }
 
@@ -135,6 +133,7 @@ WindowChange ReminderSession::Rebuild() {
     tIcon_.Visible(false);
     return WindowChange::kEnd;
   }
+  quote_.LoadDailyQuote(builder_->builtAt());
   return WindowChange::kNone;
 }
 

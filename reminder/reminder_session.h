@@ -21,6 +21,7 @@
 #include "core/settings_store.h"
 #include "core/window_placement.h"
 #include "dates/regional_formats.h"
+#include "reminder/daily_quote.h"
 #include "reminder/editor_window.h"
 #include "reminder/event_actions.h"
 #include "reminder/list_appearance.h"
@@ -93,7 +94,10 @@ class ReminderSession {
   [[nodiscard]] const ListColours& listColours() const { return listColours_; }
   [[nodiscard]] const std::string& skin() const { return skin_; }
   [[nodiscard]] const StoredPlacement& placement() const { return placement_; }
-  [[nodiscard]] int leastHeight() const { return kLeastReminderHeight + quoteReserve_; }
+  [[nodiscard]] const DailyQuote& quote() const { return quote_; }
+
+  // The least height that the user can give the window, in twips.
+  [[nodiscard]] int leastHeight() const { return kLeastReminderHeight + quote_.reserveTwips(); }
 
   // Counts the builds, so that a window knows when its rows are others.
   [[nodiscard]] int builds() const { return builds_; }
@@ -143,6 +147,9 @@ class ReminderSession {
   // `size` counts from 0, "Smallest Text", to 4, "Largest Text".
   void SetTextSize(int size);
 
+  // A click on the quote: another one. Does nothing while none is shown.
+  void ShowAnotherQuote() { quote_.ShowAnother(); }
+
   [[nodiscard]] const ListBuilder& builder() const { return *builder_; }
   [[nodiscard]] const std::string& EventsFilePath() const { return builder_->EventsFilePath(); }
   [[nodiscard]] TrayIcon& tIcon() { return tIcon_; }
@@ -178,6 +185,7 @@ class ReminderSession {
   ReminderPorts ports_;
   Screens screens_;
   TrayIcon tIcon_;
+  DailyQuote quote_;
   std::optional<ListBuilder> builder_;
 
   CivilDate lastListDate_{};
@@ -193,7 +201,6 @@ class ReminderSession {
   std::string skin_;
   StoredPlacement placement_;
   int timerInterval_ = 0;
-  int quoteReserve_ = 0;
   int builds_ = 0;
   bool showsDateLabel_ = false;
 
