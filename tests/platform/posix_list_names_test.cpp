@@ -9,7 +9,8 @@
 
 #include "core/find_ignoring_case.h"
 #include "platform/posix/posix_file_system.h"
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidewarden {
 namespace {
