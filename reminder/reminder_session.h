@@ -81,6 +81,9 @@ class ReminderSession {
   // for that. To be called once, before everything else.
   [[nodiscard]] WindowChange Load(const Screens& screens, const std::string& eventsFile);
 
+  // False until Load has come to its end; what happens to the window before then is not counted.
+  [[nodiscard]] bool isLoaded() const { return isLoaded_; }
+
   // The window is on the screen for the first time; only from now on do its size and state count.
   void Shown() { isShown_ = true; }
   [[nodiscard]] bool isShown() const { return isShown_; }
@@ -168,6 +171,7 @@ class ReminderSession {
   };
 
   [[nodiscard]] bool IsOnlyCopy();
+  [[nodiscard]] bool CanChangeFile() const;
   void SetUpTray();
   [[nodiscard]] std::optional<Target> TargetOf(int row) const;
   [[nodiscard]] WindowChange Rebuild();
@@ -188,7 +192,8 @@ class ReminderSession {
   DailyQuote quote_;
   std::optional<ListBuilder> builder_;
 
-  CivilDate lastListDate_{};
+  CivilDate lastListDate_{};  // the day for which the list was last built anew
+  bool isLoaded_ = false;
   bool isShown_ = false;
   bool startMaximized_ = false;
   bool inTray_ = false;
@@ -206,6 +211,7 @@ class ReminderSession {
 
   int selectedRow_ = kNoRow;
   std::optional<Target> menuTarget_;
+  PopupMenu menu_;  // as it was opened
 };
 
 }  // namespace tidewarden
