@@ -15,6 +15,7 @@
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_random_numbers.h"
 #include "tests/support/layouts.h"
+#include "tests/support/source_folder.h"
 
 namespace tidewarden {
 namespace {
@@ -286,8 +287,7 @@ TEST(DailyQuote, KeepsMarkupAsItWasWritten) {
 
 // The file that comes with the program.
 TEST(ShippedQuotes, AreManyShortAndAllDifferent) {
-  std::ifstream in(std::filesystem::path(TIDEWARDEN_SOURCE_DIR) / "Quotes" / "Inspiration.txt",
-                   std::ios::binary);
+  std::ifstream in(test::SourceFolder() / "Quotes" / "Inspiration.txt", std::ios::binary);
   Desk desk(std::string(std::istreambuf_iterator<char>(in), {}));
   EXPECT_TRUE(desk.files.files[kFile].starts_with("//")) << "it explains itself";
   desk.quote.LoadDailyQuote(kNow);
