@@ -13,6 +13,7 @@
 #include "platform/memory/memory_notification_area.h"
 #include "platform/memory/memory_reminder.h"
 #include "platform/memory/memory_sound.h"
+#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/qt_screens.h"
@@ -135,7 +136,7 @@ class Desktop {
   MemoryPreviousInstance noInstance_;
   QtNotificationArea area_;
   MemoryNotificationArea noArea_;
-  PseudoRandomNumbers random_;
+  SplitMixNumbers random_;
   TextFileEditor editor_;
   MemorySoundPlayer sound_;
   AlarmSession alarms_;
@@ -153,6 +154,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));
   // The reminder window may be in the notification area while another one closes.
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ProgramIcon());
   Arguments arguments;
   if (const auto code = ReadArguments(arguments)) return *code;
   return Desktop(arguments).Run();

@@ -55,6 +55,10 @@ class FileSystem {
   // known.
   virtual Status GetStamp(const std::string& path, FileStamp& out) = 0;
 
+  // The names in a folder, hidden ones included, in code-point order. kNotFound also when a file
+  // stands in place of the folder. On failure `out` is unchanged.
+  virtual Status ListNames(const std::string& folder, std::vector<std::string>& out) = 0;
+
   // Creates an empty file for the user alone, and the missing folders above it. Harms nothing
   // when a file is there already.
   virtual Status CreateEmpty(const std::string& path) = 0;

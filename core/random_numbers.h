@@ -1,7 +1,9 @@
-// Port: random numbers for choices that are only for the eye.
+// Port: random numbers, for picking a quote or a colour. Not for secrets.
 #pragma once
 
-#include <random>
+#include <cstdint>
+
+#include "dates/civil.h"
 
 namespace tidewarden {
 
@@ -9,24 +11,32 @@ class RandomNumbers {
  public:
   virtual ~RandomNumbers() = default;
 
-  // Starts the sequence that belongs to `seed`.
-  virtual void Seed(unsigned seed) = 0;
+  // Starts a new sequence; the same seed gives the same one.
+  virtual void Seed(std::uint64_t seed) = 0;
 
-  // The next number, from 0 to below 1.
+  // The next number of the sequence, at least 0 and less than 1.
   [[nodiscard]] virtual double Draw() = 0;
 };
 
-// Numbers good enough for colours and quotes.
-class PseudoRandomNumbers : public RandomNumbers {
+// The time of day as a seed: the seconds since midnight, 0 to 86,399.
+[[nodiscard]] constexpr std::uint64_t SeedFromTimeOfDay(LocalTime now) {
+  const int seconds = (now.hour * 60 + now.minute) * 60 + now.second;
+  return static_cast<std::uint64_t>(seconds);
+}
+
+// A generator of the program's own, equal on all systems: SplitMix64 (Steele, Lea, Flood: Fast
+// splittable pseudorandom number generators, 2014), whose first number already differs widely
+// between neighbouring seeds.
+class SplitMixNumbers : public RandomNumbers {
  public:
-  void Seed(unsigned seed) override { engine_.seed(seed); }
-  [[nodiscard]] double Draw() override {
-    constexpr double kRange = 4294967296.0;  // the engine gives 32 bits
-    return static_cast<double>(engine_()) / kRange;
-  }
+  void Seed(std::uint64_t seed) override { state_ = seed; }
+  [[nodiscard]] double Draw() override;
+
+  // The next 64 bits of the sequence.
+  [[nodiscard]] std::uint64_t Next();
 
  private:
-  std::mt19937 engine_;
+  std::uint64_t state_ = 0;
 };
 
 }  // namespace tidewarden

@@ -60,6 +60,10 @@ inline constexpr Setting kAlarmTop{"Alarm/Top", ""};
 inline constexpr Setting kAlarmWidth{"Alarm/Width", "4815"};
 inline constexpr Setting kAlarmHeight{"Alarm/Height", "2550"};
 
+// The daily quote. The default path depends on the program's folder.
+inline constexpr Setting kQuotesPath{"QuotesPath", ""};
+inline constexpr Setting kShowDailyQuotes{"ShowDailyQuotes", "False"};
+
 // No longer used; removed from the store when found.
 inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};
 inline constexpr Setting kReminderListBackColor{"ReminderListBackColor", ""};

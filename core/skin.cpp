@@ -1,6 +1,7 @@
 #include "core/skin.h"
 
 #include "core/settings_keys.h"
+#include "core/text_encoding.h"
 #include "dates/text.h"
 
 namespace tidewarden {
@@ -22,7 +23,9 @@ std::string ReadSkin(SettingsStore& settings, FileSystem& files, const ProgramFo
                                    });
   const bool usable = status.ok() && text.size() <= kLargestSkin && IsValidUtf8(text) &&
                       text.find('\0') == std::string::npos;
-  return usable ? text : std::string();
+  if (!usable) return {};
+  // Some editors leave a mark, which would spoil the first rule.
+  return text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text;
 }
 
 }  // namespace tidewarden

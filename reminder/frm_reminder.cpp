@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QListView>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
@@ -12,6 +11,8 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "reminder/frm_reminder_list.h"
+#include "reminder/frm_reminder_look.h"
 #include "reminder/frm_reminder_model.h"
 #include "reminder/reminder_session.h"
 
@@ -20,29 +21,7 @@ namespace {
 
 constexpr int kMargin = 5;
 constexpr int kGap = 4;
-constexpr int kQuoteHeight = PixelsFromTwips(kQuoteReserve) - kGap;
-constexpr int kTrayButtonSize = 20;
-
-// Round and orange on every desktop, in the plain look as in the skinned one.
-constexpr char kTrayButtonSheet[] =
-    "QToolButton { background: #e06c00; border: 1px solid #8a4300; border-radius: 10px; }"
-    "QToolButton:hover { background: #f08020; }"
-    "QToolButton:pressed { background: #b45600; }"
-    "QToolButton:focus { border: 2px solid palette(text); }";
-
-QString ColourText(const std::optional<Colour>& colour, const char* role) {
-  if (!colour) return QStringLiteral("palette(%1)").arg(QLatin1String(role));
-  return QColor(colour->red, colour->green, colour->blue).name();
-}
-
-// A rule on the list itself, so that the user's colours win over a skin. A selected row has the
-// colours the other way round: whoever can read the list can read that too.
-QString ListSheet(const ListColours& colours) {
-  return QStringLiteral(
-             "QListView { color: %1; background-color: %2; selection-color: %2;"
-             " selection-background-color: %1; }")
-      .arg(ColourText(colours.text, "text"), ColourText(colours.background, "base"));
-}
+constexpr int kQuoteHeight = PixelsFromTwips(DailyQuote::kReserveTwips) - kGap;
 
 void SetSheet(QWidget* widget, const QString& sheet) {
   if (widget->styleSheet() != sheet) widget->setStyleSheet(sheet);
@@ -54,7 +33,7 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
     : QWidget(parent),
       session_(session),
       model_(new ListModel(session, this)),
-      List1(new QListView(this)),
+      List1(new ReminderListView(this)),
       sknDate(new QLabel(this)),
       cmdGoToEdit(new QPushButton(this)),
       cmdTray(new QToolButton(this)),
@@ -73,14 +52,6 @@ void frmReminder::MakeControls() {
   List1->setObjectName(QStringLiteral("List1"));
   List1->setAccessibleName(tr("Reminders"));
   List1->setModel(model_);
-  // Rows are cut by the window's edge rather than shortened with dots, and can be scrolled to.
-  List1->setTextElideMode(Qt::ElideNone);
-  List1->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  List1->setLayoutMode(QListView::Batched);
-  List1->setContextMenuPolicy(Qt::NoContextMenu);
-  List1->installEventFilter(this);
-  List1->viewport()->installEventFilter(this);
 
   sknDate->setObjectName(QStringLiteral("sknDate"));
   sknDate->setAccessibleName(tr("Today's date"));
@@ -96,7 +67,7 @@ void frmReminder::MakeControls() {
   cmdTray->setToolTip(tr("Send to the tray"));
   cmdTray->setAccessibleName(tr("Send to the tray"));
   cmdTray->setFocusPolicy(Qt::TabFocus);
-  cmdTray->setStyleSheet(QLatin1String(kTrayButtonSheet));
+  DressTrayButton(*cmdTray, session_.skin().empty() ? Skin::kNone : Skin::kApplied);
 
   txtDailyQuote->setObjectName(QStringLiteral("txtDailyQuote"));
   txtDailyQuote->setAccessibleName(tr("Quote of the day"));
@@ -104,6 +75,9 @@ void frmReminder::MakeControls() {
   txtDailyQuote->setReadOnly(true);
   txtDailyQuote->setUndoRedoEnabled(false);
   txtDailyQuote->setContextMenuPolicy(Qt::NoContextMenu);
+  txtDailyQuote->setTabChangesFocus(true);
+  txtDailyQuote->setToolTip(tr("Click for another quote"));
+  txtDailyQuote->installEventFilter(this);
   txtDailyQuote->viewport()->installEventFilter(this);
 
   tmrAlarm->setObjectName(QStringLiteral("tmrAlarm"));
@@ -113,6 +87,9 @@ void frmReminder::MakeControls() {
   tmrMinute->setSingleShot(true);
 
   SetSheet(this, QString::fromStdString(session_.skin()));
+  setTabOrder(List1, cmdTray);
+  setTabOrder(cmdTray, cmdGoToEdit);
+  setTabOrder(cmdGoToEdit, txtDailyQuote);
 }
 
 void frmReminder::MakeMenu() {
@@ -140,10 +117,11 @@ void frmReminder::MakeMenu() {
 }
 
 void frmReminder::Connect() {
-  connect(List1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
-    const QModelIndexList selected = List1->selectionModel()->selectedIndexes();
-    session_.SelectRow(selected.isEmpty() ? ReminderSession::kNoRow : selected.first().row());
-  });
+  connect(List1, &ReminderListView::RowSelected, this,
+          [this](int row) { session_.SelectRow(row); });
+  connect(List1, &ReminderListView::OpenWanted, this,
+          [this] { Apply(session_.DoubleClick(Here())); });
+  connect(List1, &ReminderListView::MenuWanted, this, &frmReminder::ShowMenu);
   connect(cmdGoToEdit, &QPushButton::clicked, this, [this] { Apply(session_.GoToEdit(Here())); });
   connect(cmdTray, &QToolButton::clicked, this, [this] { Apply(session_.SendToTray()); });
   connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
@@ -225,7 +203,7 @@ void frmReminder::Place() {
 // Changing the flag hides the window, and some window managers place a window anew that comes
 // back.
 void frmReminder::PopUp() {
-  const QRect place = geometry();
+  const QRect place = isMaximized() ? normalGeometry() : geometry();
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowState(Qt::WindowNoState);
   setGeometry(place);
@@ -241,6 +219,9 @@ void frmReminder::Render() {
   RenderList();
   sknDate->setText(QString::fromStdString(session_.dateLabel()));
   sknDate->setVisible(session_.showsDateLabel());
+  const QString quote = QString::fromStdString(session_.quote().text());
+  if (txtDailyQuote->toPlainText() != quote) txtDailyQuote->setPlainText(quote);
+  txtDailyQuote->setVisible(session_.quote().visible());
   LayOut();
 }
 
@@ -255,12 +236,7 @@ void frmReminder::RenderList() {
   }
   SetSheet(List1, ListSheet(session_.listColours()));
 
-  const ListFont& chosen = session_.listFont();
-  QFont font(QString::fromStdString(chosen.name));
-  font.setBold(chosen.bold);
-  font.setItalic(chosen.italic);
-  constexpr int kDesignedSize = 8;
-  font.setPointSize(chosen.size > 0 ? chosen.size : kDesignedSize);
+  const QFont font = FontOf(session_.listFont());
   if (List1->font() != font) List1->setFont(font);
   if (txtDailyQuote->font() != font) txtDailyQuote->setFont(font);
 }
@@ -340,46 +316,21 @@ void frmReminder::closeEvent(QCloseEvent* event) {
 }
 
 bool frmReminder::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == List1->viewport() &&
-      (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)) {
-    return ListMouse(static_cast<QMouseEvent*>(event));
+  const bool isClick = watched == txtDailyQuote->viewport() &&
+                       event->type() == QEvent::MouseButtonRelease &&
+                       txtDailyQuote->viewport()->rect().contains(
+                           static_cast<const QMouseEvent*>(event)->position().toPoint());
+  const bool isKey = watched == txtDailyQuote && event->type() == QEvent::KeyPress &&
+                     static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Space;
+  if (isClick || isKey) {
+    session_.ShowAnotherQuote();
+    Render();
   }
-  if (watched == List1 && event->type() == QEvent::KeyPress) {
-    const auto* const key = static_cast<QKeyEvent*>(event);
-    const bool menuKey = key->key() == Qt::Key_Menu ||
-                         (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
-    if (!menuKey) return false;
-    const int row = session_.selectedRow();
-    const QRect place = List1->visualRect(model_->index(row, 0));
-    ShowMenu(row, List1->viewport()->mapToGlobal(place.bottomLeft()));
-    return true;
-  }
-  return QWidget::eventFilter(watched, event);
-}
-
-// True when the list itself is not to see the event.
-bool frmReminder::ListMouse(QMouseEvent* event) {
-  const QModelIndex index = List1->indexAt(event->position().toPoint());
-  if (event->button() == Qt::RightButton) {
-    ShowMenu(index.isValid() ? index.row() : ReminderSession::kNoRow,
-             event->globalPosition().toPoint());
-    return true;
-  }
-  if (event->type() == QEvent::MouseButtonDblClick) {
-    if (event->button() == Qt::LeftButton) Apply(session_.DoubleClick(Here()));
-    return true;
-  }
-  // A click beside the rows leaves the selection as it is.
-  if (!index.isValid()) List1->setFocus(Qt::MouseFocusReason);
-  return !index.isValid();
+  return isKey || QWidget::eventFilter(watched, event);
 }
 
 void frmReminder::ShowMenu(int row, const QPoint& globalPosition) {
-  if (row == ReminderSession::kNoRow) {
-    List1->clearSelection();
-  } else {
-    List1->setCurrentIndex(model_->index(row, 0));
-  }
+  List1->Select(row);
   const PopupMenu menu = session_.OpenMenu(row);
   mnuHideThis->setVisible(menu.mnuHideThis);
   mnuLine0->setVisible(menu.mnuLine0);

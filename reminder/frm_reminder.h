@@ -8,7 +8,6 @@
 
 class QAction;
 class QLabel;
-class QListView;
 class QMenu;
 class QPlainTextEdit;
 class QPushButton;
@@ -17,6 +16,7 @@ class QToolButton;
 namespace tidewarden {
 
 class ListModel;
+class ReminderListView;
 class ReminderSession;
 struct WindowPlacement;
 enum class WindowChange;
@@ -62,7 +62,6 @@ class frmReminder : public QWidget {
   void Place();
   void PopUp();
   void ShowMenu(int row, const QPoint& globalPosition);
-  bool ListMouse(QMouseEvent* event);
   [[nodiscard]] WindowPlacement Here() const;
   [[nodiscard]] WindowState State() const;
 
@@ -70,7 +69,7 @@ class frmReminder : public QWidget {
   ListModel* model_;
   int builtRows_ = 0;  // the build whose rows are shown
 
-  QListView* List1;
+  ReminderListView* List1;
   QLabel* sknDate;
   QPushButton* cmdGoToEdit;
   QToolButton* cmdTray;

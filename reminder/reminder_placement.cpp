@@ -12,19 +12,24 @@ WindowArea InTheMiddle(const Screens& screens) {
           (screens.primary.height - kReminderHeight) / 2, kReminderWidth, kReminderHeight};
 }
 
+bool ReadSize(SettingsStore& store, WindowArea& out) {
+  const std::string width = Get(store, settings::kWidth);
+  const std::string height = Get(store, settings::kHeight);
+  return ReadPlacementNumber(width, out.width) && ReadPlacementNumber(height, out.height) &&
+         out.width >= kReminderWidth && out.height >= kReminderHeight;
+}
+
 // All four are read even when the first is of no use, so that each missing one gets its default.
+// Where windows have no place of their own, left and top are left alone.
 bool ReadArea(SettingsStore& store, const Screens& screens, WindowArea& out) {
+  if (!screens.canPlaceWindows) return ReadSize(store, out);
   const std::string left = Get(store, settings::kLeft,
                                std::to_string((screens.primary.width - kLeastReminderWidth) / 2));
   const std::string top = Get(store, settings::kTop,
                               std::to_string((screens.primary.height - kLeastReminderHeight) / 2));
-  const std::string width = Get(store, settings::kWidth);
-  const std::string height = Get(store, settings::kHeight);
-  const bool inRange = ReadPlacementNumber(left, out.left) && ReadPlacementNumber(top, out.top) &&
-                       ReadPlacementNumber(width, out.width) &&
-                       ReadPlacementNumber(height, out.height);
-  return inRange && out.left > -5 && out.top > -5 && out.width >= kReminderWidth &&
-         out.height >= kReminderHeight;
+  const bool hasSize = ReadSize(store, out);
+  return hasSize && ReadPlacementNumber(left, out.left) && ReadPlacementNumber(top, out.top) &&
+         out.left > -5 && out.top > -5;
 }
 
 }  // namespace
@@ -32,8 +37,9 @@ bool ReadArea(SettingsStore& store, const Screens& screens, WindowArea& out) {
 StoredPlacement LoadWindowPlacement(SettingsStore& settings, const Screens& screens) {
   if (isTrue(Get(settings, settings::kMaximized))) return {true, InTheMiddle(screens)};
   const WindowArea middle = InTheMiddle(screens);
-  WindowArea area;
+  WindowArea area = middle;
   if (!ReadArea(settings, screens, area)) {
+    if (!screens.canPlaceWindows) return {false, middle};
     // All four go under the one name, as they always have: the other three keep what they hold.
     for (const int number : {middle.left, middle.top, middle.width, middle.height}) {
       Save(settings, settings::kLeft, std::to_string(number));

@@ -43,17 +43,16 @@ bool IsCounter(const std::string& text) {
   return lower.ends_with("past)") || lower.ends_with("future)");
 }
 
-unsigned SecondsOfDay(const LocalTime& now) {
-  return static_cast<unsigned>((now.hour * 60 + now.minute) * 60 + now.second);
-}
-
 }  // namespace
 
 ReminderSession::ReminderSession(ReminderPorts ports)
-    : ports_(std::move(ports)), tIcon_(ports_.area) {}
+    : ports_(std::move(ports)),
+      tIcon_(ports_.area),
+      quote_(ports_.settings, ports_.files, ports_.random, ports_.folders) {}
 
 WindowChange ReminderSession::Load(const Screens& screens, const std::string& eventsFile) {
   const Busy busy(isBusy_);
+  isLoaded_ = false;
   screens_ = screens;
   if (!IsOnlyCopy()) return WindowChange::kEnd;
   startMaximized_ = isTrue(Get(ports_.settings, settings::kMaximized));
@@ -80,6 +79,7 @@ WindowChange ReminderSession::Load(const Screens& screens, const std::string& ev
   listColours_ = DrawnColours();
   SetTimerInterval();
   showsDateLabel_ = isNotFalse(Get(ports_.settings, settings::kShowTodaysDateBeneathReminders));
+  isLoaded_ = true;
   return WindowChange::kNone;
 }
 
@@ -105,7 +105,7 @@ void ReminderSession::SetUpTray() {
 }
 
 ListColours ReminderSession::DrawnColours() {
-  ports_.random.Seed(SecondsOfDay(ports_.clock.Now()));
+  ports_.random.Seed(SeedFromTimeOfDay(ports_.clock.Now()));
   return ApplyListColors(ports_.settings, ports_.random);
 }
 
@@ -135,6 +135,7 @@ WindowChange ReminderSession::Rebuild() {
     tIcon_.Visible(false);
     return WindowChange::kEnd;
   }
+  quote_.LoadDailyQuote(builder_->builtAt());
   return WindowChange::kNone;
 }
 
@@ -165,6 +166,8 @@ WindowChange ReminderSession::Tick(WindowState window) {
   }
   if (inTray_ && !ports_.area.IsAvailable()) {
     inTray_ = false;
+    // An area that comes back is not to show the icon of a window that no longer needs it.
+    tIcon_.Visible(false);
     const WindowChange change = CheckForNewDay(WindowState::kMinimized);
     return change == WindowChange::kNone ? WindowChange::kShowMinimized : change;
   }
@@ -187,7 +190,7 @@ WindowChange ReminderSession::CheckForNewDay(WindowState window) {
 }
 
 WindowChange ReminderSession::StateChanged(WindowState window) {
-  if (!isShown_) return WindowChange::kNone;
+  if (!isLoaded_ || !isShown_) return WindowChange::kNone;
   switch (window) {
     case WindowState::kMinimized:
       if (behindEditor_ || !ports_.area.IsAvailable()) return WindowChange::kNone;
@@ -276,31 +279,39 @@ WindowChange ReminderSession::OpenEditor(const EditorRequest& request,
 
 PopupMenu ReminderSession::OpenMenu(int row) {
   selectedRow_ = row;
+  menu_ = {};
   menuTarget_ = TargetOf(row);
-  if (!menuTarget_ || Contains(menuTarget_->text, "  <today")) return {};
-  PopupMenu menu{true, true, true, true, true};
-  const bool canChange = !ports_.editor.IsLoaded() || !ports_.editor.IsEntryUnderWay();
-  menu.mnuDeleteEvent = canChange;
-  menu.mnuHideThis = canChange && !IsCounter(menuTarget_->text);
-  menu.mnuLine0 = menu.mnuHideThis;
-  return menu;
+  if (menuTarget_ && Contains(menuTarget_->text, "  <today")) menuTarget_.reset();
+  if (!menuTarget_) return menu_;
+  menu_.mnuEditEvent = true;
+  menu_.mnuLine1 = true;
+  menu_.mnuDeleteEvent = CanChangeFile();
+  menu_.mnuHideThis = menu_.mnuDeleteEvent && !IsCounter(menuTarget_->text);
+  menu_.mnuLine0 = menu_.mnuHideThis;
+  return menu_;
+}
+
+// The editor's next save would undo a change that is made while an entry is under way.
+bool ReminderSession::CanChangeFile() const {
+  return !ports_.editor.IsLoaded() || !ports_.editor.IsEntryUnderWay();
 }
 
 WindowChange ReminderSession::HideThis() {
-  return ChangeTarget(HideEvent);
+  return menu_.mnuHideThis ? ChangeTarget(HideEvent) : WindowChange::kNone;
 }
 
 WindowChange ReminderSession::DeleteThis() {
-  return ChangeTarget(DeleteEvent);
+  return menu_.mnuDeleteEvent ? ChangeTarget(DeleteEvent) : WindowChange::kNone;
 }
 
 WindowChange ReminderSession::ChangeTarget(Status (*change)(FileSystem&, const std::string&,
                                                             const ListedEvent&)) {
-  if (!menuTarget_ || isBusy_) return WindowChange::kNone;
+  if (!menuTarget_ || isBusy_ || !CanChangeFile()) return WindowChange::kNone;
   const Busy busy(isBusy_);
   const Status status = change(ports_.files, EventsFilePath(), menuTarget_->event);
   menuTarget_.reset();
-  if (!status.ok()) {
+  // Of a file that is gone the rebuild tells.
+  if (!status.ok() && status.kind() != StatusKind::kNotFound) {
     ports_.messages.Show("The events file could not be changed:\n" + EventsFilePath(),
                          MessageButtons::kOk, MessageIcon::kExclamation);
   }

@@ -21,6 +21,7 @@
 #include "core/settings_store.h"
 #include "core/window_placement.h"
 #include "dates/regional_formats.h"
+#include "reminder/daily_quote.h"
 #include "reminder/editor_window.h"
 #include "reminder/event_actions.h"
 #include "reminder/list_appearance.h"
@@ -80,6 +81,9 @@ class ReminderSession {
   // for that. To be called once, before everything else.
   [[nodiscard]] WindowChange Load(const Screens& screens, const std::string& eventsFile);
 
+  // False until Load has come to its end; what happens to the window before then is not counted.
+  [[nodiscard]] bool isLoaded() const { return isLoaded_; }
+
   // The window is on the screen for the first time; only from now on do its size and state count.
   void Shown() { isShown_ = true; }
   [[nodiscard]] bool isShown() const { return isShown_; }
@@ -93,7 +97,10 @@ class ReminderSession {
   [[nodiscard]] const ListColours& listColours() const { return listColours_; }
   [[nodiscard]] const std::string& skin() const { return skin_; }
   [[nodiscard]] const StoredPlacement& placement() const { return placement_; }
-  [[nodiscard]] int leastHeight() const { return kLeastReminderHeight + quoteReserve_; }
+  [[nodiscard]] const DailyQuote& quote() const { return quote_; }
+
+  // The least height that the user can give the window, in twips.
+  [[nodiscard]] int leastHeight() const { return kLeastReminderHeight + quote_.reserveTwips(); }
 
   // Counts the builds, so that a window knows when its rows are others.
   [[nodiscard]] int builds() const { return builds_; }
@@ -143,6 +150,9 @@ class ReminderSession {
   // `size` counts from 0, "Smallest Text", to 4, "Largest Text".
   void SetTextSize(int size);
 
+  // A click on the quote: another one. Does nothing while none is shown.
+  void ShowAnotherQuote() { quote_.ShowAnother(); }
+
   [[nodiscard]] const ListBuilder& builder() const { return *builder_; }
   [[nodiscard]] const std::string& EventsFilePath() const { return builder_->EventsFilePath(); }
   [[nodiscard]] TrayIcon& tIcon() { return tIcon_; }
@@ -161,6 +171,7 @@ class ReminderSession {
   };
 
   [[nodiscard]] bool IsOnlyCopy();
+  [[nodiscard]] bool CanChangeFile() const;
   void SetUpTray();
   [[nodiscard]] std::optional<Target> TargetOf(int row) const;
   [[nodiscard]] WindowChange Rebuild();
@@ -178,9 +189,11 @@ class ReminderSession {
   ReminderPorts ports_;
   Screens screens_;
   TrayIcon tIcon_;
+  DailyQuote quote_;
   std::optional<ListBuilder> builder_;
 
-  CivilDate lastListDate_{};
+  CivilDate lastListDate_{};  // the day for which the list was last built anew
+  bool isLoaded_ = false;
   bool isShown_ = false;
   bool startMaximized_ = false;
   bool inTray_ = false;
@@ -193,12 +206,12 @@ class ReminderSession {
   std::string skin_;
   StoredPlacement placement_;
   int timerInterval_ = 0;
-  int quoteReserve_ = 0;
   int builds_ = 0;
   bool showsDateLabel_ = false;
 
   int selectedRow_ = kNoRow;
   std::optional<Target> menuTarget_;
+  PopupMenu menu_;  // as it was opened
 };
 
 }  // namespace tidewarden

@@ -61,6 +61,22 @@ Status MemoryFileSystem::GetStamp(const std::string& path, FileStamp& out) {
   return status;
 }
 
+Status MemoryFileSystem::ListNames(const std::string& folder, std::vector<std::string>& out) {
+  calls.push_back("list " + folder);
+  Status status = Failure(failures, folder);
+  if (!status.ok()) return status;
+  const std::string prefix = folder.ends_with('/') ? folder : folder + "/";
+  std::set<std::string> names;
+  for (const auto& [path, content] : files) {
+    if (path.starts_with(prefix)) {
+      names.insert(path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size()));
+    }
+  }
+  if (names.empty()) return Status(StatusKind::kNotFound);
+  out.assign(names.begin(), names.end());
+  return status;
+}
+
 Status MemoryFileSystem::CreateEmpty(const std::string& path) {
   calls.push_back("create " + path);
   Status status = Failure(writeFailures, path);

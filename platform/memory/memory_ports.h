@@ -29,6 +29,7 @@ class MemoryFileSystem : public FileSystem {
 
   Status Read(const std::string& path, const TakeBytes& take) override;
   Status GetStamp(const std::string& path, FileStamp& out) override;
+  Status ListNames(const std::string& folder, std::vector<std::string>& out) override;
   Status CreateEmpty(const std::string& path) override;
   Status Stage(const std::string& path, std::string_view content,
                std::unique_ptr<StagedFile>& out) override;

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "core/random_numbers.h"
+#include "platform/memory/memory_random_numbers.h"
 #include "reminder/editor_window.h"
 #include "reminder/previous_instance.h"
 
@@ -16,19 +16,6 @@ class MemoryPreviousInstance : public PreviousInstance {
 
   [[nodiscard]] bool Claim() override { return claimed = !anotherRuns; }
   void Release() override { claimed = false; }
-};
-
-// Gives out `draws` in turn, from the start again when they are used up.
-class MemoryRandomNumbers : public RandomNumbers {
- public:
-  std::vector<double> draws{0.0};
-  std::vector<unsigned> seeds;
-
-  void Seed(unsigned seed) override { seeds.push_back(seed); }
-  [[nodiscard]] double Draw() override { return draws.at(next_++ % draws.size()); }
-
- private:
-  std::size_t next_ = 0;
 };
 
 class MemoryEditorWindow : public EditorWindow {

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -300,6 +301,24 @@ Status PosixFileSystem::GetStamp(const std::string& path, FileStamp& out) {
   out.modified = static_cast<std::int64_t>(info.st_mtim.tv_sec) * 1'000'000'000 +
                  static_cast<std::int64_t>(info.st_mtim.tv_nsec);
   out.identity = static_cast<std::uint64_t>(info.st_ino);
+  return {};
+}
+
+Status PosixFileSystem::ListNames(const std::string& folder, std::vector<std::string>& out) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), ::closedir);
+  if (open == nullptr) return FromErrno(errno);
+  std::vector<std::string> names;
+  for (;;) {
+    // The end and a failure both give no entry; only the error number tells them apart.
+    errno = 0;
+    const dirent* const entry = ::readdir(open.get());
+    if (entry == nullptr) break;
+    const std::string_view name = static_cast<const char*>(entry->d_name);
+    if (name != "." && name != "..") names.emplace_back(name);
+  }
+  if (errno != 0) return FromErrno(errno);
+  std::sort(names.begin(), names.end());
+  out = std::move(names);
   return {};
 }
 

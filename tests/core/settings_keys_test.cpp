@@ -36,6 +36,8 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kAlarmSound, "Options", "AlarmSound", "True", "true"},
       {kAlarmBeepEachMinute, "Options", "AlarmBeepEachMinute", "True", "true"},
       {kDisableAlarms, "Options", "DisableAlarms", "False", "false"},
+      {kQuotesPath, "Options", "QuotesPath", missing, ""},
+      {kShowDailyQuotes, "Options", "ShowDailyQuotes", "False", "false"},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
   };
   for (const KeyCase& c : cases) {
@@ -54,7 +56,8 @@ TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
   for (const Setting& setting :
        {kShowLessThan, kSpellOutReminderMonths, kCapitalizeTodaysEvents, kListTodayWithEvents,
         kShowDateDifferencesInDaysOnly, kShowDayOfWeek, kShowOnlyIfEventsInRange, kNewDateOffset,
-        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kShowTodaysDateWithReminders}) {
+        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kQuotesPath, kShowDailyQuotes,
+        kShowTodaysDateWithReminders}) {
     EXPECT_EQ(setting.mode, "") << setting.key;
   }
 }

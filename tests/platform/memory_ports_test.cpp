@@ -96,6 +96,21 @@ TEST(MemoryFileSystem, CreatingKeepsWhatIsThere) {
   EXPECT_EQ(files.files["b"], "");
 }
 
+TEST(MemoryFileSystem, ListsTheNamesInAFolder) {
+  MemoryFileSystem files;
+  files.files = {{"/b", ""}, {"/opt/b/x", ""}, {"/opt/b/y", ""}, {"/opt/B", ""}, {"/optional", ""}};
+  std::vector<std::string> names;
+  EXPECT_TRUE(files.ListNames("/opt", names).ok());
+  EXPECT_THAT(names, ElementsAre("B", "b"));
+  EXPECT_TRUE(files.ListNames("/", names).ok());
+  EXPECT_THAT(names, ElementsAre("b", "opt", "optional"));
+  EXPECT_EQ(files.ListNames("/op", names).kind(), StatusKind::kNotFound);
+  files.failures["/opt"] = StatusKind::kNoPermission;
+  EXPECT_EQ(files.ListNames("/opt", names).kind(), StatusKind::kNoPermission);
+  EXPECT_EQ(names.size(), 3);
+  EXPECT_EQ(files.CountCalls("list"), 4);
+}
+
 TEST(MemoryFileSystem, RecordsItsCalls) {
   MemoryFileSystem files;
   std::string content;

@@ -215,4 +215,4 @@ void QtNotificationAreaTest::stopsWaitingWhenTheIconIsTakenAway() {
 }  // namespace tidewarden
 
 QTEST_MAIN(tidewarden::QtNotificationAreaTest)
-#include "qt_notification_area_test.moc"
+#include "notification_area_test.moc"
