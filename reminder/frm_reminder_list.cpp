@@ -9,8 +9,6 @@
 namespace tidewarden {
 
 ReminderListView::ReminderListView(QWidget* parent) : QListView(parent) {
-  // Rows are cut by the window's edge rather than shortened with dots, and can be scrolled to.
-  setTextElideMode(Qt::ElideNone);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setLayoutMode(QListView::Batched);
@@ -75,10 +73,12 @@ void ReminderListView::focusInEvent(QFocusEvent* event) {
 }
 
 void ReminderListView::resizeEvent(QResizeEvent* event) {
-  // In a low list the bar would take the place of the few rows that it serves.
+  // In a low list the bar would take the place of the few rows that it serves; dots then tell
+  // that a row goes on.
   constexpr int kRowsBesideBar = 12;
   const bool hasRoom = height() >= kRowsBesideBar * fontMetrics().height();
   setHorizontalScrollBarPolicy(hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  setTextElideMode(hasRoom ? Qt::ElideNone : Qt::ElideRight);
   QListView::resizeEvent(event);
 }
 
@@ -92,7 +92,8 @@ bool ReminderListView::viewportEvent(QEvent* event) {
 void ReminderListView::ShowWholeRow(const QHelpEvent* help) {
   const QModelIndex index = indexAt(help->pos());
   const QRect row = visualRect(index);
-  const bool isCut = row.left() < 0 || row.right() >= viewport()->width();
+  const bool isCut =
+      row.left() < 0 || row.left() + sizeHintForIndex(index).width() > viewport()->width();
   QToolTip::showText(help->globalPos(), isCut ? PlainToolTip(index.data().toString()) : QString(),
                      viewport(), row);
 }

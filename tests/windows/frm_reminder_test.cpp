@@ -1,68 +1,16 @@
 // The reminder window, offscreen, with everything around it in memory.
+#include <QAbstractButton>
+#include <QAction>
 #include <QLabel>
-#include <QListView>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
+#include <QToolButton>
 
-#include "dates/regional_text.h"
-#include "platform/memory/memory_notification_area.h"
-#include "platform/memory/memory_ports.h"
-#include "platform/memory/memory_reminder.h"
-#include "platform/memory/memory_sound.h"
-#include "reminder/frm_reminder.h"
-#include "reminder/reminder_session.h"
+#include "tests/windows/reminder_world.h"
 
 namespace tidewarden {
-namespace {
-
-constexpr char kPath[] = "/home/someone/dates.txt";
-const Screens kScreens{{0, 0, 28800, 16200}, {{0, 0, 28800, 16200}}, true};
-
-struct World {
-  MemorySettingsStore settings;
-  MemoryFileSystem files;
-  MemoryClock clock;
-  MemoryMessageBox messages;
-  MemoryShiftKey shiftKey;
-  PatternRegionalFormats formats{"MM/dd/yyyy"};
-  MemoryPreviousInstance instance;
-  MemoryNotificationArea area;
-  MemoryRandomNumbers random;
-  MemoryEditorWindow editor;
-  MemorySoundPlayer sound;
-  ProgramFolders folders{"/opt/tidewarden", "/home/someone/data", PathStyle::kPosix};
-  AlarmSession alarms{{settings, files, sound, messages}, folders};
-  ReminderSession session{ReminderPorts{settings, files, clock, messages, shiftKey, formats,
-                                        instance, area, random, editor, alarms, folders}};
-
-  explicit World(const std::string& events) { files.files[kPath] = events; }
-
-  bool Load() { return session.Load(kScreens, kPath) == WindowChange::kNone; }
-
-  // A tick on another day.
-  void TickOn(frmReminder& window, CivilDate day) {
-    clock.now.date = day;
-    QVERIFY(QMetaObject::invokeMethod(window.findChild<QTimer*>(QStringLiteral("tmrAlarm")),
-                                      "timeout"));
-  }
-};
-
-template <typename Widget>
-Widget* Find(const frmReminder& window, const char* name) {
-  return window.findChild<Widget*>(QString::fromLatin1(name));
-}
-
-QStringList RowsOf(const frmReminder& window) {
-  QStringList rows;
-  const auto* const list = Find<QListView>(window, "List1");
-  for (int row = 0; row < list->model()->rowCount(); ++row) {
-    rows << list->model()->index(row, 0).data().toString();
-  }
-  return rows;
-}
-
-}  // namespace
 
 class FrmReminderTest : public QObject {
   Q_OBJECT
@@ -76,6 +24,11 @@ class FrmReminderTest : public QObject {
   void listsManyRowsWithoutDelay();
   void tellsWhenTheProgramIsToEnd();
   void namesEveryControlForScreenReaders();
+  void goesThroughTheControlsInTheirOrderOnTheScreen();
+  void marksNoRowBeforeOneIsChosen();
+  void carriesItsTextsAndTooltips();
+  void hidesTheDateWhenTheUserDoesNotWantIt();
+  void startsItsTimersOnlyWhenItIsStarted();
   void showsTheNewListAfterARebuild();
 };
 
@@ -104,7 +57,7 @@ void FrmReminderTest::takesItsCaptionFromTheSettings() {
   frmReminder window(world.session);
   QCOMPARE(window.windowTitle(), QStringLiteral("Your Tidewarden Upcoming Events"));
 
-  QVERIFY(world.settings.Write("Options", "TitlebarText", "Ours [*] & <b>more</b>").ok());
+  world.Set("Options", "TitlebarText", "Ours [*] & <b>more</b>");
   window.RestoreFromTray();
   QVERIFY(!window.isWindowModified());
   QCOMPARE(window.windowTitle(), QStringLiteral("Ours [*][*] & <b>more</b>"));
@@ -127,7 +80,7 @@ void FrmReminderTest::listsManyRowsWithoutDelay() {
   frmReminder window(world.session);
   window.show();
   QVERIFY(QTest::qWaitForWindowExposed(&window));
-  auto* const list = Find<QListView>(window, "List1");
+  auto* const list = ListOf(window);
   QCOMPARE(list->model()->rowCount(), 100'001);
   const QModelIndex last = list->model()->index(100'000, 0);
   QTRY_VERIFY_WITH_TIMEOUT((list->scrollTo(last), list->visualRect(last).isValid()), 20'000);
@@ -136,7 +89,7 @@ void FrmReminderTest::listsManyRowsWithoutDelay() {
 
 void FrmReminderTest::tellsWhenTheProgramIsToEnd() {
   World world("12.25,Christmas,14,yearly\r\n");
-  QVERIFY(world.settings.Write("Options", "ShowOnlyIfEventsInRange", "True").ok());
+  world.Set("Options", "ShowOnlyIfEventsInRange", "True");
   QVERIFY(world.Load());
   frmReminder window(world.session);
   QSignalSpy ended(&window, &frmReminder::Ended);
@@ -151,13 +104,99 @@ void FrmReminderTest::tellsWhenTheProgramIsToEnd() {
   QVERIFY(!window.isVisible());
 }
 
+// Whatever can be read or has the keyboard, also what comes later; Qt's own parts have names that
+// begin with "qt_".
 void FrmReminderTest::namesEveryControlForScreenReaders() {
   World world("");
   QVERIFY(world.Load());
   frmReminder window(world.session);
-  for (const char* const name : {"List1", "sknDate"}) {
-    QVERIFY2(!Find<QWidget>(window, name)->accessibleName().isEmpty(), name);
+  QStringList named;
+  for (const QWidget* const control : window.findChildren<QWidget*>()) {
+    const bool counts = control->focusPolicy() != Qt::NoFocus ||
+                        qobject_cast<const QLabel*>(control) != nullptr ||
+                        qobject_cast<const QAbstractButton*>(control) != nullptr ||
+                        qobject_cast<const QMenu*>(control) != nullptr;
+    if (!counts || control->objectName().startsWith(QStringLiteral("qt_"))) continue;
+    QVERIFY2(!control->objectName().isEmpty(), control->metaObject()->className());
+    QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(control->objectName()));
+    QVERIFY2(!control->accessibleName().contains(u'&'), qPrintable(control->objectName()));
+    named << control->objectName();
   }
+  for (const char* const name :
+       {"List1", "sknDate", "cmdGoToEdit", "cmdTray", "txtDailyQuote", "mnuPop"}) {
+    QVERIFY2(named.contains(QString::fromLatin1(name)), name);
+  }
+  for (const QAction* const action : Find<QMenu>(window, "mnuPop")->actions()) {
+    QVERIFY2(action->isSeparator() || !action->text().isEmpty(), qPrintable(action->objectName()));
+  }
+}
+
+void FrmReminderTest::goesThroughTheControlsInTheirOrderOnTheScreen() {
+  World world("");
+  world.files.files[kQuotesPath] = "One\r\n";
+  world.Set("Options", "ShowDailyQuotes", "True");
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  ListOf(window)->setFocus();
+  QStringList order;
+  for (int i = 0; i < 4; ++i) {
+    order << QApplication::focusWidget()->objectName();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  const QStringList expected{QStringLiteral("List1"), QStringLiteral("cmdTray"),
+                             QStringLiteral("cmdGoToEdit"), QStringLiteral("txtDailyQuote")};
+  QCOMPARE(order, expected);
+  QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("List1"));
+}
+
+void FrmReminderTest::marksNoRowBeforeOneIsChosen() {
+  World world("12.25,Christmas,14,yearly\r\n");
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  ListOf(window)->setFocus();
+  QTRY_VERIFY(ListOf(window)->hasFocus());
+  QVERIFY(!ListOf(window)->currentIndex().isValid());
+  QTest::keyClick(ListOf(window), Qt::Key_Down);
+  QCOMPARE(world.session.selectedRow(), 0);
+  QTest::keyClick(ListOf(window), Qt::Key_Down);
+  QCOMPARE(world.session.selectedRow(), 1);
+  window.RestoreFromTray();
+  QCOMPARE(world.session.selectedRow(), ReminderSession::kNoRow);
+  QVERIFY(ListOf(window)->selectionModel()->selectedIndexes().isEmpty());
+}
+
+void FrmReminderTest::carriesItsTextsAndTooltips() {
+  World world("");
+  QVERIFY(world.Load());
+  const frmReminder window(world.session);
+  QCOMPARE(Find<QPushButton>(window, "cmdGoToEdit")->text(), QStringLiteral("&EDIT"));
+  QCOMPARE(Find<QPushButton>(window, "cmdGoToEdit")->toolTip(),
+           QStringLiteral("Open the Events Editor (Alt + E)"));
+  QCOMPARE(Find<QToolButton>(window, "cmdTray")->toolTip(), QStringLiteral("Send to the tray"));
+  QVERIFY(!Find<QToolButton>(window, "cmdTray")->icon().isNull());
+}
+
+void FrmReminderTest::hidesTheDateWhenTheUserDoesNotWantIt() {
+  World world("");
+  world.Set("Options", "ShowTodaysDateBeneathReminders", "False");
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  QVERIFY(!Find<QLabel>(window, "sknDate")->isVisible());
+  QVERIFY(Find<QPushButton>(window, "cmdGoToEdit")->isVisible());
+}
+
+void FrmReminderTest::startsItsTimersOnlyWhenItIsStarted() {
+  World world("");
+  world.Set("Settings", "TimerInterval", "500");
+  QVERIFY(world.Load());
+  frmReminder window(world.session);
+  auto* const timer = Find<QTimer>(window, "tmrAlarm");
+  QVERIFY(!timer->isActive());
+  window.Start();
+  QTRY_VERIFY(timer->isActive());
+  QCOMPARE(timer->interval(), 1000);
+  QCOMPARE(timer->timerType(), Qt::PreciseTimer);
+  QVERIFY(Find<QTimer>(window, "tmrMinute")->isActive());
 }
 
 void FrmReminderTest::showsTheNewListAfterARebuild() {
