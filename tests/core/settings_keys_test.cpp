@@ -36,6 +36,12 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kAlarmSound, "Options", "AlarmSound", "True", "true"},
       {kAlarmBeepEachMinute, "Options", "AlarmBeepEachMinute", "True", "true"},
       {kDisableAlarms, "Options", "DisableAlarms", "False", "false"},
+      {kAlarmPath, "Options", "AlarmPath", missing, ""},
+      {kAlarmMaximized, "Alarm", "Maximized", "False", "false"},
+      {kAlarmLeft, "Alarm", "Left", missing, ""},
+      {kAlarmTop, "Alarm", "Top", missing, ""},
+      {kAlarmWidth, "Alarm", "Width", "4815", "4815"},
+      {kAlarmHeight, "Alarm", "Height", "2550", "2550"},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
   };
   for (const KeyCase& c : cases) {
@@ -54,7 +60,8 @@ TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
   for (const Setting& setting :
        {kShowLessThan, kSpellOutReminderMonths, kCapitalizeTodaysEvents, kListTodayWithEvents,
         kShowDateDifferencesInDaysOnly, kShowDayOfWeek, kShowOnlyIfEventsInRange, kNewDateOffset,
-        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kShowTodaysDateWithReminders}) {
+        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kAlarmPath, kAlarmMaximized, kAlarmLeft,
+        kAlarmTop, kAlarmWidth, kAlarmHeight, kShowTodaysDateWithReminders}) {
     EXPECT_EQ(setting.mode, "") << setting.key;
   }
 }
