@@ -101,6 +101,8 @@ void frmAlarm::ShowMessages() {
   show();
   raise();
   activateWindow();
+  // Where not all messages can be seen, the empty line before the first is no loss.
+  messages_->verticalScrollBar()->setValue(messages_->verticalScrollBar()->singleStep());
 }
 
 void frmAlarm::Load() {
@@ -135,6 +137,7 @@ void frmAlarm::LoadAlarmPlacement() {
 }
 
 void frmAlarm::PlaceNormally() {
+  if (isMaximized()) return;
   setMinimumSize(0, 0);
   programSize_ = normalPlace_.size();
   resize(normalPlace_.size());
@@ -212,9 +215,8 @@ void frmAlarm::Render() {
   lblAlarmMessage->setAccessibleName(tr("Alarm messages: %1").arg(messages.simplified()));
   LayOutMessages();
   // The text grows at its end; what is new comes into view.
-  const bool hasGrown = isVisible() && !before.isEmpty() && messages.startsWith(before);
-  QScrollBar* const bar = messages_->verticalScrollBar();
-  bar->setValue(hasGrown ? bar->maximum() : bar->minimum());
+  if (isVisible())
+    messages_->verticalScrollBar()->setValue(messages_->verticalScrollBar()->maximum());
 }
 
 Screens frmAlarm::ScreensNow() {
