@@ -38,6 +38,12 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kDisableAlarms, "Options", "DisableAlarms", "False", "false"},
       {kQuotesPath, "Options", "QuotesPath", missing, ""},
       {kShowDailyQuotes, "Options", "ShowDailyQuotes", "False", "false"},
+      {kAlarmPath, "Options", "AlarmPath", missing, ""},
+      {kAlarmMaximized, "Alarm", "Maximized", "False", "false"},
+      {kAlarmLeft, "Alarm", "Left", missing, ""},
+      {kAlarmTop, "Alarm", "Top", missing, ""},
+      {kAlarmWidth, "Alarm", "Width", "4815", "4815"},
+      {kAlarmHeight, "Alarm", "Height", "2550", "2550"},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
   };
   for (const KeyCase& c : cases) {
@@ -53,11 +59,26 @@ TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
   for (const Setting& setting : {kPath, kTitlebarText, kPrefaceTodaysEvents}) {
     EXPECT_EQ(setting.mode, "KeepCaps") << setting.key;
   }
-  for (const Setting& setting :
-       {kShowLessThan, kSpellOutReminderMonths, kCapitalizeTodaysEvents, kListTodayWithEvents,
-        kShowDateDifferencesInDaysOnly, kShowDayOfWeek, kShowOnlyIfEventsInRange, kNewDateOffset,
-        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kQuotesPath, kShowDailyQuotes,
-        kShowTodaysDateWithReminders}) {
+  for (const Setting& setting : {kShowLessThan,
+                                 kSpellOutReminderMonths,
+                                 kCapitalizeTodaysEvents,
+                                 kListTodayWithEvents,
+                                 kShowDateDifferencesInDaysOnly,
+                                 kShowDayOfWeek,
+                                 kShowOnlyIfEventsInRange,
+                                 kNewDateOffset,
+                                 kAlarmSound,
+                                 kAlarmBeepEachMinute,
+                                 kDisableAlarms,
+                                 kQuotesPath,
+                                 kShowDailyQuotes,
+                                 kAlarmPath,
+                                 kAlarmMaximized,
+                                 kAlarmLeft,
+                                 kAlarmTop,
+                                 kAlarmWidth,
+                                 kAlarmHeight,
+                                 kShowTodaysDateWithReminders}) {
     EXPECT_EQ(setting.mode, "") << setting.key;
   }
 }

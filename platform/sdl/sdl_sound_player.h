@@ -1,0 +1,41 @@
+// The sound port over SDL2_mixer: wav, ogg, mp3, flac and whatever else the library reads.
+//
+// The sound device is opened for a sound and given back as soon as Rest, Stop or the end of the
+// player finds it idle, so that the program does not hold it all day. The environment variables
+// of SDL choose the device; SDL_AUDIODRIVER=disk writes what would be heard to a file.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "alarm/sound_player.h"
+
+namespace tidewarden {
+
+class SdlSoundPlayer : public SoundPlayer {
+ public:
+  // `beep` sounds the system's exclamation and does not wait for it. `complain` takes one line
+  // for standard error, without a line end.
+  SdlSoundPlayer(std::function<void()> beep, std::function<void(const std::string&)> complain);
+  ~SdlSoundPlayer() override;
+  SdlSoundPlayer(const SdlSoundPlayer&) = delete;
+  SdlSoundPlayer& operator=(const SdlSoundPlayer&) = delete;
+
+  void Play(const std::string& path, SoundKind kind) override;
+  void Beep(const std::string& reason) override;
+  void Stop() override;
+  void Rest() override;
+
+  [[nodiscard]] bool isPlaying() const;
+  [[nodiscard]] bool holdsDevice() const { return device_ != nullptr; }
+
+ private:
+  class Device;
+
+  std::function<void()> beep_;
+  std::function<void(const std::string&)> complain_;
+  std::unique_ptr<Device> device_;
+};
+
+}  // namespace tidewarden

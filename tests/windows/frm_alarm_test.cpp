@@ -1,0 +1,601 @@
+// The alarm window, offscreen, with everything around it in memory.
+#include <QDir>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+
+#include "alarm/alarm_session.h"
+#include "alarm/frm_alarm.h"
+#include "platform/memory/memory_ports.h"
+#include "platform/memory/memory_sound.h"
+#include "tests/support/layouts.h"
+
+namespace tidewarden {
+namespace {
+
+constexpr int kTwips = 15;
+
+struct World {
+  MemorySettingsStore settings;
+  MemoryFileSystem files;
+  MemorySoundPlayer sound;
+  MemoryMessageBox messages;
+  AlarmSession session{{settings, files, sound, messages},
+                       {"/opt/tidewarden", "/home/ann/.data", PathStyle::kPosix}};
+  AlarmSchedule schedule;
+  std::vector<std::string_view> list;
+  LocalTime now{test::On(2014, 12, 22), 8, 0, 0, 0};
+  frmAlarm window{session};
+
+  // Lets alarms go off in the next minute. Their titles get the time of day.
+  void Ring(const std::vector<std::string>& titles) {
+    ++now.minute;
+    schedule.Clear();
+    const std::string time = " 8:" + std::string(now.minute < 10 ? "0" : "");
+    for (const std::string& title : titles) {
+      schedule.ScheduleAlarm(title + time + std::to_string(now.minute), now.date);
+    }
+    session.ListBuilt(schedule, now);
+    QVERIFY(session.Tick(schedule, list, {}, now).showsMessages);
+    window.ShowMessages();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+  }
+
+  void Store(const char* name, const std::string& value) {
+    QVERIFY(settings.Write("Alarm", name, value).ok());
+  }
+
+  void StorePlacement(int left, int top, int width, int height) {
+    Store("Left", std::to_string(left));
+    Store("Top", std::to_string(top));
+    Store("Width", std::to_string(width));
+    Store("Height", std::to_string(height));
+  }
+
+  [[nodiscard]] QString Stored(const char* name) const {
+    return QString::fromStdString(settings.At("Alarm", name));
+  }
+
+  template <typename Widget>
+  [[nodiscard]] Widget* Find(const char* name) const {
+    return window.findChild<Widget*>(QString::fromLatin1(name));
+  }
+  [[nodiscard]] QString Text() const { return Find<QLabel>("lblAlarmMessage")->text(); }
+  [[nodiscard]] QScrollBar* Bar() const {
+    return Find<QScrollArea>("scrAlarmMessage")->verticalScrollBar();
+  }
+};
+
+QSize InPixels(int width, int height) {
+  return QSize(width / kTwips, height / kTwips);
+}
+
+QString Twips(int pixels) {
+  return QString::number(pixels * kTwips);
+}
+
+// Where a control lies, in twips from the corner of `in`.
+QRect PlaceOf(const QWidget* control, const QWidget* in) {
+  const QPoint corner = control->mapTo(in, QPoint(0, 0));
+  return QRect(corner * kTwips, control->size() * kTwips);
+}
+
+std::vector<std::string> Many(int count) {
+  std::vector<std::string> titles;
+  for (int i = 1; i <= count; ++i) titles.push_back("Number " + std::to_string(i));
+  return titles;
+}
+
+}  // namespace
+
+class FrmAlarmTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void opensInItsFirstSizeWhenNothingIsStored();
+  void opensAtItsStoredPlace();
+  void ignoresAStoredWidthBelowTheLeast();
+  void staysAboveOtherWindowsAndTakesTheFocusWithoutRisk();
+  void showsEveryMessageFollowedByAnEmptyLine();
+  void aFurtherAlarmOnlyChangesTheText();
+  void startsAFreshListAfterItWasClosed();
+  void keepsTheMessagesWhenItIsOnlyHidden();
+  void closesInEveryWayByTheSameSteps();
+  void laysOutItsControls_data();
+  void laysOutItsControls();
+  void growsToItsLeastSizeWhenTheUserResizesIt();
+  void theProgramsOwnResizingIsNoneOfTheUser();
+  void writesMaximizedAtOnceAndTheRestWhenClosing();
+  void opensMaximized();
+  void savesItsPlaceWhenTheMouseIsReleasedOnItsSurface();
+  void doesNotSaveWhenTheMouseIsReleasedOnAControl();
+  void keepsItsPlaceOverManyOpenings();
+  void hasTheFontOfTheList();
+  void keepsTheDesignedSizeForASizeThatIsNone();
+  void showsMarkupAndAmpersandsAsTheyWereTyped();
+  void scrollsToWhatDoesNotFit();
+  void breaksWordsThatAreWiderThanTheWindow();
+  void bringsNewMessagesIntoView();
+  void staysQuickWithThousandsOfMessages();
+  void canBeClosedWhileAMessageBoxWaits();
+  void doesNotEndTheProgram();
+  void takesASkin();
+  void namesEveryControlForScreenReaders();
+  void drawsABell();
+};
+
+void FrmAlarmTest::opensInItsFirstSizeWhenNothingIsStored() {
+  World world;
+  world.Ring({"Dentist"});
+  const QSize screen = QGuiApplication::primaryScreen()->size() * kTwips;
+  QCOMPARE(world.window.size(), InPixels(4455, 2130));
+  const QPoint centred((screen.width() - 4815) / 2, (screen.height() - 2550) / 2);
+  QVERIFY(std::abs(world.window.x() * kTwips - centred.x()) <= kTwips);
+  QVERIFY(std::abs(world.window.y() * kTwips - centred.y()) <= kTwips);
+  world.window.close();
+  QCOMPARE(world.Stored("Width"), QStringLiteral("4455"));
+  QCOMPARE(world.Stored("Height"), QStringLiteral("2130"));
+  QCOMPARE(world.Stored("Maximized"), QStringLiteral("False"));
+  // Until the user resizes it, it opens like this again.
+  world.Ring({"Bus"});
+  QCOMPARE(world.window.size(), InPixels(4455, 2130));
+}
+
+void FrmAlarmTest::opensAtItsStoredPlace() {
+  World world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Ring({"Dentist"});
+  QCOMPARE(world.window.pos(), QPoint(20, 30));
+  QCOMPARE(world.window.size(), QSize(400, 200));
+}
+
+void FrmAlarmTest::ignoresAStoredWidthBelowTheLeast() {
+  World world;
+  world.StorePlacement(300, 450, 4814, 3000);
+  world.Ring({"Dentist"});
+  QCOMPARE(world.window.size(), InPixels(4455, 2130));
+  QVERIFY(world.window.pos() != QPoint(20, 30));
+}
+
+void FrmAlarmTest::staysAboveOtherWindowsAndTakesTheFocusWithoutRisk() {
+  World world;
+  world.Ring({"Dentist"});
+  QVERIFY(world.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+  QVERIFY(world.window.isActiveWindow());
+  QVERIFY(!world.Find<QPushButton>("cmdOK")->hasFocus());
+  QVERIFY(!world.Find<QPushButton>("cmdOK")->isDefault());
+  // What a user types who has not yet noticed the window.
+  for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_A}) {
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+  }
+  QVERIFY(world.window.isVisible());
+  // The button is a key away all the same.
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  QVERIFY(world.Find<QPushButton>("cmdOK")->hasFocus());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  QVERIFY(!world.window.isVisible());
+}
+
+void FrmAlarmTest::showsEveryMessageFollowedByAnEmptyLine() {
+  World world;
+  world.Ring({"Dentist", "Bus"});
+  QCOMPARE(world.Text(), QStringLiteral("\nDentist 8:01\n\nBus 8:01\n"));
+  QCOMPARE(world.window.windowTitle(), QStringLiteral("Your Tidewarden Alarm Messages."));
+  QCOMPARE(world.Find<QLabel>("Label1")->text(),
+           QStringLiteral("You Have a Tidewarden Alarm . . ."));
+  QCOMPARE(world.Find<QPushButton>("cmdOK")->text(), QStringLiteral("OK"));
+}
+
+void FrmAlarmTest::aFurtherAlarmOnlyChangesTheText() {
+  World world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Ring({"Dentist"});
+  world.window.move(100, 110);
+  world.window.resize(500, 250);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&other));
+  world.Ring({"Bus"});
+  QCOMPARE(world.Text(), QStringLiteral("\nDentist 8:01\n\nBus 8:02\n"));
+  QCOMPARE(world.window.pos(), QPoint(100, 110));
+  QCOMPARE(world.window.size(), QSize(500, 250));
+  QVERIFY(other.isActiveWindow());
+}
+
+void FrmAlarmTest::startsAFreshListAfterItWasClosed() {
+  World world;
+  world.Ring({"Dentist"});
+  QTest::mouseClick(world.Find<QPushButton>("cmdOK"), Qt::LeftButton);
+  QVERIFY(!world.window.isVisible());
+  QVERIFY(world.session.AlarmText().empty());
+  world.Ring({"Bus"});
+  QVERIFY(world.window.isVisible());
+  QCOMPARE(world.Text(), QStringLiteral("\nBus 8:02\n"));
+}
+
+void FrmAlarmTest::keepsTheMessagesWhenItIsOnlyHidden() {
+  World world;
+  world.Ring({"Dentist"});
+  world.window.hide();
+  QVERIFY(!world.session.AlarmText().empty());
+  world.Ring({"Bus"});
+  QVERIFY(world.window.isVisible());
+  QCOMPARE(world.Text(), QStringLiteral("\nDentist 8:01\n\nBus 8:02\n"));
+}
+
+void FrmAlarmTest::closesInEveryWayByTheSameSteps() {
+  for (const char* const way : {"OK", "X", "end"}) {
+    MemorySettingsStore settings;
+    MemoryFileSystem files;
+    MemorySoundPlayer sound;
+    MemoryMessageBox messages;
+    AlarmSession session({settings, files, sound, messages}, {});
+    AlarmSchedule schedule;
+    std::vector<std::string_view> list;
+    const LocalTime now{test::On(2014, 12, 22), 9, 0, 0, 0};
+    schedule.ScheduleAlarm("Tea 9:00", now.date);
+    QVERIFY(session.Tick(schedule, list, {}, now).showsMessages);
+    auto window = std::make_unique<frmAlarm>(session);
+    window->ShowMessages();
+    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    window->resize(400, 200);
+    if (way == std::string_view("OK")) {
+      window->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    } else if (way == std::string_view("X")) {
+      window->close();
+    }
+    window.reset();
+    QVERIFY2(session.AlarmText().empty(), way);
+    QVERIFY2(sound.calls.back() == "stop", way);
+    QVERIFY2(std::count(sound.calls.begin(), sound.calls.end(), "stop") == 1, way);
+    QCOMPARE(settings.At("Alarm", "Width"), std::string("6000"));
+  }
+}
+
+void FrmAlarmTest::laysOutItsControls_data() {
+  QTest::addColumn<QSize>("size");
+  QTest::newRow("first") << InPixels(4455, 2130);
+  QTest::newRow("least") << InPixels(4815, 2550);
+  QTest::newRow("larger") << QSize(640, 480);
+}
+
+void FrmAlarmTest::laysOutItsControls() {
+  QFETCH(QSize, size);
+  World world;
+  world.Ring({"Dentist"});
+  world.window.resize(size);
+  const int width = world.window.width() * kTwips;
+  const int height = world.window.height() * kTwips;
+  const QRect picture = PlaceOf(world.Find<QWidget>("Picture1"), &world.window);
+  QCOMPARE(picture, QRect(120, 120, width - 240, height - 720));
+  const QRect message =
+      PlaceOf(world.Find<QWidget>("lblAlarmMessage"), world.Find<QWidget>("Picture1"));
+  QCOMPARE(message, QRect(345, 480, picture.width() - 570, picture.height() - 720));
+  const QRect ok = PlaceOf(world.Find<QWidget>("cmdOK"), &world.window);
+  QCOMPARE(ok, QRect(width - 1335, height - 495, 1215, 375));
+  const QRect heading = PlaceOf(world.Find<QWidget>("Label1"), world.Find<QWidget>("Picture1"));
+  QCOMPARE(heading.topLeft(), QPoint(345, 60));
+  QVERIFY(heading.bottom() < message.top());
+  QVERIFY(heading.right() < picture.width());
+}
+
+void FrmAlarmTest::growsToItsLeastSizeWhenTheUserResizesIt() {
+  const struct {
+    QSize wanted, got;
+  } cases[] = {
+      {{300, 150}, {321, 170}}, {{296, 142}, {321, 170}}, {{320, 170}, {321, 170}},
+      {{321, 169}, {321, 170}}, {{321, 170}, {321, 170}}, {{322, 171}, {322, 171}},
+      {{600, 100}, {600, 170}}, {{100, 600}, {321, 600}},
+  };
+  for (const auto& [wanted, got] : cases) {
+    World world;
+    world.Ring({"Dentist"});
+    world.window.resize(wanted);
+    QTRY_COMPARE(world.window.size(), got);
+    world.window.resize(wanted);  // and again
+    QTRY_COMPARE(world.window.size(), got);
+    world.window.close();
+    QCOMPARE(world.Stored("Width"), Twips(got.width()));
+    QCOMPARE(world.Stored("Height"), Twips(got.height()));
+  }
+}
+
+void FrmAlarmTest::theProgramsOwnResizingIsNoneOfTheUser() {
+  World world;
+  world.Ring({"Dentist"});
+  QTest::qWait(50);
+  QCOMPARE(world.window.size(), InPixels(4455, 2130));
+  world.window.hide();
+  world.window.show();
+  QVERIFY(QTest::qWaitForWindowExposed(&world.window));
+  QCOMPARE(world.window.size(), InPixels(4455, 2130));
+}
+
+void FrmAlarmTest::writesMaximizedAtOnceAndTheRestWhenClosing() {
+  World world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Ring({"Dentist"});
+  QCOMPARE(world.Stored("Maximized"), QStringLiteral("False"));
+  world.window.showMaximized();
+  QTRY_COMPARE(world.Stored("Maximized"), QStringLiteral("True"));
+  QCOMPARE(world.Stored("Width"), QStringLiteral("6000"));
+  world.window.showNormal();
+  QTRY_COMPARE(world.window.size(), QSize(400, 200));
+  QCOMPARE(world.Stored("Maximized"), QStringLiteral("True"));
+  world.window.resize(420, 210);
+  world.window.close();
+  QCOMPARE(world.Stored("Maximized"), QStringLiteral("False"));
+  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
+  QCOMPARE(world.Stored("Width"), Twips(420));
+  QCOMPARE(world.Stored("Height"), Twips(210));
+}
+
+void FrmAlarmTest::opensMaximized() {
+  World world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Store("Maximized", "True");
+  world.Ring({"Dentist"});
+  QVERIFY(world.window.isMaximized());
+  const QSize maximized = world.window.size();
+  QVERIFY(maximized.width() > 400);
+  QCOMPARE(PlaceOf(world.Find<QWidget>("cmdOK"), &world.window).left(),
+           maximized.width() * kTwips - 1335);
+  world.window.close();
+  QCOMPARE(world.Stored("Maximized"), QStringLiteral("True"));
+  QCOMPARE(world.Stored("Width"), QStringLiteral("6000"));
+  world.Ring({"Bus"});
+  QVERIFY(world.window.isMaximized());
+  world.window.showNormal();
+  QTRY_COMPARE(world.window.size(), InPixels(4455, 2130));
+}
+
+void FrmAlarmTest::savesItsPlaceWhenTheMouseIsReleasedOnItsSurface() {
+  World world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Ring({"Dentist"});
+  world.window.move(60, 90);
+  world.window.resize(450, 240);
+  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
+  for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+    QTest::mouseClick(&world.window, button, {}, QPoint(2, 2));
+    QCOMPARE(world.Stored("Left"), Twips(60));
+    QCOMPARE(world.Stored("Top"), Twips(90));
+    QCOMPARE(world.Stored("Width"), Twips(450));
+    QCOMPARE(world.Stored("Height"), Twips(240));
+    world.Store("Left", "300");
+  }
+  QVERIFY(!world.session.AlarmText().empty());
+}
+
+void FrmAlarmTest::doesNotSaveWhenTheMouseIsReleasedOnAControl() {
+  World world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Ring({"Dentist"});
+  world.window.move(60, 90);
+  for (const char* const name : {"Picture1", "Label1", "lblAlarmMessage", "scrAlarmMessage"}) {
+    QTest::mouseClick(world.Find<QWidget>(name), Qt::LeftButton);
+    QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
+  }
+  QTest::mousePress(world.Find<QWidget>("cmdOK"), Qt::LeftButton);
+  QTest::mouseRelease(world.Find<QWidget>("cmdOK"), Qt::LeftButton, {}, QPoint(-30, -30));
+  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
+  QVERIFY(world.window.isVisible());
+}
+
+void FrmAlarmTest::keepsItsPlaceOverManyOpenings() {
+  World world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  for (int i = 0; i < 10; ++i) {
+    world.Ring({"Dentist"});
+    world.window.close();
+  }
+  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
+  QCOMPARE(world.Stored("Top"), QStringLiteral("450"));
+  QCOMPARE(world.Stored("Width"), QStringLiteral("6000"));
+  QCOMPARE(world.Stored("Height"), QStringLiteral("3000"));
+}
+
+void FrmAlarmTest::hasTheFontOfTheList() {
+  World world;
+  QVERIFY(world.settings.Write("Settings", "FontName", "DejaVu Sans").ok());
+  QVERIFY(world.settings.Write("Settings", "FontBold", "true").ok());
+  QVERIFY(world.settings.Write("Settings", "FontItalic", "True").ok());
+  QVERIFY(world.settings.Write("Settings", "FontSize", "13.5").ok());
+  world.Ring({"Dentist"});
+  QFont font = world.Find<QLabel>("lblAlarmMessage")->font();
+  QCOMPARE(font.family(), QStringLiteral("DejaVu Sans"));
+  QVERIFY(font.bold());
+  QVERIFY(font.italic());
+  QCOMPARE(font.pointSize(), 14);
+  QVERIFY(world.Find<QLabel>("Label1")->font().bold());
+  QCOMPARE(world.Find<QLabel>("Label1")->font().family(), QStringLiteral("Arial"));
+
+  // Read afresh at each opening.
+  world.window.close();
+  QVERIFY(world.settings.Write("Settings", "FontBold", "false").ok());
+  world.Ring({"Bus"});
+  font = world.Find<QLabel>("lblAlarmMessage")->font();
+  QVERIFY(!font.bold());
+}
+
+void FrmAlarmTest::keepsTheDesignedSizeForASizeThatIsNone() {
+  World world;
+  QVERIFY(world.settings.Write("Settings", "FontSize", "0").ok());
+  QVERIFY(world.settings.Write("Settings", "FontName", "No Such Face").ok());
+  world.Ring({"Dentist"});
+  QCOMPARE(world.Find<QLabel>("lblAlarmMessage")->font().pointSize(), 8);
+  QCOMPARE(world.settings.At("Settings", "FontName"), std::string("No Such Face"));
+}
+
+void FrmAlarmTest::showsMarkupAndAmpersandsAsTheyWereTyped() {
+  World world;
+  world.StorePlacement(300, 450, 9000, 6000);
+  world.Ring({"<b>x</b> & <img src=x.png>"});
+  auto* const label = world.Find<QLabel>("lblAlarmMessage");
+  QCOMPARE(label->textFormat(), Qt::PlainText);
+  QVERIFY(world.Text().contains(QStringLiteral("<b>x</b> & <img")));
+  // What is painted differs from the text without its mark-up.
+  const QImage marked = label->grab().toImage();
+  world.window.close();
+  world.Ring({"x & "});
+  QVERIFY(label->grab().toImage() != marked);
+}
+
+void FrmAlarmTest::scrollsToWhatDoesNotFit() {
+  World world;
+  world.Ring({"Dentist"});
+  QVERIFY(!world.Bar()->isVisible());
+  world.window.close();
+  world.Ring(Many(40));
+  QVERIFY(world.Bar()->isVisible());
+  // Only the empty line before the first message is out of sight.
+  QVERIFY(world.Bar()->value() <= world.Find<QLabel>("lblAlarmMessage")->fontMetrics().height());
+  const auto* const label = world.Find<QLabel>("lblAlarmMessage");
+  const auto* const area = world.Find<QScrollArea>("scrAlarmMessage");
+  // The text keeps its width, and its last line can be reached with the keys.
+  QCOMPARE(label->width(), world.Find<QWidget>("Picture1")->width() - 570 / kTwips);
+  QVERIFY(area->viewport()->width() >= label->width());
+  const int before = world.Bar()->value();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
+  QVERIFY(world.Bar()->value() > before);
+  world.Bar()->setValue(world.Bar()->maximum());
+  const QPoint bottom(0, label->height());
+  QVERIFY(label->mapTo(area->viewport(), bottom).y() <= area->viewport()->height());
+  // A window that is large enough shows all of it.
+  world.window.resize(400, 2200);
+  QVERIFY(!world.Bar()->isVisible());
+}
+
+void FrmAlarmTest::breaksWordsThatAreWiderThanTheWindow() {
+  World world;
+  world.Ring({std::string(300, 'W')});
+  const auto* const label = world.Find<QLabel>("lblAlarmMessage");
+  const int lines =
+      label->fontMetrics().horizontalAdvance(QString(300, QLatin1Char('W'))) / label->width();
+  QVERIFY(lines > 3);
+  QVERIFY(label->height() >= lines * label->fontMetrics().height());
+  QVERIFY(world.Bar()->isVisible());
+  QVERIFY(world.Find<QScrollArea>("scrAlarmMessage")->horizontalScrollBar()->maximum() == 0);
+}
+
+void FrmAlarmTest::bringsNewMessagesIntoView() {
+  World world;
+  world.Ring(Many(10));
+  const int first = world.Bar()->value();
+  world.Ring({"The newest"});
+  QVERIFY(world.Bar()->maximum() > first);
+  QCOMPARE(world.Bar()->value(), world.Bar()->maximum());
+  world.window.close();
+  world.Ring(Many(10));
+  QCOMPARE(world.Bar()->value(), first);
+}
+
+void FrmAlarmTest::staysQuickWithThousandsOfMessages() {
+  World world;
+  world.Ring(Many(5'000));
+  world.Bar()->setValue(world.Bar()->maximum() / 2);
+  QVERIFY(!world.window.grab().isNull());
+  world.window.resize(500, 300);
+  QVERIFY(world.Find<QLabel>("lblAlarmMessage")->height() > 5'000 * 2 * 8);
+}
+
+void FrmAlarmTest::canBeClosedWhileAMessageBoxWaits() {
+  World world;
+  QMessageBox box;
+  box.setText(QStringLiteral("A question"));
+  box.setModal(true);
+  box.show();
+  QVERIFY(QTest::qWaitForWindowExposed(&box));
+  world.Ring({"Dentist"});
+  QTest::mouseClick(world.window.windowHandle(), Qt::LeftButton, {},
+                    world.Find<QPushButton>("cmdOK")->geometry().center());
+  QTRY_VERIFY(!world.window.isVisible());
+  QVERIFY(box.isVisible());
+  box.close();
+  world.Ring({"Bus"});
+  QCOMPARE(world.window.windowModality(), Qt::NonModal);
+}
+
+void FrmAlarmTest::doesNotEndTheProgram() {
+  World world;
+  QWidget reminder;
+  reminder.show();
+  world.Ring({"Dentist"});
+  reminder.hide();
+  bool ended = false;
+  const auto connection = connect(qApp, &QApplication::lastWindowClosed, [&] { ended = true; });
+  world.window.close();
+  QTest::qWait(20);
+  disconnect(connection);
+  QVERIFY(!ended);
+}
+
+void FrmAlarmTest::takesASkin() {
+  World world;
+  world.window.ApplySkin(
+      QStringLiteral("#Picture1 { background: #102030; }"
+                     "#Picture1 QLabel { color: #FFEEDD; }"));
+  world.Ring({"WWWWWWWWWW"});
+  const QImage picture = world.Find<QWidget>("Picture1")->grab().toImage();
+  const QPoint empty(picture.width() - 6, picture.height() - 6);
+  QCOMPARE(picture.pixelColor(empty), QColor(0x10, 0x20, 0x30));
+  bool isLight = false;
+  const QRect message = world.Find<QWidget>("lblAlarmMessage")->parentWidget()->geometry();
+  for (int x = 0; x < picture.width(); ++x) {
+    for (int y = picture.height() / 2; y < picture.height(); ++y) {
+      isLight = isLight || picture.pixelColor(x, y) == QColor(0xFF, 0xEE, 0xDD);
+    }
+  }
+  QVERIFY(message.isValid());
+  QVERIFY(isLight);
+  QCOMPARE(world.Find<QLabel>("lblAlarmMessage")->font().pointSize(), 8);
+  world.window.ApplySkin(QString());
+  QVERIFY(world.Find<QWidget>("Picture1")->grab().toImage().pixelColor(empty) !=
+          QColor(0x10, 0x20, 0x30));
+}
+
+void FrmAlarmTest::namesEveryControlForScreenReaders() {
+  World world;
+  world.Ring({"Dentist", "Bus"});
+  for (const char* const name : {"Picture1", "Label1", "scrAlarmMessage", "cmdOK"}) {
+    QVERIFY2(!world.Find<QWidget>(name)->accessibleName().isEmpty(), name);
+  }
+  QCOMPARE(world.Find<QLabel>("lblAlarmMessage")->accessibleName(),
+           QStringLiteral("Alarm messages: Dentist 8:01 Bus 8:01"));
+}
+
+void FrmAlarmTest::drawsABell() {
+  for (const bool dark : {false, true}) {
+    World world;
+    QPalette palette = QApplication::palette();
+    palette.setColor(QPalette::Base, dark ? QColor(30, 30, 30) : QColor(Qt::white));
+    world.window.setPalette(palette);
+    world.Ring({"Dentist"});
+    const QImage corner = world.Find<QWidget>("Picture1")->grab(QRect(3, 3, 20, 24)).toImage();
+    int coloured = 0;
+    for (int x = 0; x < corner.width(); ++x) {
+      for (int y = 0; y < corner.height(); ++y) {
+        const QColor color = corner.pixelColor(x, y);
+        if (color.hsvSaturation() > 100) ++coloured;
+      }
+    }
+    QVERIFY(coloured > 80);
+    // Picture by picture, for whoever wants to look.
+    const QString folder = qEnvironmentVariable("TIDEWARDEN_TEST_PICTURES");
+    if (!folder.isEmpty()) {
+      world.window.grab().save(QDir(folder).filePath(dark ? QStringLiteral("alarm-dark.png")
+                                                          : QStringLiteral("alarm-light.png")));
+    }
+  }
+}
+
+}  // namespace tidewarden
+
+QTEST_MAIN(tidewarden::FrmAlarmTest)
+#include "frm_alarm_test.moc"
