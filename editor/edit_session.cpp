@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "core/event_line.h"
 #include "core/events_file.h"
 #include "core/settings_keys.h"
 #include "dates/text.h"
@@ -44,6 +45,7 @@ std::optional<TodayCase> TodayRowWanted(SettingsStore& settings) {
 struct EditSession::Change {
   std::optional<EventRow> added;
   bool removesSelected = false;
+  std::optional<std::size_t> removed{};  // where the selected row was found
 };
 
 EditSession::EditSession(EditPorts ports, EditorHooks hooks, RegionalDateFormat format,
@@ -83,6 +85,10 @@ TwipsRectangle EditSession::Load(const std::vector<TwipsRectangle>& screens) {
   isLoaded_ = true;
   warned_ = false;
   entry_ = EventEntry(format_);
+  // The window is shown before the events are read, and shows none of an earlier opening.
+  List1_.clear();
+  EditorLineMap_.clear();
+  ++listVersion_;
   List1Tag_.reset();
   SelectedRowText_.clear();
   random_ = setup_.seed + static_cast<std::uint64_t>(DayCount{now.date}.time_since_epoch().count());
@@ -122,7 +128,7 @@ void EditSession::Closed(const std::optional<EditorPlace>& place, EditorClosing 
   if (why == EditorClosing::kReturnToReminders) Run(hooks_.showReminder);
 }
 
-void EditSession::LeftNormalState() {
+void EditSession::LeftNormalState() const {
   Run(hooks_.showReminder);
 }
 
@@ -160,7 +166,12 @@ void EditSession::FillEventList(std::string content, CivilDate today) {
   content_ = std::move(content);
   rescue_ = list.rescue;
   wantedLine_ = list.wantedLine;
+  settled_ = list.settled;
   List1_ = std::move(list.rows);
+  NumberRows();
+}
+
+void EditSession::NumberRows() {
   EditorLineMap_.clear();
   EditorLineMap_.reserve(List1_.size());
   for (const EventRow& row : List1_) EditorLineMap_.push_back(row.isToday ? kTodayLine : row.line);
@@ -355,45 +366,75 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
     current = content_;
     status = Status();
   }
-  EventList list;
-  if (status.ok() && readStatus_.ok() && current == content_) {
-    list.rows = List1_;
-    list.rescue = rescue_;
-  } else if (status.ok()) {
-    status = ReadEventList(current, format_, today, TodayRowWanted(ports_.settings), {}, list);
+  const bool unchanged = readStatus_.ok() && current == content_;
+  EventList fresh;
+  if (status.ok() && !unchanged) {
+    status = ReadEventList(current, format_, today, TodayRowWanted(ports_.settings), {}, fresh);
   }
   if (!status.ok()) {
     readStatus_ = std::move(status);
     ShowReadFailure();
     return false;
   }
-  if (change.removesSelected) {
-    const auto selected = FindSelectedRow(list.rows);
-    if (selected) list.rows.erase(list.rows.begin() + static_cast<std::ptrdiff_t>(*selected));
-    // Somebody else has deleted the event already.
-    if (!selected && !change.added) {
-      FillAfterWriting(std::move(current), today);
-      return true;
-    }
+  const std::vector<EventRow>& rows = unchanged ? List1_ : fresh.rows;
+  if (change.removesSelected) change.removed = FindSelectedRow(rows);
+  // Somebody else has deleted the event already.
+  if (change.removesSelected && !change.removed && !change.added) {
+    FillAfterWriting(std::move(current), today);
+    return true;
   }
-  if (change.added) list.rows.insert(list.rows.begin(), std::move(*change.added));
-  SortEventRows(list.rows);
-
-  std::string content = EventsFileContent(list.rows, format_, current);
-  const int levels = LevelsOfBackup(ports_.settings);
-  const WriteResult result = WriteEventsFile(ports_.files, path, setup_.rescueFolder, levels,
-                                             {current, content, list.rescue, exists});
-  if (!result.status.ok()) {
-    // With backups the user is not told; the entry that stays open says it.
-    if (levels == 0) {
-      ports_.messages.Show("Tidewarden could not save the events file:\n" + result.path + "\n" +
-                               DescribeStatus(result.status),
-                           MessageButtons::kOk, MessageIcon::kNone);
-    }
-    return false;
+  RowsToWrite events{rows, change.removed};
+  if (change.added) {
+    events.added = &*change.added;
+    events.place = PlaceFor(rows, *change.added);
   }
-  FillAfterWriting(std::move(content), today);
+  std::string content = EventsFileContent(events, format_, current);
+  const RescueNeed rescue = unchanged ? rescue_ : fresh.rescue;
+  if (!WriteContent({current, content, rescue, exists})) return false;
+  if (unchanged && settled_) {
+    ChangeEventList(change, std::move(content), today);
+  } else {
+    FillAfterWriting(std::move(content), today);
+  }
   return true;
+}
+
+bool EditSession::WriteContent(const EventsChange& change) {
+  const int levels = LevelsOfBackup(ports_.settings);
+  const WriteResult result =
+      WriteEventsFile(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, levels, change);
+  // With backups the user is not told; the entry that stays open says it.
+  if (!result.status.ok() && levels == 0) {
+    ports_.messages.Show("Tidewarden could not save the events file:\n" + result.path + "\n" +
+                             DescribeStatus(result.status),
+                         MessageButtons::kOk, MessageIcon::kNone);
+  }
+  return result.status.ok();
+}
+
+// Shows what reading the file again would show, without reading it: all rows but the changed one
+// are as they were, and their lines follow each other.
+void EditSession::ChangeEventList(const Change& change, std::string content, CivilDate today) {
+  if (change.removed) List1_.erase(List1_.begin() + static_cast<std::ptrdiff_t>(*change.removed));
+  std::erase_if(List1_, [](const EventRow& row) { return row.isToday; });
+  const auto insert = [&](EventRow row) {
+    const auto place = static_cast<std::ptrdiff_t>(PlaceFor(List1_, row));
+    List1_.insert(List1_.begin() + place, std::move(row));
+  };
+  if (change.added) {
+    const std::string line = EventLineOf(change.added->text, format_);
+    const auto event = ParseEventLine(line, format_, YearOf(today));
+    insert(event ? MakeRow(*event, 0, format_) : *change.added);
+  }
+  long number = 0;
+  for (EventRow& row : List1_) row.line = number++;
+  if (const auto todayRow = TodayRowWanted(ports_.settings)) {
+    insert(MakeTodayRow(today, *todayRow, format_));
+  }
+  content_ = std::move(content);
+  rescue_ = RescueNeed::kNone;
+  wantedLine_ = -1;
+  NumberRows();
 }
 
 void EditSession::FillAfterWriting(std::string content, CivilDate today) {
