@@ -44,6 +44,16 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kAlarmTop, "Alarm", "Top", missing, ""},
       {kAlarmWidth, "Alarm", "Width", "4815", "4815"},
       {kAlarmHeight, "Alarm", "Height", "2550", "2550"},
+      {kEditLeft, "Edit", "Left", "-1", "-1"},
+      {kEditTop, "Edit", "Top", "-1", "-1"},
+      {kEditHeight, "Edit", "Height", "4845", "4845"},
+      {kLevelsOfBackup, "Options", "LevelsOfBackup", "0", "0"},
+      {kShowPopularObservancesArrow, "Options", "ShowPopularObservancesArrow", "True", "true"},
+      {kShowDateExample, "Options", "ShowDateExample", "True", "true"},
+      {kRememberLastAdvanceNotice, "Options", "RememberLastAdvanceNotice", "False", "false"},
+      {kRememberLastOccurs, "Options", "RememberLastOccurs", "False", "false"},
+      {kRememberLastAdvanceNoticeValue, "Options", "RememberLastAdvanceNoticeValue", missing, ""},
+      {kRememberLastOccursIndex, "Options", "RememberLastOccursIndex", missing, ""},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
   };
   for (const KeyCase& c : cases) {
