@@ -40,12 +40,16 @@ QFont TextFont(int size) {
 // A font of a few sizes, the narrower the less room there is.
 QFont FittingFont(const QString& text, int room, int largest) {
   QFont font = TextFont(largest);
-  for (const int stretch : {100, 90, 80, 70, 60}) {
-    font.setStretch(stretch);
-    for (const int size : {largest, largest - 1}) {
-      font.setPixelSize(size);
+  for (const int size : {largest, largest - 1}) {
+    font.setPixelSize(size);
+    for (const int stretch : {100, 95, 90}) {
+      font.setStretch(stretch);
       if (QFontMetrics(font).horizontalAdvance(text) <= room) return font;
     }
+  }
+  for (const int stretch : {85, 80, 75, 70, 65, 60}) {
+    font.setStretch(stretch);
+    if (QFontMetrics(font).horizontalAdvance(text) <= room) return font;
   }
   return font;
 }
@@ -89,6 +93,22 @@ QLineEdit* MakeBox(QWidget* parent, const char* name) {
   auto* const box = Named(new QLineEdit(parent), name);
   box->setFont(TextFont(kTextSize));
   return box;
+}
+
+// Drops a list with a scroll bar on every desktop; a menu of all items would fill the screen.
+QComboBox* MakeDropDown(QWidget* parent, const char* name) {
+  auto* const box = Named(new QComboBox(parent), name);
+  constexpr int kRowsShown = 16;
+  box->setMaxVisibleItems(kRowsShown);
+  box->setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
+  return box;
+}
+
+// The longest text that a date box is made for.
+QString LongestDate(std::size_t maxLength) {
+  constexpr std::size_t kHalf = 2;
+  if (maxLength <= kHalf) return QStringLiteral("00");
+  return maxLength <= kDateLength ? QStringLiteral("00.00") : QStringLiteral("00.00.0000");
 }
 
 void PlaceAt(QWidget* widget, int left, int top, int width, int height) {
@@ -160,7 +180,7 @@ void frmEdit::MakeEntryRow() {
   cmdDelete = MakeGlyphButton(this, "cmdDelete", kSmallSymbolSize);
   lblEvent = MakeLabel(this, "lblEvent");
   txtEventInput = MakeBox(this, "txtEventInput");
-  cmbPopular = Named(new QComboBox(this), "cmbPopular");
+  cmbPopular = MakeDropDown(this, "cmbPopular");
   cmbPopular->setPlaceholderText(tr("Popular Observances"));
   lblPopularObservances = MakeLabel(this, "lblPopularObservances");
   lblPopularObservances->setWordWrap(true);
@@ -171,7 +191,7 @@ void frmEdit::MakeEntryRow() {
   lblAdvance = MakeLabel(this, "lblAdvance");
   txtAdvanceInput = MakeBox(this, "txtAdvanceInput");
   lblOccurs = MakeLabel(this, "lblOccurs");
-  cmbOccursInput = Named(new QComboBox(this), "cmbOccursInput");
+  cmbOccursInput = MakeDropDown(this, "cmbOccursInput");
   cmbOccursInput->setFont(TextFont(kTextSize));
   lblEvery = MakeLabel(this, "lblEvery");
   txtEveryInput = MakeBox(this, "txtEveryInput");
@@ -242,13 +262,20 @@ void frmEdit::LayOutIdleRow(const EditorTops& tops) {
 void frmEdit::LayOutEntryRow(const EditorTops& tops) {
   PlaceAt(cmdDelete, 120, tops.cmdDelete, 450, 375);
   PlaceAt(lblEvent, 660, tops.lblEvent, 615, kLabelHeight);
-  PlaceAt(txtEventInput, 1290, tops.titleRow, 3750, kBoxHeight);
+  // Without the observances beside it the title has the whole line.
+  const int titleWidth = session_.entry().cmbPopular.visible ? 3750 : kMargin + kInnerWidth - 1290;
+  PlaceAt(txtEventInput, 1290, tops.titleRow, titleWidth, kBoxHeight);
   PlaceAt(cmbPopular, 5130, tops.titleRow, 2400, kBoxHeight);
   PlaceAt(lblPopularObservances, 7590, tops.titleRow, 1305, 2 * kLabelHeight);
 
   const DateInputPlace& date = session_.entry().datePlace;
-  PlaceAt(lblDate, date.labelLeft, tops.entryLabels, date.boxLeft - date.labelLeft, kLabelHeight);
-  PlaceAt(txtDateInput, date.boxLeft, tops.entryRow, date.boxWidth, kBoxHeight);
+  const std::size_t maxLength = static_cast<std::size_t>(session_.entry().txtDateInput.maxLength);
+  // A little wider than it has to be for a day and a month, around the same centre.
+  constexpr int kWiderForDayAndMonth = 240;
+  const int wider = maxLength == kDateLength ? kWiderForDayAndMonth : 0;
+  const int dateLeft = date.boxLeft - wider / 2;
+  PlaceAt(lblDate, date.labelLeft, tops.entryLabels, dateLeft - date.labelLeft, kLabelHeight);
+  PlaceAt(txtDateInput, dateLeft, tops.entryRow, date.boxWidth + wider, kBoxHeight);
   PlaceAt(lblAdvance, 1920, tops.entryLabels, 825, kLabelHeight);
   PlaceAt(txtAdvanceInput, 2760, tops.entryRow, 510, kBoxHeight);
   PlaceAt(lblOccurs, 3360, tops.entryLabels, 705, kLabelHeight);
@@ -266,8 +293,8 @@ void frmEdit::LayOutEntryRow(const EditorTops& tops) {
   }
   // The frame of the box and the room for its caret.
   constexpr int kBoxFrame = 9;
-  const QString longest(session_.entry().txtDateInput.maxLength, QLatin1Char('0'));
-  SetFont(txtDateInput, FittingFont(longest, txtDateInput->width() - kBoxFrame, kTextSize));
+  const int room = txtDateInput->width() - kBoxFrame;
+  SetFont(txtDateInput, FittingFont(LongestDate(maxLength), room, kTextSize));
 }
 
 }  // namespace tidewarden

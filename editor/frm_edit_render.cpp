@@ -165,7 +165,6 @@ void frmEdit::FillBoxes() {
   cmbPopular->clear();
   for (const std::string& item : session_.observances()) cmbPopular->addItem(ToQString(item));
 
-  constexpr int kRowsShown = 16;
   QFont courier = EventListFont();
   constexpr int kPixels = 12;
   courier.setPixelSize(kPixels);
@@ -173,7 +172,6 @@ void frmEdit::FillBoxes() {
   designed.setPixelSize(kPixels - 1);
   cmbPopular->setFont(designed);
   for (QComboBox* const box : {cmbOccursInput, cmbPopular}) {
-    box->setMaxVisibleItems(kRowsShown);
     if (box == cmbPopular) box->view()->setFont(courier);
     const int width = box->view()->sizeHintForColumn(0) +
                       box->view()->verticalScrollBar()->sizeHint().width() +
