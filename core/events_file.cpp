@@ -78,14 +78,14 @@ class Pass {
   bool isOtherEncoding_ = false;
 };
 
-}  // namespace
-
-Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor) {
+// Reads with `read` in one encoding after the other.
+template <typename Read>
+Status ReadInEitherEncoding(EventLineVisitor& visitor, Read read) {
   try {
     for (const TextEncoding encoding : {TextEncoding::kUtf8, TextEncoding::kWindows1252}) {
       visitor.Start();
       Pass pass(encoding, visitor);
-      Status status = files.Read(path, [&](std::string_view piece) { return pass.Take(piece); });
+      Status status = read([&](std::string_view piece) { return pass.Take(piece); });
       if (!status.ok()) return status;
       pass.Finish();
       if (pass.isUtf16()) return Status(StatusKind::kNotText);
@@ -95,6 +95,20 @@ Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisit
   } catch (const std::bad_alloc&) {
     return Status(StatusKind::kTooLarge);
   }
+}
+
+}  // namespace
+
+Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor) {
+  return ReadInEitherEncoding(visitor,
+                              [&](const TakeBytes& take) { return files.Read(path, take); });
+}
+
+Status VisitEventLines(std::string_view content, EventLineVisitor& visitor) {
+  return ReadInEitherEncoding(visitor, [&](const TakeBytes& take) {
+    take(content);
+    return Status();
+  });
 }
 
 Status RewriteEventsFile(

@@ -36,6 +36,9 @@ class EventLineVisitor {
 // failure what the visitor has seen is void.
 Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor);
 
+// The same for the bytes of a file that has been read already.
+Status VisitEventLines(std::string_view content, EventLineVisitor& visitor);
+
 // What becomes of a line when the file is rewritten.
 enum class LineChange { kKeep, kRemove, kDropLastCharacter };
 

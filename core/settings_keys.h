@@ -33,6 +33,20 @@ inline constexpr Setting kAlarmSound{"AlarmSound", "True"};
 inline constexpr Setting kAlarmBeepEachMinute{"AlarmBeepEachMinute", "True"};
 inline constexpr Setting kDisableAlarms{"DisableAlarms", "False"};
 
+// The events editor.
+inline constexpr Setting kEditLeft{"Edit/Left", "-1"};
+inline constexpr Setting kEditTop{"Edit/Top", "-1"};
+inline constexpr Setting kEditHeight{"Edit/Height", "4845"};
+inline constexpr Setting kLevelsOfBackup{"LevelsOfBackup", "0"};
+inline constexpr Setting kShowPopularObservancesArrow{"ShowPopularObservancesArrow", "True"};
+inline constexpr Setting kShowDateExample{"ShowDateExample", "True"};
+inline constexpr Setting kUseSkin{"UseSkin", "True"};
+inline constexpr Setting kRememberLastAdvanceNotice{"RememberLastAdvanceNotice", "False"};
+inline constexpr Setting kRememberLastOccurs{"RememberLastOccurs", "False"};
+// Nothing until an event has been saved.
+inline constexpr Setting kRememberLastAdvanceNoticeValue{"RememberLastAdvanceNoticeValue", ""};
+inline constexpr Setting kRememberLastOccursIndex{"RememberLastOccursIndex", ""};
+
 // No longer used; removed from the store when found.
 inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};
 

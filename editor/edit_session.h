@@ -22,6 +22,7 @@
 #include "editor/editor_placement.h"
 #include "editor/event_entry.h"
 #include "editor/event_rows.h"
+#include "editor/events_writer.h"
 #include "editor/occurrence_codes.h"
 
 namespace tidewarden {
@@ -181,7 +182,10 @@ class EditSession {
   void SetEntryMode(bool on);
   void EnableEventList(bool enable);
   void LoadEventLines(CivilDate today);
-  void FillEventList();
+  void FillEventList(std::string content, CivilDate today);
+  void FillAfterWriting(std::string content, CivilDate today);
+  [[nodiscard]] bool WriteChange(Change change, CivilDate today);
+  [[nodiscard]] std::optional<std::size_t> FindSelectedRow(const std::vector<EventRow>& rows) const;
   void SelectRequestedEvent();
   [[nodiscard]] bool IsEditableSelection();
   void FindEventRowByTitle(std::string_view title);
@@ -194,6 +198,7 @@ class EditSession {
   EditorSetup setup_;
 
   bool isLoaded_ = false;
+  bool isShown_ = false;
   bool wantsSkin_ = false;
   bool warned_ = false;  // of a first occurrence more than 300 days away
   std::uint64_t random_ = 0;
@@ -208,7 +213,9 @@ class EditSession {
   std::optional<int> List1Tag_;  // the row to select when the list is next enabled
   std::string SelectedRowText_;
 
-  std::string content_;  // the file as last read or written
+  std::string content_;                    // the file as last read or written
+  RescueNeed rescue_ = RescueNeed::kNone;  // of content_
+  long wantedLine_ = -1;                   // where the requested line was found in content_
   Status readStatus_;
   long RequestedEditLine_ = -1;
   std::string requestedRawLine_;

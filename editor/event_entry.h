@@ -5,8 +5,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "dates/civil.h"
 #include "dates/date_text.h"
 #include "editor/editor_placement.h"
 #include "editor/observances.h"
@@ -80,6 +80,10 @@ struct EntryHints {
   bool dateExample = false;
 };
 
+// A typed text as the entry row takes it: line ends and other control characters become blanks,
+// and a byte that is no UTF-8 becomes the character that it is in Windows-1252.
+[[nodiscard]] std::string CleanText(std::string_view text);
+
 class EventEntry {
  public:
   explicit EventEntry(RegionalDateFormat format);
@@ -126,7 +130,7 @@ class EventEntry {
   void SetOccursFromCode(std::string_view code);
   void FillDateInput(std::string_view listedRow);
   void ShowOccursInputs();
-  bool ReplaceMonthName();
+  void ReplaceMonthName();
 
   RegionalDateFormat format_;
   EntryHints hints_;

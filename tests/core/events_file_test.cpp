@@ -286,6 +286,18 @@ TEST(RewriteEventsFile, AsksForEveryRawLineInOrder) {
   EXPECT_THAT(asked, ElementsAre(Pair(0, "a"), Pair(1, ""), Pair(2, "N\xC3\xB6l"), Pair(3, "b")));
 }
 
+TEST(VisitEventLines, GivesTheLinesOfBytesThatHaveBeenRead) {
+  for (const FileCase& c : FileCases()) {
+    SCOPED_TRACE(c.name);
+    Collector seen;
+    ASSERT_TRUE(VisitEventLines(c.bytes, seen).ok());
+    EXPECT_EQ(seen.Raw(), c.raw);
+    EXPECT_EQ(seen.Texts(), c.text);
+  }
+  Collector none;
+  EXPECT_EQ(VisitEventLines("\xFF\xFE\x31\x00"s, none).kind(), StatusKind::kNotText);
+}
+
 TEST(RewriteEventsFile, AgreesWithReadingOnTheNumbersOfTheLines) {
   for (const FileCase& c : FileCases()) {
     SCOPED_TRACE(c.name);

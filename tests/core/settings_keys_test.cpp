@@ -36,6 +36,17 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kAlarmSound, "Options", "AlarmSound", "True", "true"},
       {kAlarmBeepEachMinute, "Options", "AlarmBeepEachMinute", "True", "true"},
       {kDisableAlarms, "Options", "DisableAlarms", "False", "false"},
+      {kEditLeft, "Edit", "Left", "-1", "-1"},
+      {kEditTop, "Edit", "Top", "-1", "-1"},
+      {kEditHeight, "Edit", "Height", "4845", "4845"},
+      {kLevelsOfBackup, "Options", "LevelsOfBackup", "0", "0"},
+      {kShowPopularObservancesArrow, "Options", "ShowPopularObservancesArrow", "True", "true"},
+      {kShowDateExample, "Options", "ShowDateExample", "True", "true"},
+      {kUseSkin, "Options", "UseSkin", "True", "true"},
+      {kRememberLastAdvanceNotice, "Options", "RememberLastAdvanceNotice", "False", "false"},
+      {kRememberLastOccurs, "Options", "RememberLastOccurs", "False", "false"},
+      {kRememberLastAdvanceNoticeValue, "Options", "RememberLastAdvanceNoticeValue", missing, ""},
+      {kRememberLastOccursIndex, "Options", "RememberLastOccursIndex", missing, ""},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
   };
   for (const KeyCase& c : cases) {

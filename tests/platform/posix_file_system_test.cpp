@@ -782,6 +782,66 @@ TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAlsoInAnUnwritableFolder) {
 
 // ---- Locks.
 
+TEST_F(PosixFiles, AFileIsRemovedOnceAndForAll) {
+  WriteBytes(folder_ / "a", "one");
+  EXPECT_TRUE(files_.Remove(folder_ / "a").ok());
+  EXPECT_TRUE(files_.Remove(folder_ / "a").ok());
+  EXPECT_THAT(NamesIn(folder_.path()), IsEmpty());
+  ASSERT_EQ(::mkdir((folder_ / "b").c_str(), 0700), 0);
+  EXPECT_FALSE(files_.Remove(folder_ / "b").ok());
+  EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("b"));
+}
+
+TEST_F(PosixFiles, ANewNameTakesThePlaceOfAnother) {
+  WriteBytes(folder_ / "a", "one");
+  WriteBytes(folder_ / "b", "two");
+  EXPECT_TRUE(files_.Rename(folder_ / "a", folder_ / "b").ok());
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+  EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("b"));
+  EXPECT_EQ(files_.Rename(folder_ / "a", folder_ / "b").kind(), StatusKind::kNotFound);
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+}
+
+TEST_F(PosixFiles, ASecondNameKeepsTheOldContentWhenTheFileIsReplaced) {
+  WriteBytes(folder_ / "a", "one");
+  EXPECT_TRUE(files_.Link(folder_ / "a", folder_ / "b").ok());
+  FileStamp a;
+  FileStamp b;
+  EXPECT_TRUE(files_.GetStamp(folder_ / "a", a).ok());
+  EXPECT_TRUE(files_.GetStamp(folder_ / "b", b).ok());
+  EXPECT_EQ(a, b);
+  EXPECT_FALSE(files_.Link(folder_ / "a", folder_ / "b").ok());
+  EXPECT_EQ(files_.Link(folder_ / "x", folder_ / "y").kind(), StatusKind::kNotFound);
+  EXPECT_TRUE(ReplaceFile(files_, folder_ / "a", "two").ok());
+  EXPECT_EQ(BytesOf(folder_ / "a"), "two");
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+}
+
+TEST_F(PosixFiles, TheSecondNameOfALinkIsOneOfItsTarget) {
+  WriteBytes(folder_ / "real", "one");
+  ASSERT_EQ(::symlink("real", (folder_ / "a").c_str()), 0);
+  EXPECT_TRUE(files_.Link(folder_ / "a", folder_ / "b").ok());
+  EXPECT_TRUE(ReplaceFile(files_, folder_ / "a", "two").ok());
+  EXPECT_EQ(BytesOf(folder_ / "real"), "two");
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+}
+
+TEST_F(PosixFiles, OnlyInAnUnwritableFolderIsAFileNotReplacedAtOnce) {
+  WriteBytes(path_, "old");
+  std::unique_ptr<StagedFile> staged;
+  ASSERT_TRUE(files_.Stage(path_, "new", staged).ok());
+  EXPECT_TRUE(staged->ReplacesAtOnce());
+  staged.reset();
+  EXPECT_EQ(InUnprivilegedChild(folder_.path(),
+                                [&]() -> std::string {
+                                  ::chmod(folder_.path().c_str(), 0500);
+                                  std::unique_ptr<StagedFile> inPlace;
+                                  if (!files_.Stage(path_, "new", inPlace).ok()) return "refused";
+                                  return inPlace->ReplacesAtOnce() ? "at once" : "in place";
+                                }),
+            "in place");
+}
+
 TEST_F(PosixFiles, ALockIsHeldAgainstEverybodyElse) {
   const std::string path = folder_ / "settings.ini";
   std::unique_ptr<FileLock> lock;
