@@ -46,6 +46,11 @@ bool IsMenuKey(const QKeyEvent* key) {
          (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
 }
 
+bool IsAltLetter(const QKeyEvent* key) {
+  const Qt::KeyboardModifiers modifiers = key->modifiers() & ~Qt::ShiftModifier;
+  return modifiers == Qt::AltModifier && !key->text().isEmpty() && key->text().front().isPrint();
+}
+
 bool ActsOnRelease(int key) {
   return key == Qt::Key_F1 || key == Qt::Key_Escape || key == Qt::Key_Delete;
 }
@@ -71,7 +76,10 @@ frmEdit::frmEdit(EditSession& session, QString skin, QWidget* parent)
   ConnectList();
   ConnectEntryRow();
   installEventFilter(this);
-  for (QWidget* const control : findChildren<QWidget*>()) control->installEventFilter(this);
+  for (QWidget* const control : findChildren<QWidget*>()) {
+    // Not the menu and the drop-down lists: their keys are their own.
+    if (control->window() == this) control->installEventFilter(this);
+  }
   Render();
 }
 
@@ -138,9 +146,9 @@ void frmEdit::closeEvent(QCloseEvent* event) {
 
 void frmEdit::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) pressed_.clear();
   if (event->type() != QEvent::WindowStateChange || CurrentPhase() == phase_) return;
   phase_ = CurrentPhase();
+  if (phase_ == Phase::kNormal) LayOut();
   if (phase_ == Phase::kNormal || !session_.isLoaded()) return;
   // The reminder window cannot well take the place of this one while its state is being changed.
   const auto handBack = [this] {
@@ -224,6 +232,10 @@ bool frmEdit::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyRelease:
       KeyReleased(watched, static_cast<QKeyEvent*>(event));
       return false;
+    case QEvent::WindowBlocked:
+    case QEvent::WindowDeactivate:
+      pressed_.clear();
+      return false;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
       return watched == List1->viewport() && ListMousePressed(static_cast<QMouseEvent*>(event));
@@ -250,9 +262,15 @@ bool frmEdit::KeyPressed(QObject* watched, QKeyEvent* key) {
     pressed_.insert(key->key(), watched);
   }
   if (watched == List1) return ListKeyPressed(key);
-  if (watched == txtDateInput) return DateKeyPressed(key->text());
   if (watched == cmbPopular) return PopularKeyPressed(key);
-  return false;
+  if (auto* const button = qobject_cast<QPushButton*>(watched)) {
+    if (!IsReturn(key)) return false;
+    if (!key->isAutoRepeat()) button->click();
+    return true;
+  }
+  // Alt with the letter of a button that cannot be pressed now is no text either.
+  if (IsAltLetter(key)) return true;
+  return watched == txtDateInput && DateKeyPressed(key->text());
 }
 
 // F1, Esc and Delete act when they are let go, if they went down in this window: a key that

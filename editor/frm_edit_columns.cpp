@@ -44,13 +44,21 @@ std::array<QString, 4> CellTexts(const QModelIndex& index) {
   return texts;
 }
 
+// Half way to the background: a skin's colours are often the same for a list that is disabled.
+QColor Faded(const QPalette& palette) {
+  const QColor text = palette.color(QPalette::Disabled, QPalette::Text);
+  if (text != palette.color(QPalette::Active, QPalette::Text)) return text;
+  const QColor base = palette.color(QPalette::Disabled, QPalette::Base);
+  return QColor((text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
+                (text.blue() + base.blue()) / 2);
+}
+
 QColor TextColour(const QStyleOptionViewItem& option) {
-  QPalette::ColorGroup group = QPalette::Disabled;
-  if (option.state.testFlag(QStyle::State_Enabled)) {
-    group = option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
-  }
+  if (!option.state.testFlag(QStyle::State_Enabled)) return Faded(option.palette);
+  const bool active = option.state.testFlag(QStyle::State_Active);
   const bool selected = option.state.testFlag(QStyle::State_Selected);
-  return option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
+  return option.palette.color(active ? QPalette::Active : QPalette::Inactive,
+                              selected ? QPalette::HighlightedText : QPalette::Text);
 }
 
 }  // namespace

@@ -44,12 +44,12 @@ QFont FittingFont(const QString& text, int room, int largest) {
     font.setPixelSize(size);
     for (const int stretch : {100, 95, 90}) {
       font.setStretch(stretch);
-      if (QFontMetrics(font).horizontalAdvance(text) <= room) return font;
+      if (QFontMetrics(font).horizontalAdvance(text) < room) return font;
     }
   }
   for (const int stretch : {85, 80, 75, 70, 65, 60}) {
     font.setStretch(stretch);
-    if (QFontMetrics(font).horizontalAdvance(text) <= room) return font;
+    if (QFontMetrics(font).horizontalAdvance(text) < room) return font;
   }
   return font;
 }
@@ -66,8 +66,6 @@ Widget* Named(Widget* widget, const char* name) {
 
 QPushButton* MakeButton(QWidget* parent, const char* name) {
   auto* const button = Named(new QPushButton(parent), name);
-  // Return presses the button that has the focus; the window has no default button.
-  button->setAutoDefault(true);
   button->setFont(TextFont(kTextSize));
   return button;
 }
@@ -280,7 +278,7 @@ void frmEdit::LayOutEntryRow(const EditorTops& tops) {
   PlaceAt(txtAdvanceInput, 2760, tops.entryRow, 510, kBoxHeight);
   PlaceAt(lblOccurs, 3360, tops.entryLabels, 705, kLabelHeight);
   PlaceAt(cmbOccursInput, 4080, tops.entryRow, 1350, kBoxHeight);
-  PlaceAt(lblEvery, 5520, tops.lblEvery, 600, kLabelHeight);
+  PlaceAt(lblEvery, 5520, tops.lblEvery, 600, tops.txtEveryInput - tops.lblEvery);
   PlaceAt(txtEveryInput, 5520, tops.txtEveryInput, 555, kBoxHeight);
   PlaceAt(lblDays, 6135, tops.lblDays, 600, kLabelHeight);
   PlaceAt(chkEveryMonth, 5520, tops.entryRow, 1695, kBoxHeight);
@@ -292,8 +290,9 @@ void frmEdit::LayOutEntryRow(const EditorTops& tops) {
     SetFont(label, FittingFont(label->text(), label->width(), kLabelSize));
   }
   // The frame of the box and the room for its caret.
-  constexpr int kBoxFrame = 9;
-  const int room = txtDateInput->width() - kBoxFrame;
+  constexpr int kPlainFrame = 9;
+  constexpr int kSkinnedFrame = 15;
+  const int room = txtDateInput->width() - (Skinned ? kSkinnedFrame : kPlainFrame);
   SetFont(txtDateInput, FittingFont(LongestDate(maxLength), room, kTextSize));
 }
 
