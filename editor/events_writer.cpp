@@ -49,7 +49,8 @@ void RotateBackups(FileSystem& files, const std::string& path, int levels, const
     skipFailure(files.Rename(BackupPath(path, k - 1), BackupPath(path, k)));
   }
   const std::string newest = BackupPath(path, 1);
-  skipFailure(files.Remove(newest));
+  // In a folder that lets no name go, backup 1 is still an older one and stays.
+  if (!files.Remove(newest).ok()) return;
   // A second name costs nothing and keeps the first. Where there is none, or where it would change
   // with the file, the backup is a copy.
   const bool linked = staged.ReplacesAtOnce() && files.Link(path, newest).ok();

@@ -268,6 +268,20 @@ TEST(Saving, AFileWrittenInPlaceIsCopiedToTheBackupAndToTheRescueCopy) {
   EXPECT_THAT(desk.file(), HasSubstr("Summer"));
 }
 
+TEST(Saving, ABackupThatCannotBeMovedIsNotOverwritten) {
+  EditDesk desk(kTwo);
+  desk.Set("LevelsOfBackup", "2");
+  const std::string newest = BackupPath(kEventsPath, 1);
+  desk.files.files[newest] = "older";
+  desk.files.renameFailures[newest] = StatusKind::kNoPermission;
+  desk.files.writeFailures[newest] = StatusKind::kNoPermission;
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.session().Save();
+  EXPECT_THAT(desk.file(), HasSubstr("Summer"));
+  EXPECT_EQ(desk.Backup(1), "older");
+}
+
 TEST(Saving, AFailedSaveDoesNotPushBackupsOutTheNextTime) {
   EditDesk desk(kTwo);
   desk.Set("LevelsOfBackup", "2");
