@@ -61,6 +61,18 @@ void ShowState(QCheckBox* box, const CheckBoxState& state) {
   box->setVisible(state.visible);
 }
 
+// Makes the drop-down list as wide as its widest item.
+void WidenDropDown(const QComboBox* box) {
+  QAbstractItemView* const view = box->view();
+  int widest = 0;
+  for (int item = 0; item < box->count(); ++item) {
+    widest = std::max(widest, view->fontMetrics().horizontalAdvance(box->itemText(item)));
+  }
+  constexpr int kMargins = 16;
+  const int scrollBar = view->verticalScrollBar()->sizeHint().width();
+  view->setMinimumWidth(widest + scrollBar + kMargins);
+}
+
 }  // namespace
 
 void frmEdit::Render() {
@@ -171,13 +183,8 @@ void frmEdit::FillBoxes() {
   QFont designed = courier;
   designed.setPixelSize(kPixels - 1);
   cmbPopular->setFont(designed);
-  for (QComboBox* const box : {cmbOccursInput, cmbPopular}) {
-    if (box == cmbPopular) box->view()->setFont(courier);
-    const int width = box->view()->sizeHintForColumn(0) +
-                      box->view()->verticalScrollBar()->sizeHint().width() +
-                      2 * box->view()->frameWidth();
-    box->view()->setMinimumWidth(std::max(width, box->width()));
-  }
+  cmbPopular->view()->setFont(courier);
+  for (const QComboBox* const box : {cmbOccursInput, cmbPopular}) WidenDropDown(box);
 }
 
 }  // namespace tidewarden
