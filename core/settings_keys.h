@@ -71,7 +71,6 @@ inline constexpr Setting kEditHeight{"Edit/Height", "4845"};
 inline constexpr Setting kLevelsOfBackup{"LevelsOfBackup", "0"};
 inline constexpr Setting kShowPopularObservancesArrow{"ShowPopularObservancesArrow", "True"};
 inline constexpr Setting kShowDateExample{"ShowDateExample", "True"};
-inline constexpr Setting kUseSkin{"UseSkin", "True"};
 inline constexpr Setting kRememberLastAdvanceNotice{"RememberLastAdvanceNotice", "False"};
 inline constexpr Setting kRememberLastOccurs{"RememberLastOccurs", "False"};
 // Nothing until an event has been saved.

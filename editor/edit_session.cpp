@@ -80,7 +80,7 @@ void EditSession::Request(long requestedEditLine, std::string rawLine, bool requ
   }
 }
 
-TwipsRectangle EditSession::Load(const std::vector<TwipsRectangle>& screens) {
+WindowArea EditSession::Load(const std::vector<WindowArea>& screens) {
   const LocalTime now = ports_.clock.Now();
   isLoaded_ = true;
   warned_ = false;
@@ -94,7 +94,7 @@ TwipsRectangle EditSession::Load(const std::vector<TwipsRectangle>& screens) {
   random_ = setup_.seed + static_cast<std::uint64_t>(DayCount{now.date}.time_since_epoch().count());
   random_ = random_ * 86'400 + static_cast<std::uint64_t>(now.FourDigit() * 60 + now.second);
   DrawDonateGlyph();
-  const TwipsRectangle place = LoadEditorPlacement(ports_.settings, screens);
+  const WindowArea place = LoadEditorPlacement(ports_.settings, screens);
   static_cast<void>(LevelsOfBackup(ports_.settings));
   EntryHints hints;
   hints.popularArrow = isTrue(Get(ports_.settings, settings::kShowPopularObservancesArrow));
@@ -174,7 +174,7 @@ void EditSession::FillEventList(std::string content, CivilDate today) {
 void EditSession::NumberRows() {
   EditorLineMap_.clear();
   EditorLineMap_.reserve(List1_.size());
-  for (const EventRow& row : List1_) EditorLineMap_.push_back(row.isToday ? kTodayLine : row.line);
+  for (const EventRow& row : List1_) EditorLineMap_.push_back(row.isToday ? kTodayRowLine : row.line);
   ++listVersion_;
 }
 

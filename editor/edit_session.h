@@ -74,7 +74,7 @@ class EditSession {
 
   // Opening, before the window is shown: reads the settings and gives the window's place.
   // `screens` as for LoadEditorPlacement.
-  [[nodiscard]] TwipsRectangle Load(const std::vector<TwipsRectangle>& screens);
+  [[nodiscard]] WindowArea Load(const std::vector<WindowArea>& screens);
 
   // Opening, once the window is shown: reads the events and carries out the request.
   void Shown();
@@ -102,7 +102,7 @@ class EditSession {
   // --- The list.
 
   [[nodiscard]] const std::vector<EventRow>& List1() const { return List1_; }
-  // For each row the line of its event in the file, from 0; kTodayLine for the TODAY row.
+  // For each row the line of its event in the file, from 0; kTodayRowLine for the TODAY row.
   [[nodiscard]] const std::vector<long>& EditorLineMap() const { return EditorLineMap_; }
   // Changes whenever the rows do.
   [[nodiscard]] std::uint64_t listVersion() const { return listVersion_; }

@@ -1,6 +1,5 @@
 #include "editor/editor_placement.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -34,30 +33,21 @@ std::optional<int> SixteenBit(std::string_view text) {
   return static_cast<int>(RoundHalfToEven(value));
 }
 
-bool Meet(const TwipsRectangle& a, const TwipsRectangle& b) {
-  return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
-         b.top < a.top + a.height;
-}
-
 }  // namespace
 
-TwipsRectangle LoadEditorPlacement(SettingsStore& settings,
-                                   const std::vector<TwipsRectangle>& screens) {
+WindowArea LoadEditorPlacement(SettingsStore& settings, const std::vector<WindowArea>& screens) {
   const auto left = SixteenBit(Get(settings, settings::kEditLeft));
   const auto top = SixteenBit(Get(settings, settings::kEditTop));
   const auto height = SixteenBit(Get(settings, settings::kEditHeight));
-  const TwipsRectangle& primary = screens.front();
+  const WindowArea& primary = screens.front();
   const bool usable =
       left && top && height && *left > -1 && *top > -1 && *height >= kEditorLeastHeight;
   if (!usable) {
     return {(primary.width - kCentringWidth) / 2, (primary.height - kEditorLeastHeight) / 2,
             kEditorWidth, kEditorLeastHeight};
   }
-  TwipsRectangle place{*left, *top, kEditorWidth, *height};
-  const bool onScreen =
-      std::any_of(screens.begin(), screens.end(),
-                  [&](const TwipsRectangle& screen) { return Meet(screen, place); });
-  if (!onScreen) {
+  WindowArea place{*left, *top, kEditorWidth, *height};
+  if (!MeetsAScreen(place, {primary, screens})) {
     place.left = primary.left;
     place.top = primary.top;
   }

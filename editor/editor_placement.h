@@ -6,19 +6,12 @@
 #include <vector>
 
 #include "core/settings_store.h"
+#include "core/window_placement.h"
 
 namespace tidewarden {
 
 inline constexpr int kEditorWidth = 9015;        // fixed
 inline constexpr int kEditorLeastHeight = 4845;  // of the window's inside
-
-struct TwipsRectangle {
-  int left = 0;
-  int top = 0;
-  int width = 0;
-  int height = 0;
-  bool operator==(const TwipsRectangle&) const = default;
-};
 
 // The place to save. Left and top are missing where the system does not tell them (Wayland); what
 // is stored then stays.
@@ -33,8 +26,8 @@ struct EditorPlace {
 // bits spoils them all. Else the window is centred by the width 7575, which is not its own.
 // `screens` are the connected screens, the primary one first, at least one. A stored place that
 // lies on none of them is moved to the primary screen's top left; the settings stay.
-[[nodiscard]] TwipsRectangle LoadEditorPlacement(SettingsStore& settings,
-                                                 const std::vector<TwipsRectangle>& screens);
+[[nodiscard]] WindowArea LoadEditorPlacement(SettingsStore& settings,
+                                             const std::vector<WindowArea>& screens);
 
 // Saves "Edit/Left", "Edit/Top" and "Edit/Height".
 void SaveEditorPlacement(SettingsStore& settings, const EditorPlace& place);

@@ -20,7 +20,7 @@ inline constexpr std::size_t kDateLength = 5;
 inline constexpr std::size_t kTitleLength = 38;
 
 // In EditorLineMap, the entry of the TODAY row.
-inline constexpr long kTodayLine = 99999;
+inline constexpr long kTodayRowLine = 99999;
 
 // First characters of the columns, from 1, for whoever draws them one by one.
 inline constexpr int kTitleColumn = 7;
@@ -31,7 +31,7 @@ inline constexpr int kOccursColumn = 55;
 struct EventRow {
   std::string key;   // the date as stored, month first: the rows' first order
   std::string text;  // as listed
-  long line = kTodayLine;
+  long line = kTodayRowLine;
   bool isToday = false;
 };
 

@@ -66,6 +66,8 @@ class ListBuilder {
   [[nodiscard]] const ListOptions& options() const { return options_; }
   [[nodiscard]] const AlarmSchedule& alarms() const { return alarms_; }
 
+  [[nodiscard]] const RegionalDateFormat& format() const { return format_; }
+
   // When the list was built.
   [[nodiscard]] const LocalTime& builtAt() const { return builtAt_; }
 

@@ -261,11 +261,11 @@ WindowChange ReminderSession::OpenEditorOn(const std::optional<Target>& target,
                                            const WindowPlacement& window) {
   if (!target) return WindowChange::kNone;
   if (Contains(target->text, "   <today")) {
-    return OpenEditor({-1, true}, window);
+    return OpenEditor({-1, true, {}}, window);
   }
   const auto line = FindEvent(ports_.files, EventsFilePath(), target->event);
   if (!line) return Rebuild();
-  return OpenEditor({*line, false}, window);
+  return OpenEditor({*line, false, target->event.rawLine}, window);
 }
 
 WindowChange ReminderSession::OpenEditor(const EditorRequest& request,

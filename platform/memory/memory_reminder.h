@@ -24,6 +24,7 @@ class MemoryEditorWindow : public EditorWindow {
   bool entryUnderWay = false;
   std::vector<EditorRequest> requests;
   int unloads = 0;
+  int reloads = 0;
 
   [[nodiscard]] bool IsLoaded() const override { return loaded; }
   [[nodiscard]] bool IsEntryUnderWay() const override { return entryUnderWay; }
@@ -31,6 +32,7 @@ class MemoryEditorWindow : public EditorWindow {
     loaded = true;
     requests.push_back(request);
   }
+  void Reload() override { ++reloads; }
   void Unload() override {
     loaded = false;
     ++unloads;

@@ -24,8 +24,8 @@
 #include "platform/memory/memory_ports.h"
 #include "platform/posix/posix_file_system.h"
 #include "tests/editor/faulty_calls.h"
-#include "tests/platform/processes.h"
 #include "tests/support/layouts.h"
+#include "tests/support/processes.h"
 
 namespace tidewarden {
 namespace {

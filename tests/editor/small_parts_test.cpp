@@ -118,14 +118,14 @@ TEST(Observances, ATitleEndsBeforeItsParenthesis) {
   EXPECT_EQ(ReadObservance(entries[25]).occurs, "1st Mon");
 }
 
-const std::vector<TwipsRectangle> kScreens{{0, 0, 28800, 16200}, {28800, 0, 28800, 16200}};
-const TwipsRectangle kCentred{(28800 - 7575) / 2, (16200 - 4845) / 2, 9015, 4845};
+const std::vector<WindowArea> kScreens{{0, 0, 28800, 16200}, {28800, 0, 28800, 16200}};
+const WindowArea kCentred{(28800 - 7575) / 2, (16200 - 4845) / 2, 9015, 4845};
 
 struct PlaceCase {
   std::string left;
   std::string top;
   std::string height;
-  TwipsRectangle expected;
+  WindowArea expected;
 };
 
 TEST(EditorPlacement, AStoredPlaceIsUsedOnlyWhenItIsSound) {
@@ -168,16 +168,16 @@ TEST(EditorPlacement, AnUnplacedEditorStoresItsDefaults) {
 TEST(EditorPlacement, ASavedPlaceComesBackAndAnUnknownOneLeavesTheStoredOne) {
   MemorySettingsStore settings;
   SaveEditorPlacement(settings, {300, 450, 6000});
-  EXPECT_EQ(LoadEditorPlacement(settings, kScreens), (TwipsRectangle{300, 450, 9015, 6000}));
+  EXPECT_EQ(LoadEditorPlacement(settings, kScreens), (WindowArea{300, 450, 9015, 6000}));
   SaveEditorPlacement(settings, {std::nullopt, std::nullopt, 7000});
-  EXPECT_EQ(LoadEditorPlacement(settings, kScreens), (TwipsRectangle{300, 450, 9015, 7000}));
+  EXPECT_EQ(LoadEditorPlacement(settings, kScreens), (WindowArea{300, 450, 9015, 7000}));
 }
 
 TEST(EditorPlacement, APlaceOnAScreenThatIsGoneMovesButStaysStored) {
   MemorySettingsStore settings;
   SaveEditorPlacement(settings, {30000, 450, 6000});
   EXPECT_EQ(LoadEditorPlacement(settings, {{150, 75, 28800, 16200}}),
-            (TwipsRectangle{150, 75, 9015, 6000}));
+            (WindowArea{150, 75, 9015, 6000}));
   EXPECT_EQ(settings.At("Edit", "Left"), "30000");
 }
 

@@ -20,6 +20,7 @@
 #include <cmath>
 
 #include "platform/qt/program_icon.h"
+#include "tests/support/source_folder.h"
 
 namespace tidewarden {
 namespace {
@@ -27,13 +28,17 @@ namespace {
 constexpr double kTextContrast = 4.5;
 constexpr double kLineContrast = 3.0;
 
+QString SkinPath() {
+  return QString::fromStdString((test::SourceFolder() / "skin/winaqua.skn").string());
+}
+
 QByteArray ReadAll(const QString& path) {
   QFile file(path);
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString Skin() {
-  return QString::fromUtf8(ReadAll(QStringLiteral(TIDEWARDEN_SOURCE_DIR "/skin/winaqua.skn")));
+  return QString::fromUtf8(ReadAll(SkinPath()));
 }
 
 // --- The desktops on which the skin has to hold.
@@ -240,7 +245,7 @@ void SkinTest::cleanup() {
 }
 
 void SkinTest::isASmallPlainText() {
-  const QByteArray bytes = ReadAll(QStringLiteral(TIDEWARDEN_SOURCE_DIR "/skin/winaqua.skn"));
+  const QByteArray bytes = ReadAll(SkinPath());
   QVERIFY(!bytes.isEmpty());
   QVERIFY(bytes.size() <= 1024 * 1024);
   QVERIFY(!bytes.contains('\0'));
@@ -252,7 +257,7 @@ void SkinTest::isASmallPlainText() {
 
 void SkinTest::standsBesideTheProgram() {
   QCOMPARE(ReadAll(QCoreApplication::applicationDirPath() + QStringLiteral("/winaqua.skn")),
-           ReadAll(QStringLiteral(TIDEWARDEN_SOURCE_DIR "/skin/winaqua.skn")));
+           ReadAll(SkinPath()));
 }
 
 void SkinTest::isUnderstoodByQt() {
