@@ -26,6 +26,7 @@
 #include "tests/editor/faulty_calls.h"
 #include "tests/support/layouts.h"
 #include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidewarden {
 namespace {
