@@ -176,7 +176,12 @@ class EditSession {
   [[nodiscard]] const Status& readStatus() const { return readStatus_; }
 
  private:
-  struct Change;
+  // A row that comes, a row that goes, or both.
+  struct Change {
+    std::optional<EventRow> added;
+    bool removesSelected = false;
+    std::optional<std::size_t> removed{};  // where the selected row was found
+  };
 
   void OpenRequested();
   void SetEntryMode(bool on);
@@ -184,6 +189,7 @@ class EditSession {
   void LoadEventLines(CivilDate today);
   void FillEventList(std::string content, CivilDate today);
   void FillAfterWriting(std::string content, CivilDate today);
+  [[nodiscard]] std::optional<TodayCase> TodayRowWanted() const;
   void NumberRows();
   [[nodiscard]] bool WriteChange(Change change, CivilDate today);
   [[nodiscard]] bool WriteContent(const EventsChange& change);

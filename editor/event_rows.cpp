@@ -64,6 +64,14 @@ void AppendHalf(std::string& out, int value) {
   }
 }
 
+std::string JoinedHalves(int first, int second) {
+  std::string date;
+  AppendHalf(date, first);
+  date += '.';
+  AppendHalf(date, second);
+  return date;
+}
+
 // The days of notice at the start of their cells; "(always)" gives 0.
 int AdvanceOf(std::string_view cells) {
   int value = 0;
@@ -123,15 +131,12 @@ std::string_view EditorDatePatternOf(const RegionalDateFormat& format) {
 }
 
 std::string StoredDate(int month, int day) {
-  std::string date;
-  AppendHalf(date, month);
-  date += '.';
-  AppendHalf(date, day);
-  return date;
+  return JoinedHalves(month, day);
 }
 
 std::string ShownDate(int month, int day, const RegionalDateFormat& format) {
-  return format.IsMonthFirst() ? StoredDate(month, day) : StoredDate(day, month);
+  const bool monthFirst = format.IsMonthFirst();
+  return JoinedHalves(monthFirst ? month : day, monthFirst ? day : month);
 }
 
 std::string SwapForRow(std::string_view date, const RegionalDateFormat& format) {
