@@ -354,10 +354,11 @@ void FrmEditTest::keepsColumnsInLineUnderWideTitles() {
   const QImage image = list->viewport()->grab().toImage();
   const auto partOf = [&](int row, int fromColumn, int toColumn) {
     const QRect place = list->visualRect(list->model()->index(row, 0));
-    const double width = QFontMetricsF(list->font()).horizontalAdvance(QLatin1Char('0'));
-    const int left = static_cast<int>(fromColumn * width);
-    const int right = static_cast<int>(toColumn * width);
-    return image.copy(left, place.top(), right - left, place.height());
+    const double scale = image.devicePixelRatio();
+    const double width = metrics.horizontalAdvance(QLatin1Char('0'));
+    const QRectF part(fromColumn * width, place.top(), (toColumn - fromColumn) * width,
+                      place.height());
+    return image.copy(QRectF(part.topLeft() * scale, part.size() * scale).toRect());
   };
   constexpr int kAdvanceFrom = 45;
   constexpr int kEnd = 61;
