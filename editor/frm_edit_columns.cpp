@@ -44,13 +44,12 @@ std::array<QString, 4> CellTexts(const QModelIndex& index) {
   return texts;
 }
 
-// Half way to the background: a skin's colours are often the same for a list that is disabled.
+// Half way to the background: told from a list that can be used, and still read.
 QColor Faded(const QPalette& palette) {
-  const QColor text = palette.color(QPalette::Disabled, QPalette::Text);
-  if (text != palette.color(QPalette::Active, QPalette::Text)) return text;
+  const QColor text = palette.color(QPalette::Active, QPalette::Text);
   const QColor base = palette.color(QPalette::Disabled, QPalette::Base);
-  return QColor((text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
-                (text.blue() + base.blue()) / 2);
+  return {(text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
+          (text.blue() + base.blue()) / 2};
 }
 
 QColor TextColour(const QStyleOptionViewItem& option) {

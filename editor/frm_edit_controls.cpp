@@ -259,12 +259,12 @@ void frmEdit::LayOutIdleRow(const EditorTops& tops) {
 
 void frmEdit::LayOutEntryRow(const EditorTops& tops) {
   PlaceAt(cmdDelete, 120, tops.cmdDelete, 450, 375);
-  PlaceAt(lblEvent, 660, tops.lblEvent, 615, kLabelHeight);
+  PlaceAt(lblEvent, 660, tops.lblEvent, 585, kLabelHeight);
   // Without the observances beside it the title has the whole line.
-  const int titleWidth = session_.entry().cmbPopular.visible ? 3750 : kMargin + kInnerWidth - 1290;
-  PlaceAt(txtEventInput, 1290, tops.titleRow, titleWidth, kBoxHeight);
-  PlaceAt(cmbPopular, 5130, tops.titleRow, 2400, kBoxHeight);
-  PlaceAt(lblPopularObservances, 7590, tops.titleRow, 1305, 2 * kLabelHeight);
+  const int titleWidth = session_.entry().cmbPopular.visible ? 3975 : kMargin + kInnerWidth - 1260;
+  PlaceAt(txtEventInput, 1260, tops.titleRow, titleWidth, kBoxHeight);
+  PlaceAt(cmbPopular, 5325, tops.titleRow, 2340, kBoxHeight);
+  PlaceAt(lblPopularObservances, 7740, tops.titleRow, 1155, 2 * kLabelHeight);
 
   const DateInputPlace& date = session_.entry().datePlace;
   const std::size_t maxLength = static_cast<std::size_t>(session_.entry().txtDateInput.maxLength);
@@ -275,12 +275,12 @@ void frmEdit::LayOutEntryRow(const EditorTops& tops) {
   PlaceAt(lblDate, date.labelLeft, tops.entryLabels, dateLeft - date.labelLeft, kLabelHeight);
   PlaceAt(txtDateInput, dateLeft, tops.entryRow, date.boxWidth + wider, kBoxHeight);
   PlaceAt(lblAdvance, 1920, tops.entryLabels, 825, kLabelHeight);
-  PlaceAt(txtAdvanceInput, 2760, tops.entryRow, 510, kBoxHeight);
-  PlaceAt(lblOccurs, 3360, tops.entryLabels, 705, kLabelHeight);
+  PlaceAt(txtAdvanceInput, 2760, tops.entryRow, 570, kBoxHeight);
+  PlaceAt(lblOccurs, 3390, tops.entryLabels, 675, kLabelHeight);
   PlaceAt(cmbOccursInput, 4080, tops.entryRow, 1350, kBoxHeight);
   PlaceAt(lblEvery, 5520, tops.lblEvery, 600, tops.txtEveryInput - tops.lblEvery);
-  PlaceAt(txtEveryInput, 5520, tops.txtEveryInput, 555, kBoxHeight);
-  PlaceAt(lblDays, 6135, tops.lblDays, 600, kLabelHeight);
+  PlaceAt(txtEveryInput, 5520, tops.txtEveryInput, 600, kBoxHeight);
+  PlaceAt(lblDays, 6165, tops.lblDays, 600, kLabelHeight);
   PlaceAt(chkEveryMonth, 5520, tops.entryRow, 1695, kBoxHeight);
   PlaceAt(cmdSave, 7560, tops.saveButtons, 600, kSaveButtonHeight);
   PlaceAt(cmdCancel, 8280, tops.saveButtons, 600, kSaveButtonHeight);

@@ -184,6 +184,11 @@ void frmEdit::FillBoxes() {
   designed.setPixelSize(kPixels - 1);
   cmbPopular->setFont(designed);
   cmbPopular->view()->setFont(courier);
+  // The designed text is no hint to be typed over: it looks like that of any other box.
+  QPalette colours;
+  colours.setColor(QPalette::PlaceholderText,
+                   palette().color(QPalette::Active, QPalette::ButtonText));
+  cmbPopular->setPalette(colours);
   for (const QComboBox* const box : {cmbOccursInput, cmbPopular}) WidenDropDown(box);
 }
 
