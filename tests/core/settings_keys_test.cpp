@@ -38,7 +38,23 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kDisableAlarms, "Options", "DisableAlarms", "False", "false"},
       {kQuotesPath, "Options", "QuotesPath", missing, ""},
       {kShowDailyQuotes, "Options", "ShowDailyQuotes", "False", "false"},
+      {kMaximized, "Settings", "Maximized", "False", "false"},
+      {kLeft, "Settings", "Left", missing, ""},
+      {kTop, "Settings", "Top", missing, ""},
+      {kWidth, "Settings", "Width", "4425", "4425"},
+      {kHeight, "Settings", "Height", "2025", "2025"},
+      {kTimerInterval, "Settings", "TimerInterval", "60000", "60000"},
+      {kFontName, "Settings", "FontName", "MS Sans Serif", "MS Sans Serif"},
+      {kFontBold, "Settings", "FontBold", "False", "false"},
+      {kFontItalic, "Settings", "FontItalic", "False", "false"},
+      {kFontSize, "Settings", "FontSize", "8", "8"},
+      {kUseSkin, "Options", "UseSkin", "True", "true"},
+      {kReminderListColors, "Options", "ReminderListColors", "pale green", "pale green"},
+      {kShowTodaysDateBeneathReminders, "Options", "ShowTodaysDateBeneathReminders", "True",
+       "true"},
+      {kJustExited, "Customizer", "JustExited", missing, ""},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
+      {kReminderListBackColor, "Options", "ReminderListBackColor", missing, ""},
   };
   for (const KeyCase& c : cases) {
     SCOPED_TRACE(c.name);
@@ -50,14 +66,37 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
 }
 
 TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
-  for (const Setting& setting : {kPath, kTitlebarText, kPrefaceTodaysEvents}) {
+  for (const Setting& setting : {kPath, kTitlebarText, kPrefaceTodaysEvents, kFontName}) {
     EXPECT_EQ(setting.mode, "KeepCaps") << setting.key;
   }
-  for (const Setting& setting :
-       {kShowLessThan, kSpellOutReminderMonths, kCapitalizeTodaysEvents, kListTodayWithEvents,
-        kShowDateDifferencesInDaysOnly, kShowDayOfWeek, kShowOnlyIfEventsInRange, kNewDateOffset,
-        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kQuotesPath, kShowDailyQuotes,
-        kShowTodaysDateWithReminders}) {
+  for (const Setting& setting : {kShowLessThan,
+                                 kSpellOutReminderMonths,
+                                 kCapitalizeTodaysEvents,
+                                 kListTodayWithEvents,
+                                 kShowDateDifferencesInDaysOnly,
+                                 kShowDayOfWeek,
+                                 kShowOnlyIfEventsInRange,
+                                 kNewDateOffset,
+                                 kAlarmSound,
+                                 kAlarmBeepEachMinute,
+                                 kDisableAlarms,
+                                 kQuotesPath,
+                                 kShowDailyQuotes,
+                                 kMaximized,
+                                 kLeft,
+                                 kTop,
+                                 kWidth,
+                                 kHeight,
+                                 kTimerInterval,
+                                 kFontBold,
+                                 kFontItalic,
+                                 kFontSize,
+                                 kUseSkin,
+                                 kReminderListColors,
+                                 kShowTodaysDateBeneathReminders,
+                                 kJustExited,
+                                 kShowTodaysDateWithReminders,
+                                 kReminderListBackColor}) {
     EXPECT_EQ(setting.mode, "") << setting.key;
   }
 }
