@@ -334,6 +334,40 @@ TEST(RewriteEventsFile, ChangesOnlyTheLinesItIsToldTo) {
   }
 }
 
+TEST(RewriteEventsFile, AppendsTheHiddenMarkToTheLinesItIsToldTo) {
+  const std::vector<RewriteCase> cases{
+      {"in the middle", "a\r\n-b\r\nc\r\n", "a\r\n-b*\r\nc\r\n"},
+      {"the first", "-a\r\nb\r\n", "-a*\r\nb\r\n"},
+      {"the last, without an end", "a\n-b", "a\r\n-b*\r\n"},
+      {"several", "-a\n-b\n", "-a*\r\n-b*\r\n"},
+      {"behind blanks", "-a \r\n", "-a *\r\n"},
+      {"a second one, when asked to", "-a*\r\n", "-a**\r\n"},
+      {"before a lone CR", "-a\rb\r", "-a*\r\nb\r\n"},
+      {"behind a byte-order mark", "\xEF\xBB\xBF-a\r\n", "\xEF\xBB\xBF-a*\r\n"},
+      {"in Windows-1252", "-N\xF6l\r\n", "-N\xF6l*\r\n"},
+      {"in UTF-8", "-N\xC3\xB6l\r\n", "-N\xC3\xB6l*\r\n"},
+  };
+  for (const RewriteCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    MemoryFileSystem files;
+    files.files[kPath] = c.before;
+    EXPECT_TRUE(RewriteEventsFile(files, kPath, [](auto, std::string_view line) {
+                  return line.starts_with('-') ? LineChange::kAppendHiddenMark : LineChange::kKeep;
+                }).ok());
+    EXPECT_EQ(files.files[kPath], c.after);
+    EXPECT_EQ(files.CountCalls("stage"), 1);
+  }
+}
+
+TEST(RewriteEventsFile, ABlankLineCanBeMarkedToo) {
+  MemoryFileSystem files;
+  files.files[kPath] = "\r\na\r\n";
+  EXPECT_TRUE(RewriteEventsFile(files, kPath, [](std::size_t number, auto) {
+                return number == 0 ? LineChange::kAppendHiddenMark : LineChange::kKeep;
+              }).ok());
+  EXPECT_EQ(files.files[kPath], "*\r\na\r\n");
+}
+
 TEST(RewriteEventsFile, WritesNothingWhenNoLineChanges) {
   for (const std::string bytes : {"", "a", "a\n", "a\r\nb\r\n", "a\rb\n\n",
                                   "\xEF\xBB\xBF"

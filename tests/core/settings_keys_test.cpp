@@ -54,7 +54,23 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kRememberLastOccurs, "Options", "RememberLastOccurs", "False", "false"},
       {kRememberLastAdvanceNoticeValue, "Options", "RememberLastAdvanceNoticeValue", missing, ""},
       {kRememberLastOccursIndex, "Options", "RememberLastOccursIndex", missing, ""},
+      {kMaximized, "Settings", "Maximized", "False", "false"},
+      {kLeft, "Settings", "Left", missing, ""},
+      {kTop, "Settings", "Top", missing, ""},
+      {kWidth, "Settings", "Width", "4425", "4425"},
+      {kHeight, "Settings", "Height", "2025", "2025"},
+      {kTimerInterval, "Settings", "TimerInterval", "60000", "60000"},
+      {kFontName, "Settings", "FontName", "MS Sans Serif", "MS Sans Serif"},
+      {kFontBold, "Settings", "FontBold", "False", "false"},
+      {kFontItalic, "Settings", "FontItalic", "False", "false"},
+      {kFontSize, "Settings", "FontSize", "8", "8"},
+      {kUseSkin, "Options", "UseSkin", "True", "true"},
+      {kReminderListColors, "Options", "ReminderListColors", "pale green", "pale green"},
+      {kShowTodaysDateBeneathReminders, "Options", "ShowTodaysDateBeneathReminders", "True",
+       "true"},
+      {kJustExited, "Customizer", "JustExited", missing, ""},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
+      {kReminderListBackColor, "Options", "ReminderListBackColor", missing, ""},
   };
   for (const KeyCase& c : cases) {
     SCOPED_TRACE(c.name);
@@ -66,7 +82,7 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
 }
 
 TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
-  for (const Setting& setting : {kPath, kTitlebarText, kPrefaceTodaysEvents}) {
+  for (const Setting& setting : {kPath, kTitlebarText, kPrefaceTodaysEvents, kFontName}) {
     EXPECT_EQ(setting.mode, "KeepCaps") << setting.key;
   }
   for (const Setting& setting : {kShowLessThan,
@@ -88,7 +104,21 @@ TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
                                  kAlarmTop,
                                  kAlarmWidth,
                                  kAlarmHeight,
-                                 kShowTodaysDateWithReminders}) {
+                                 kMaximized,
+                                 kLeft,
+                                 kTop,
+                                 kWidth,
+                                 kHeight,
+                                 kTimerInterval,
+                                 kFontBold,
+                                 kFontItalic,
+                                 kFontSize,
+                                 kUseSkin,
+                                 kReminderListColors,
+                                 kShowTodaysDateBeneathReminders,
+                                 kJustExited,
+                                 kShowTodaysDateWithReminders,
+                                 kReminderListBackColor}) {
     EXPECT_EQ(setting.mode, "") << setting.key;
   }
 }

@@ -1,0 +1,166 @@
+// How the reminder session hands its list to the alarms and its ticks to both.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "reminder/reminder_session.h"
+#include "tests/reminder/session_desk.h"
+
+namespace tidewarden::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+const std::string kDentist = "12.22,Dentist 3:30pm,0,yearly\r\n";
+const std::string kDentistMessage = "\nDentist 3:30pm\n";
+
+TEST(SessionAlarms, RingAtTheirMinuteOnce) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 29));
+  EXPECT_THAT(desk.alarmsShown, IsEmpty());
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre(kDentistMessage));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 31));
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+}
+
+TEST(SessionAlarms, CountDownInTheListWithoutABuild) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  EXPECT_NE(desk.RowWith("DENTIST 3:30PM (1:05 to go)"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 22, 14, 26));
+  EXPECT_NE(desk.RowWith("DENTIST 3:30PM (1:04 to go)"), ReminderSession::kNoRow);
+  EXPECT_EQ(desk.session.builds(), 1);
+}
+
+TEST(SessionAlarms, RingLateWhenTheirMinuteWasSleptThroughButNotFromBeforeTheStart) {
+  SessionDesk desk(kDentist + "12.22,Lunch 1:00pm,0,yearly\r\n");
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 14, 26));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 17, 0));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre(kDentistMessage));
+}
+
+TEST(SessionAlarms, DoNotRingAgainAfterARebuild) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 31));
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+}
+
+TEST(SessionAlarms, RingFromBehindTheEditorAndFromTheTray) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30, WindowState::kNormal));
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+
+  SessionDesk inTray(kDentist);
+  inTray.Start();
+  ASSERT_EQ(inTray.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
+  static_cast<void>(inTray.TickAt(2014, 12, 22, 15, 30, WindowState::kMinimized));
+  EXPECT_EQ(inTray.alarmsShown.size(), 1U);
+  EXPECT_TRUE(inTray.area.isShown);
+}
+
+TEST(SessionAlarms, WaitForTheEndOfABuildButNotForAnotherMessage) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  desk.files.writeFailures[kSessionPath] = StatusKind::kNoSpace;
+  std::size_t shownInside = 0;
+  desk.messages.whileOpen = [&] {
+    static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+    shownInside = desk.alarmsShown.size();
+  };
+  desk.MenuOn("DENTIST");
+  static_cast<void>(desk.session.DeleteThis());
+  EXPECT_EQ(shownInside, 1U);
+
+  SessionDesk building(kDentist);
+  building.Start();
+  building.files.files.clear();
+  building.messages.whileOpen = [&] {
+    static_cast<void>(building.TickAt(2014, 12, 22, 15, 30));
+    building.files.files[kSessionPath] = kDentist;
+  };
+  building.SetNow(2014, 12, 22, 15, 29);
+  EXPECT_EQ(building.session.Restore(), WindowChange::kRestore);
+  EXPECT_THAT(building.alarmsShown, IsEmpty());
+  EXPECT_EQ(building.session.Restore(), WindowChange::kRestore);
+  static_cast<void>(building.TickAt(2014, 12, 22, 15, 30));
+  EXPECT_THAT(building.alarmsShown, ElementsAre(kDentistMessage));
+}
+
+TEST(SessionAlarms, YesterdaysListRingsNothingBeforeTheNewDaysOffset) {
+  SessionDesk desk("12.22,Early 3:30am,0,yearly\r\n12.23,Dawn 7:00am,3,yearly\r\n");
+  desk.Set("Options", "NewDateOffset", "0600");
+  desk.SetNow(2014, 12, 22, 3, 0);
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 3, 30));
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+  desk.alarmsShown.clear();
+  for (const int minute : {29, 30, 31}) {
+    static_cast<void>(desk.TickAt(2014, 12, 23, 3, minute));
+  }
+  EXPECT_THAT(desk.alarmsShown, IsEmpty());
+  static_cast<void>(desk.TickAt(2014, 12, 23, 6, 0));
+  EXPECT_EQ(desk.session.builds(), 2);
+  static_cast<void>(desk.TickAt(2014, 12, 23, 7, 0));
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+}
+
+TEST(SessionAlarms, AnAlarmOfTheNewDaysFirstMinuteRings) {
+  SessionDesk desk("12.23,Midnight 12:00am,0,yearly\r\n");
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 23, 59));
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 0));
+  EXPECT_EQ(desk.session.builds(), 2);
+  EXPECT_LT(desk.session.untilNextMinute(), 1000);
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 0));
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+}
+
+TEST(SessionAlarms, TheHelpingTickComesJustAfterTheFullMinute) {
+  SessionDesk desk("");
+  desk.Start();
+  desk.clock.now = {On(2014, 12, 22), 14, 25, 0, 0};
+  EXPECT_EQ(desk.session.untilNextMinute(), 60050);
+  desk.clock.now = {On(2014, 12, 22), 14, 25, 59, 999};
+  EXPECT_EQ(desk.session.untilNextMinute(), 51);
+}
+
+TEST(SessionAlarms, ASecondTickInAMinuteDoesNotLookForANewDay) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 0));
+  desk.area.available = true;
+  ASSERT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
+  desk.area.available = false;
+  EXPECT_EQ(desk.TickAt(2014, 12, 22, 15, 0, WindowState::kMinimized), WindowChange::kNone);
+  EXPECT_EQ(desk.TickAt(2014, 12, 22, 15, 1, WindowState::kMinimized),
+            WindowChange::kShowMinimized);
+}
+
+TEST(SessionAlarms, FollowTheOptionsOfTheLastBuild) {
+  SessionDesk desk(kDentist);
+  desk.Set("Options", "AlarmSound", "False");
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+  EXPECT_THAT(desk.sound.calls, IsEmpty());
+
+  SessionDesk loud(kDentist);
+  loud.Start();
+  static_cast<void>(loud.TickAt(2014, 12, 22, 15, 30));
+  EXPECT_EQ(loud.sound.calls.size(), 1U);
+}
+
+}  // namespace
+}  // namespace tidewarden::test
