@@ -8,7 +8,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTimer>
 
 #include "alarm/alarm_session.h"
 #include "alarm/frm_alarm_parts.h"
@@ -175,7 +174,7 @@ void frmAlarm::changeEvent(QEvent* event) {
   // It has never been normal before, and not every system then knows how large that is. Later, when
   // the system has done what it does.
   opensMaximized_ = false;
-  QTimer::singleShot(0, this, &frmAlarm::PlaceNormally);
+  QMetaObject::invokeMethod(this, &frmAlarm::PlaceNormally, Qt::QueuedConnection);
 }
 
 void frmAlarm::mouseReleaseEvent(QMouseEvent* event) {
