@@ -4,7 +4,7 @@
 #include "bench/events.h"
 #include "core/events_file.h"
 #include "platform/memory/memory_ports.h"
-#include "reminder/reminder_session.h"
+#include "reminder/list_builder.h"
 #include "tests/support/layouts.h"
 
 namespace tidewarden {
@@ -34,11 +34,10 @@ void BuildList(benchmark::State& state) {
   clock.now = {MakeDate(2026, 11, 20), 14, 25, 0};
   MemoryMessageBox messages;
   MemoryShiftKey shiftKey;
-  ReminderSession session({settings, files, clock, messages, shiftKey}, test::MonthFirst(), kPath,
-                          FileAccess::kReadOnly);
-  session.ReadTodayPreface();
+  ListBuilder builder({settings, files, clock, messages, shiftKey}, test::MonthFirst(), kPath,
+                      ReadTodayPreface(settings));
   for (auto _ : state) {
-    benchmark::DoNotOptimize(session.BuildReminderList());
+    benchmark::DoNotOptimize(builder.BuildReminderList(FileAccess::kReadOnly));
     files.calls.clear();
   }
   CountLines(state);

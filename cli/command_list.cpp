@@ -6,7 +6,7 @@
 #include "dates/text.h"
 #include "dates/time_of_day.h"
 #include "platform/memory/memory_ports.h"
-#include "reminder/reminder_session.h"
+#include "reminder/list_builder.h"
 
 namespace tidewarden::cli {
 namespace {
@@ -45,13 +45,13 @@ std::string ClockText(int fourDigit) {
   return text;
 }
 
-std::string AsJson(const ReminderSession& session) {
+std::string AsJson(const ListBuilder& builder) {
   nlohmann::ordered_json items = nlohmann::ordered_json::array();
-  for (std::size_t i = 0; i < session.List1().size(); ++i) {
-    const ReminderRow& row = session.rows()[i];
+  for (std::size_t i = 0; i < builder.List1().size(); ++i) {
+    const ReminderRow& row = builder.rows()[i];
     nlohmann::ordered_json item;
-    item["line"] = session.ReminderLineMap()[i];
-    item["text"] = session.List1()[i];
+    item["line"] = builder.ReminderLineMap()[i];
+    item["text"] = builder.List1()[i];
     item["kind"] = KindName(row.kind);
     item["date"] = IsoDate(row.date);
     item["days"] = row.daysToGo;
@@ -64,10 +64,10 @@ std::string AsJson(const ReminderSession& session) {
 }
 
 // Row by row, so that a long list is not held twice.
-ExitCode PrintText(const ReminderSession& session, ExitCode code) {
+ExitCode PrintText(const ListBuilder& builder, ExitCode code) {
   constexpr std::size_t kPiece = std::size_t{64} * 1024;
   std::string text;
-  for (const std::string_view row : session.List1()) {
+  for (const std::string_view row : builder.List1()) {
     text.append(row).push_back('\n');
     if (text.size() < kPiece) continue;
     if (Print(text, kDone) != kDone) return kCannotWrite;
@@ -87,18 +87,18 @@ ExitCode RunList(const CommonOptions& options, const ListArguments& arguments) {
   clock.now = world.now;
   TerminalMessages messages;
   MemoryShiftKey shiftKey;
-  ReminderSession session({*world.settings, *world.files, clock, messages, shiftKey}, world.format,
-                          path, arguments.update ? FileAccess::kUpdate : FileAccess::kReadOnly);
-  session.ReadTodayPreface();
+  ListBuilder builder({*world.settings, *world.files, clock, messages, shiftKey}, world.format,
+                      path, ReadTodayPreface(*world.settings));
   // Where the window would not be shown at all, the list is empty.
-  static_cast<void>(session.BuildReminderList());
-  if (!session.readStatus().ok()) {
-    Complain(path + ": " + DescribeStatus(session.readStatus()));
+  static_cast<void>(
+      builder.BuildReminderList(arguments.update ? FileAccess::kUpdate : FileAccess::kReadOnly));
+  if (!builder.readStatus().ok()) {
+    Complain(path + ": " + DescribeStatus(builder.readStatus()));
     return kCannotRead;
   }
-  ExitCode code = arguments.onlyIfAny && !session.anyEventsInRange() ? kFindings : kDone;
-  if (!session.writeStatus().ok()) {
-    Complain(path + ": cannot be changed: " + DescribeStatus(session.writeStatus()));
+  ExitCode code = arguments.onlyIfAny && !builder.anyEventsInRange() ? kFindings : kDone;
+  if (!builder.writeStatus().ok()) {
+    Complain(path + ": cannot be changed: " + DescribeStatus(builder.writeStatus()));
     code = kCannotWrite;
   }
   FileStamp stamp;
@@ -106,7 +106,7 @@ ExitCode RunList(const CommonOptions& options, const ListArguments& arguments) {
     Complain(options.settings + ": cannot be created");
     code = kCannotWrite;
   }
-  return options.json ? Print(AsJson(session), code) : PrintText(session, code);
+  return options.json ? Print(AsJson(builder), code) : PrintText(builder, code);
 }
 
 }  // namespace tidewarden::cli

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
@@ -9,37 +10,39 @@
 namespace tidewarden::cli {
 namespace {
 
-// Events that have one date in all their life.
-// Feasts fall each year whatever year is named.
-bool HasOneDate(const EventRecord& event) {
-  const OccursKind kind = event.occurs.kind;
-  const bool named = kind == OccursKind::kOneTime || kind == OccursKind::kTilDone;
-  return event.occurs.IsCounter() || (named && !event.dateField.isFeast);
+// The first date from `from` on. A rule looks ahead from the day that it is asked on, and some
+// dates of a year it finds only from New Year on.
+std::optional<CivilDate> FirstDate(const EventRecord& event, CivilDate from) {
+  auto first = NextOccurrence(event.dateField, event.occurs, from);
+  if (first && *first < from) first.reset();
+  // A yearly 29 February stays away for up to eight years.
+  constexpr int kYearsWithout = 9;
+  const int lastYear =
+      std::min(YearOf(first.value_or(AddDays(from, kYearsWithout * 366))), kLastYear - 1);
+  for (int year = YearOf(from) + 1; year <= lastYear; ++year) {
+    const CivilDate newYear = MakeDate(year, 1, 1);
+    const auto date = NextOccurrence(event.dateField, event.occurs, newYear);
+    if (date && *date >= newYear && (!first || *date < *first)) return date;
+  }
+  return first;
 }
 
-// The dates from `today` on, `count` at most. A yearly 29 February skips the common years.
+// The dates from `today` on, `count` at most.
 std::vector<CivilDate> NextDates(const EventRecord& event, CivilDate today, int count) {
   std::vector<CivilDate> dates;
-  if (HasOneDate(event)) {
+  if (HasOneDate(event.dateField, event.occurs)) {
     const auto date = NextOccurrence(event.dateField, event.occurs, today);
     if (date && (*date >= today || event.occurs.kind != OccursKind::kOneTime)) {
       dates.push_back(*date);
     }
     return dates;
   }
-  constexpr int kYearsWithout = 9;
   CivilDate from = today;
-  int lastYear = YearOf(today) + kYearsWithout;
-  while (static_cast<int>(dates.size()) < count && YearOf(from) <= lastYear &&
-         YearOf(from) < kLastYear) {
-    const auto date = NextOccurrence(event.dateField, event.occurs, from);
-    if (date && *date >= from) {
-      dates.push_back(*date);
-      from = AddDays(*date, 1);
-      lastYear = YearOf(from) + kYearsWithout;
-    } else {
-      from = MakeDate(YearOf(from) + 1, 1, 1);
-    }
+  while (static_cast<int>(dates.size()) < count && YearOf(from) < kLastYear) {
+    const auto date = FirstDate(event, from);
+    if (!date) break;
+    dates.push_back(*date);
+    from = AddDays(*date, 1);
   }
   return dates;
 }

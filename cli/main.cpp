@@ -38,7 +38,7 @@ void AddFiles(CLI::App& command, CommonOptions& options) {
       ->check(NotEmpty());
   command
       .add_option("--settings", options.settings,
-                  "A settings file in place of your own; list creates it when missing")
+                  "A settings file in place of your own; created when missing")
       ->type_name("PATH")
       ->check(NotEmpty());
 }
@@ -47,7 +47,7 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
   using namespace tidewarden::cli;
   CLI::App app{
       "Tidewarden at the terminal: what is coming, from a file of events.\n"
-      "Exit codes: 0 done, 1 findings or nothing in range, 2 usage,\n"
+      "Exit codes: 0 done, 1 findings, nothing in range or no date, 2 usage,\n"
       "3 a file cannot be read, 4 a file cannot be written.",
       "tidewarden-cli"};
   app.set_version_flag("--version", kVersionText);
@@ -77,7 +77,9 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
   CLI::App* next = app.add_subcommand("next", "Print the next dates of one event line");
   next->add_option("LINE", line, "An event line, such as \"12.25,Christmas,14,yearly\"")
       ->required();
-  next->add_option("-n", count, "How many dates")->type_name("N")->check(CLI::Range(1, 10000));
+  next->add_option("-n", count, "How many dates; else 1")
+      ->type_name("N")
+      ->check(CLI::Range(1, 10000));
   AddClockAndFormat(*next, options);
 
   try {

@@ -17,13 +17,6 @@ namespace {
 constexpr int kOccurrencesToTry = 60;
 constexpr int kYearsToTry = 9;
 
-// Events that have one date in all their life. Feasts fall each year whatever year is named.
-bool IsSingle(const EventRecord& event) {
-  const OccursKind kind = event.occurs.kind;
-  const bool named = kind == OccursKind::kOneTime || kind == OccursKind::kTilDone;
-  return event.occurs.IsCounter() || (named && !event.dateField.isFeast);
-}
-
 // A date, and the first day from which the rules give it: some events have no date at all for
 // years.
 struct FoundDate {
@@ -37,7 +30,8 @@ std::optional<FoundDate> FirstDate(const EventRecord& event, CivilDate today) {
     if (tried >= kLastYear) break;
     const CivilDate from = year == 0 ? today : MakeDate(tried, 1, 1);
     const auto date = NextOccurrence(event.dateField, event.occurs, from);
-    if (date && (IsSingle(event) || *date >= from)) return FoundDate{from, *date};
+    const bool comes = date && (*date >= from || HasOneDate(event.dateField, event.occurs));
+    if (comes) return FoundDate{from, *date};
   }
   return std::nullopt;
 }
@@ -50,7 +44,7 @@ bool IsEverUnhidden(const EventRecord& event, CivilDate today) {
     const auto found = FirstDate(event, from);
     if (!found || found->date < from) return false;
     if (DaysBetween(found->from, found->date) > event.EventAdvance) return true;
-    if (IsSingle(event)) return false;
+    if (HasOneDate(event.dateField, event.occurs)) return false;
     from = AddDays(found->date, 1);
   }
   return false;
@@ -106,8 +100,21 @@ class Checker : public EventLineVisitor {
     }
   }
 
+  // The date as it is meant: whatever stands between month and day is the same to every reader.
+  static std::string DateKey(const EventRecord& event) {
+    const DateField& field = event.dateField;
+    if (field.isFeast || field.month == DateField::kNotADate || field.day == DateField::kNotADate) {
+      return ToLower(event.EventDateAsStored);
+    }
+    std::string key;
+    AppendNumber(key, field.month);
+    key += '.';
+    AppendNumber(key, field.day);
+    return key;
+  }
+
   void LookForDuplicate(const EventRecord& event, std::size_t number) {
-    std::string key = ToLower(event.EventDateAsStored);
+    std::string key = DateKey(event);
     key.append(",").append(ToLower(Trim(event.EventTitle))).append(",").append(event.EventOccurs);
     const auto [earlier, isNew] = seen_.emplace(std::move(key), number);
     if (isNew) return;

@@ -2,34 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstdint>
-#include <cstring>
 
 #include "dates/text.h"
 
 namespace tidewarden {
 namespace {
-
-// The last comma of a text, or null. Eight bytes are looked at together.
-const char* LastComma(const char* begin, const char* end) {
-  constexpr std::uint64_t kCommas = 0x2C2C2C2C2C2C2C2C;
-  constexpr std::uint64_t kLowBits = 0x7F7F7F7F7F7F7F7F;
-  if constexpr (std::endian::native == std::endian::little) {
-    for (; end - begin >= 8; end -= 8) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, end - 8, 8);
-      word ^= kCommas;
-      // The top bit of every byte that has become zero (Warren, "Hacker's Delight", 6-1).
-      const std::uint64_t zeros = ~(((word & kLowBits) + kLowBits) | word | kLowBits);
-      if (zeros != 0) return end - 1 - std::countl_zero(zeros) / 8;
-    }
-  }
-  while (end != begin) {
-    if (*--end == ',') return end;
-  }
-  return nullptr;
-}
 
 // Where the fourth comma stands, or the end of a line with too few of them.
 const char* CommaFault(std::string_view line) {
@@ -108,19 +85,16 @@ std::string InUsersOrder(std::string_view stored, const DateField& field,
 bool SplitEventLine(std::string_view line, EventLineParts& out) {
   out.hidden = line.ends_with('*');
   if (out.hidden) line.remove_suffix(1);
-  const char* const begin = line.data();
-  const char* const end = begin + line.size();
-  const char* const third = LastComma(begin, end);
-  if (third == nullptr) return false;
-  const char* const second = LastComma(begin, third);
-  if (second == nullptr) return false;
-  const char* const first = std::find(begin, second, ',');
+  const std::size_t first = line.find(',');
+  const std::size_t third = line.rfind(',');
+  if (first == third) return false;
+  const std::size_t second = line.rfind(',', third - 1);
   if (first == second) return false;
-  out.title = {first + 1, static_cast<std::size_t>(second - first - 1)};
+  out.title = line.substr(first + 1, second - first - 1);
   if (out.title.find(',') != std::string_view::npos) return false;
-  out.date = {begin, static_cast<std::size_t>(first - begin)};
-  out.advance = {second + 1, static_cast<std::size_t>(third - second - 1)};
-  out.occurs = Trim({third + 1, static_cast<std::size_t>(end - third - 1)});
+  out.date = line.substr(0, first);
+  out.advance = line.substr(second + 1, third - second - 1);
+  out.occurs = Trim(line.substr(third + 1));
   return true;
 }
 

@@ -20,12 +20,11 @@ class Pass {
   bool Take(std::string_view piece) {
     // A piece of pure ASCII settles its lines at once; the others are looked at one by one.
     const bool pieceIsAscii = IsAscii(piece);
-    bool startsHere = false;
+    openLineIsAscii_ = openLineIsAscii_ && pieceIsAscii;
     lines_.Take(piece, [&](std::string_view line) {
-      Line(line, pieceIsAscii && (startsHere || openLineIsAscii_));
-      startsHere = true;
+      Line(line, openLineIsAscii_);
+      openLineIsAscii_ = pieceIsAscii;
     });
-    openLineIsAscii_ = pieceIsAscii && (startsHere || openLineIsAscii_);
     return !isUtf16_ && !isOtherEncoding_;
   }
 
@@ -33,7 +32,7 @@ class Pass {
     lines_.Finish([&](std::string_view line) {
       // A file of nothing but a byte-order mark has no line.
       const bool onlyMark = number_ == 0 && line == kByteOrderMark;
-      if (!onlyMark || encoding_ != TextEncoding::kUtf8) Line(line, openLineIsAscii_);
+      if (!onlyMark) Line(line, openLineIsAscii_);
     });
   }
 
@@ -42,7 +41,10 @@ class Pass {
 
  private:
   void Line(std::string_view line, bool isAscii) {
-    if (isAscii && !isMarkedAsUtf16_) {
+    if (number_ == 0) startsAsUtf16_ = StartsAsUtf16(line);
+    isUtf16_ = isUtf16_ || (startsAsUtf16_ && line.find('\0') != std::string_view::npos);
+    if (isUtf16_) return;
+    if (isAscii) {
       visitor_.Visit(number_++, line, line);
     } else if (encoding_ == TextEncoding::kUtf8) {
       Utf8Line(line);
@@ -51,19 +53,21 @@ class Pass {
     }
   }
 
+  [[nodiscard]] std::string_view WithoutMark(std::string_view line) const {
+    const bool marked = number_ == 0 && line.starts_with(kByteOrderMark);
+    return line.substr(marked ? kByteOrderMark.size() : 0);
+  }
+
   void Utf8Line(std::string_view line) {
     if (isOtherEncoding_) return;
-    if (number_ == 0 && line.starts_with(kByteOrderMark)) {
-      line.remove_prefix(kByteOrderMark.size());
-    }
+    line = WithoutMark(line);
     isOtherEncoding_ = !IsValidUtf8(line);
     if (!isOtherEncoding_) visitor_.Visit(number_++, line, line);
   }
 
   void Windows1252Line(std::string_view line) {
-    if (number_ == 0) isMarkedAsUtf16_ = StartsAsUtf16(line);
-    isUtf16_ = isUtf16_ || (isMarkedAsUtf16_ && line.find('\0') != std::string_view::npos);
-    if (isUtf16_) return;
+    // One wrong byte further down does not make text of a mark that an editor has left.
+    line = WithoutMark(line);
     const std::string text = DecodeWindows1252(line);
     visitor_.Visit(number_++, line, text);
   }
@@ -72,20 +76,20 @@ class Pass {
   EventLineVisitor& visitor_;
   LineSplitter lines_;
   long number_ = 0;
-  bool openLineIsAscii_ = true;  // what has come of the line that the last piece left open
-  bool isMarkedAsUtf16_ = false;
+  bool openLineIsAscii_ = true;  // what has come of the line that is not yet at its end
+  bool startsAsUtf16_ = false;
   bool isUtf16_ = false;
   bool isOtherEncoding_ = false;
 };
 
-}  // namespace
-
-Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor) {
+// Reads with `read` in one encoding after the other.
+template <typename Read>
+Status ReadInEitherEncoding(EventLineVisitor& visitor, Read read) {
   try {
     for (const TextEncoding encoding : {TextEncoding::kUtf8, TextEncoding::kWindows1252}) {
       visitor.Start();
       Pass pass(encoding, visitor);
-      Status status = files.Read(path, [&](std::string_view piece) { return pass.Take(piece); });
+      Status status = read([&](std::string_view piece) { return pass.Take(piece); });
       if (!status.ok()) return status;
       pass.Finish();
       if (pass.isUtf16()) return Status(StatusKind::kNotText);
@@ -95,6 +99,20 @@ Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisit
   } catch (const std::bad_alloc&) {
     return Status(StatusKind::kTooLarge);
   }
+}
+
+}  // namespace
+
+Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor) {
+  return ReadInEitherEncoding(visitor,
+                              [&](const TakeBytes& take) { return files.Read(path, take); });
+}
+
+Status VisitEventLines(std::string_view content, EventLineVisitor& visitor) {
+  return ReadInEitherEncoding(visitor, [&](const TakeBytes& take) {
+    take(content);
+    return Status();
+  });
 }
 
 Status RewriteEventsFile(
@@ -108,8 +126,7 @@ Status RewriteEventsFile(
   std::string_view body = present;
   std::string content;
   content.reserve(present.size() + kLineEnd.size());
-  const bool marked = body.starts_with(kByteOrderMark) && IsValidUtf8(body);
-  if (marked) {
+  if (body.starts_with(kByteOrderMark)) {
     body.remove_prefix(kByteOrderMark.size());
     content += kByteOrderMark;
   }
@@ -120,7 +137,9 @@ Status RewriteEventsFile(
     if (what != LineChange::kKeep) changed = true;
     if (what == LineChange::kRemove) return;
     if (what == LineChange::kDropLastCharacter && !line.empty()) line.remove_suffix(1);
-    content.append(line).append(kLineEnd);
+    content.append(line);
+    if (what == LineChange::kAppendHiddenMark) content += '*';
+    content.append(kLineEnd);
   };
   LineSplitter lines;
   lines.Take(body, copy);

@@ -2,8 +2,9 @@
 // stays byte for byte.
 //
 // A line is ended by CR LF, LF or a lone CR; a last line without an end counts. Lines are
-// numbered from 0, rejected and blank ones included. A byte-order mark is not part of the first
-// line. Rewritten files end every line in CR LF.
+// numbered from 0, rejected and blank ones included. A UTF-8 byte-order mark is not part of the
+// first line, even where other bytes make the file Windows-1252. Rewritten files end every line in
+// CR LF.
 #pragma once
 
 #include <cstddef>
@@ -36,8 +37,11 @@ class EventLineVisitor {
 // failure what the visitor has seen is void.
 Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor);
 
+// The same for the bytes of a file that has been read already.
+Status VisitEventLines(std::string_view content, EventLineVisitor& visitor);
+
 // What becomes of a line when the file is rewritten.
-enum class LineChange { kKeep, kRemove, kDropLastCharacter };
+enum class LineChange { kKeep, kRemove, kDropLastCharacter, kAppendHiddenMark };
 
 // Reads the file afresh, asks `change` for every raw line in order, and replaces the file. The
 // byte-order mark and the encoding stay. Nothing is written when no line changes, and after any

@@ -11,22 +11,23 @@ namespace {
 constexpr std::string_view kFileName = "dates.txt";
 constexpr std::string_view kEnding = ".txt";
 
-std::string Joined(std::string_view folder, std::string_view name, PathStyle style) {
+const std::string& EventsFolder(FileSystem& files, const ProgramFolders& folders) {
+  FileStamp stamp;
+  const bool usable =
+      files.CanCreateIn(folders.program) ||
+      files.GetStamp(JoinPath(folders.program, kFileName, folders.style), stamp).ok();
+  return usable ? folders.program : folders.userData;
+}
+
+}  // namespace
+
+std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style) {
   const char separator = style == PathStyle::kPosix ? '/' : '\\';
   std::string path(folder);
   if (!path.ends_with(separator)) path.push_back(separator);
   path += name;
   return path;
 }
-
-const std::string& EventsFolder(FileSystem& files, const ProgramFolders& folders) {
-  FileStamp stamp;
-  const bool usable = files.CanCreateIn(folders.program) ||
-                      files.GetStamp(Joined(folders.program, kFileName, folders.style), stamp).ok();
-  return usable ? folders.program : folders.userData;
-}
-
-}  // namespace
 
 std::string ResolveEventsPath(std::string_view stored, std::string_view folder, PathStyle style) {
   if (style == PathStyle::kPosix && stored.starts_with('/')) return std::string(stored);
@@ -35,19 +36,20 @@ std::string ResolveEventsPath(std::string_view stored, std::string_view folder, 
   std::string text(stored);
   if (style == PathStyle::kPosix) std::replace(text.begin(), text.end(), '\\', '/');
   if (fromFolder) return std::string(folder) + text;
-  return bare ? Joined(folder, text, style) : text;
+  return bare ? JoinPath(folder, text, style) : text;
 }
 
 std::string LocateEventsFile(SettingsStore& settings, FileSystem& files,
                              const ProgramFolders& folders) {
   const std::string& folder = EventsFolder(files, folders);
   std::string stored =
-      modGetSetSaveSet::Get(settings, settings::kPath, Joined(folder, kFileName, folders.style));
+      modGetSetSaveSet::Get(settings, settings::kPath, JoinPath(folder, kFileName, folders.style));
   if (ToLower(LastCharacters(stored, kEnding.size())) != kEnding) {
     stored += kEnding;
     modGetSetSaveSet::Save(settings, settings::kPath, stored);
   }
-  return ResolveEventsPath(stored, folder, folders.style);
+  const bool isWindows = folders.style == PathStyle::kWindows;
+  return ResolveEventsPath(stored, isWindows ? folders.program : folder, folders.style);
 }
 
 }  // namespace tidewarden

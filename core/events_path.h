@@ -19,6 +19,9 @@ struct ProgramFolders {
   PathStyle style = PathStyle::kPosix;
 };
 
+// A file in a folder.
+[[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style);
+
 // A stored path as a full path.
 //
 // Windows: a text that begins with "\" gets the folder in front; one without any "\" or "/" gets
@@ -30,8 +33,9 @@ struct ProgramFolders {
                                             PathStyle style);
 
 // Reads "Settings/Path" and resolves it. A value that does not end in ".txt" gets that ending
-// and is saved back. The default, and the folder of relative paths, is the program's folder when
-// it takes new files or already holds "dates.txt", else the user's data folder.
+// and is saved back. The default lies in the program's folder when that takes new files or already
+// holds "dates.txt", else in the user's data folder. Relative paths start from the program's folder
+// on Windows, and from the default's folder on Posix.
 [[nodiscard]] std::string LocateEventsFile(SettingsStore& settings, FileSystem& files,
                                            const ProgramFolders& folders);
 

@@ -36,6 +36,11 @@ class StagedFile {
   // Puts the content in place of its target: all or nothing, for readers at any moment and after
   // a power cut. On failure the target is unchanged. Called once.
   virtual Status Commit() = 0;
+
+  // False when Commit writes into the target itself, because its folder takes no new file: not
+  // all or nothing for a process that is killed meanwhile, and other names of the target change
+  // with it.
+  [[nodiscard]] virtual bool ReplacesAtOnce() const = 0;
 };
 
 // Held while the object lives.
@@ -55,6 +60,10 @@ class FileSystem {
   // known.
   virtual Status GetStamp(const std::string& path, FileStamp& out) = 0;
 
+  // The names in a folder, hidden ones included, in code-point order. kNotFound also when a file
+  // stands in place of the folder. On failure `out` is unchanged.
+  virtual Status ListNames(const std::string& folder, std::vector<std::string>& out) = 0;
+
   // Creates an empty file for the user alone, and the missing folders above it. Harms nothing
   // when a file is there already.
   virtual Status CreateEmpty(const std::string& path) = 0;
@@ -63,7 +72,8 @@ class FileSystem {
   // permissions and owner, for the user alone when `path` is new, and flushes it to the disk. On
   // failure nothing stays. kBusy while another process stages the same file. When the folder
   // takes no new file but the file itself can be written, the content is only held, and Commit
-  // writes it into the file after its space has been secured.
+  // writes it into the file after its space has been secured, and puts the old content back if
+  // that fails. What a killed process has staged for the same file is removed.
   virtual Status Stage(const std::string& path, std::string_view content,
                        std::unique_ptr<StagedFile>& out) = 0;
 
@@ -74,6 +84,17 @@ class FileSystem {
   // The names of what a folder holds, without "." and "..", in no particular order. On failure
   // `names` is unchanged.
   virtual Status ListFolder(const std::string& folder, std::vector<std::string>& names) = 0;
+
+  // Removes a file. kOk also when there is none.
+  virtual Status Remove(const std::string& path) = 0;
+
+  // Gives a file another name in the same folder, in place of a file that has it. kNotFound when
+  // there is no file `from`.
+  virtual Status Rename(const std::string& from, const std::string& to) = 0;
+
+  // Gives the file that `from` leads to a second name `to`, without any moment in which it has
+  // none. Fails when `to` exists, on another disk and where files have one name only.
+  virtual Status Link(const std::string& from, const std::string& to) = 0;
 
   // True when the user may create files in a folder that exists.
   [[nodiscard]] virtual bool CanCreateIn(const std::string& folder) = 0;

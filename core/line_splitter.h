@@ -41,11 +41,11 @@ class LineSplitter {
     const char* const bytes = piece.data();
     const std::size_t last = piece.size() - 1;
     // Whole bytes as flags keep the loop in byte-wide vector registers.
-    unsigned char lone = bytes[last] == '\r' ? 1 : 0;
+    unsigned char lone = bytes[last] == '\r' ? 0xFF : 0;
     for (std::size_t i = 0; i < last; ++i) {
-      const unsigned char isReturn = bytes[i] == '\r' ? 1 : 0;
-      const unsigned char isNotFeed = bytes[i + 1] != '\n' ? 1 : 0;
-      lone |= isReturn & isNotFeed;
+      const unsigned char isReturn = bytes[i] == '\r' ? 0xFF : 0;
+      const unsigned char feedFollows = bytes[i + 1] == '\n' ? 0xFF : 0;
+      lone |= static_cast<unsigned char>(isReturn & ~feedFollows);
     }
     return lone != 0;
   }

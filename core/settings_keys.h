@@ -60,6 +60,23 @@ inline constexpr Setting kAlarmTop{"Alarm/Top", ""};
 inline constexpr Setting kAlarmWidth{"Alarm/Width", "4815"};
 inline constexpr Setting kAlarmHeight{"Alarm/Height", "2550"};
 
+// The daily quote. The default path depends on the program's folder.
+inline constexpr Setting kQuotesPath{"QuotesPath", ""};
+inline constexpr Setting kShowDailyQuotes{"ShowDailyQuotes", "False"};
+
+// The events editor.
+inline constexpr Setting kEditLeft{"Edit/Left", "-1"};
+inline constexpr Setting kEditTop{"Edit/Top", "-1"};
+inline constexpr Setting kEditHeight{"Edit/Height", "4845"};
+inline constexpr Setting kLevelsOfBackup{"LevelsOfBackup", "0"};
+inline constexpr Setting kShowPopularObservancesArrow{"ShowPopularObservancesArrow", "True"};
+inline constexpr Setting kShowDateExample{"ShowDateExample", "True"};
+inline constexpr Setting kRememberLastAdvanceNotice{"RememberLastAdvanceNotice", "False"};
+inline constexpr Setting kRememberLastOccurs{"RememberLastOccurs", "False"};
+// Nothing until an event has been saved.
+inline constexpr Setting kRememberLastAdvanceNoticeValue{"RememberLastAdvanceNoticeValue", ""};
+inline constexpr Setting kRememberLastOccursIndex{"RememberLastOccursIndex", ""};
+
 // No longer used; removed from the store when found.
 inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};
 inline constexpr Setting kReminderListBackColor{"ReminderListBackColor", ""};

@@ -14,6 +14,8 @@ std::string DescribeStatus(const Status& status) {
       return "this is a folder, not a file";
     case StatusKind::kNotAFile:
       return "this is not a regular file";
+    case StatusKind::kNotAFolder:
+      return "what should be its folder is a file";
     case StatusKind::kNotText:
       return "this is UTF-16 text; save it as UTF-8 and try again";
     case StatusKind::kNoSpace:

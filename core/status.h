@@ -15,6 +15,7 @@ enum class StatusKind {
   kNoPermission,  // the system refuses the user
   kIsFolder,      // a folder stands in place of the file
   kNotAFile,      // a pipe, a device or a socket stands in place of the file
+  kNotAFolder,    // a file stands in place of a folder on the way to a file to be created
   kNotText,       // the file holds another encoding than the ones that are read (UTF-16)
   kNoSpace,       // the disk or the quota is full
   kBusy,          // another program holds the lock for too long

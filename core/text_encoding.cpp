@@ -14,6 +14,19 @@ constexpr char32_t kHighControls[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
+// True for a beginning like that of ASCII text in UTF-16 without a mark, in either byte order.
+bool AlternatesWithNul(std::string_view bytes) {
+  constexpr std::size_t kBytes = 4;
+  if (bytes.size() < kBytes) return false;
+  const std::size_t first = bytes[0] == '\0' ? 1 : 0;
+  for (std::size_t i = 0; i < kBytes; ++i) {
+    const bool isText = bytes[i] != '\0' && bytes[i] != '\r' && bytes[i] != '\n';
+    if (isText != (i % 2 == first)) return false;
+    if (!isText && bytes[i] != '\0') return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 TextEncoding DetectEncoding(std::string_view bytes) {
@@ -21,7 +34,7 @@ TextEncoding DetectEncoding(std::string_view bytes) {
 }
 
 bool StartsAsUtf16(std::string_view bytes) {
-  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") || AlternatesWithNul(bytes);
 }
 
 bool LooksLikeUtf16(std::string_view bytes) {

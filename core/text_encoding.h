@@ -14,10 +14,12 @@ enum class TextEncoding { kUtf8, kWindows1252 };
 
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// The encoding of a file's bytes. A byte-order mark is valid UTF-8 like any other character.
+// The encoding of a file's bytes. A byte-order mark is valid UTF-8 like any other character, and
+// does not make UTF-8 of a file whose other bytes are not.
 [[nodiscard]] TextEncoding DetectEncoding(std::string_view bytes);
 
-// True for bytes that begin with a UTF-16 byte-order mark.
+// True for bytes that begin with a UTF-16 byte-order mark, or with two characters of ASCII text in
+// UTF-16 that are no line end. The first line of a file gives the same answer as the whole.
 [[nodiscard]] bool StartsAsUtf16(std::string_view bytes);
 
 // True for bytes that begin so and hold a NUL: text that cannot be read as either encoding.

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -26,17 +26,21 @@ class TextPool {
   TextPool& operator=(const TextPool&) = delete;
   ~TextPool() = default;
 
-  [[nodiscard]] std::string_view Keep(std::string_view text) {
-    if (text.size() > left_) {
-      left_ = std::max(kBlock, text.size());
+  [[nodiscard]] std::string_view Keep(std::string_view text) { return Join({&text, 1}); }
+
+  // Keeps texts as one, the one behind the other.
+  [[nodiscard]] std::string_view Join(std::span<const std::string_view> texts) {
+    std::size_t size = 0;
+    for (const std::string_view text : texts) size += text.size();
+    if (size > left_) {
+      left_ = std::max(kBlock, size);
       blocks_.push_back(std::make_unique_for_overwrite<char[]>(left_));
       next_ = blocks_.back().get();
     }
-    char* const place = next_;
-    if (!text.empty()) std::memcpy(place, text.data(), text.size());
-    next_ += text.size();
-    left_ -= text.size();
-    return {place, text.size()};
+    const char* const place = next_;
+    for (const std::string_view text : texts) next_ = std::copy(text.begin(), text.end(), next_);
+    left_ -= size;
+    return {place, size};
   }
 
  private:

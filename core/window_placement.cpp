@@ -7,15 +7,12 @@
 namespace tidewarden {
 namespace {
 
-// Optional sign, digits with at most one point, at least one digit.
+// Optional sign and digits; a point needs digits on both sides.
 bool IsPlainNumber(std::string_view text) {
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
   const std::size_t point = text.find('.');
   if (point == std::string_view::npos) return IsDigits(text);
-  const std::string_view whole = text.substr(0, point);
-  const std::string_view decimals = text.substr(point + 1);
-  return (whole.empty() || IsDigits(whole)) && (decimals.empty() || IsDigits(decimals)) &&
-         text.size() > 1;
+  return IsDigits(text.substr(0, point)) && IsDigits(text.substr(point + 1));
 }
 
 }  // namespace

@@ -43,9 +43,9 @@ struct Screens {
 // True when an area lies at least partly on a screen, or when no screen is known.
 [[nodiscard]] bool MeetsAScreen(const WindowArea& area, const Screens& screens);
 
-// A stored position or size as a whole number: sign, digits and decimals between blanks, rounded
-// to the nearest number, halves to even. Any other text is 0. False for a number beyond 16 bits
-// (-32768 to 32767).
+// A stored position or size as a whole number: optional sign, digits, optional "." and digits,
+// with blanks around it; rounded to the nearest number, halves to even. Any other text is 0.
+// False for a number beyond 16 bits (-32768 to 32767).
 [[nodiscard]] bool ReadPlacementNumber(std::string_view text, int& out);
 
 }  // namespace tidewarden

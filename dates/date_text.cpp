@@ -41,18 +41,22 @@ std::string Replaced(std::string_view text, std::string_view anyOf, std::string_
   return out;
 }
 
-// The parts of a typed date, or none when their number does not fit the text's length.
-std::vector<std::string> TypedParts(std::string_view typed) {
-  const std::string text = Replaced(typed, " -/", ".");
+std::vector<std::string> PartsOf(std::string_view typed) {
   std::vector<std::string> parts(1);
-  for (const char c : text) {
-    if (c == '.') {
+  for (const char c : typed) {
+    if (std::string_view(". -/").find(c) != std::string_view::npos) {
       parts.emplace_back();
     } else {
       parts.back().push_back(c);
     }
   }
-  const std::size_t wanted = CountCharacters(text) >= 6 ? 3 : 2;
+  return parts;
+}
+
+// The parts of a typed date, or none when their number does not fit the text's length.
+std::vector<std::string> PartsThatFitTheLength(std::string_view typed) {
+  std::vector<std::string> parts = PartsOf(typed);
+  const std::size_t wanted = CountCharacters(typed) >= 6 ? 3 : 2;
   if (parts.size() != wanted) parts.clear();
   return parts;
 }
@@ -192,19 +196,19 @@ std::optional<CivilDate> ReadFullDate(std::string_view text, const RegionalDateF
 }
 
 int ExtractDay(std::string_view typed, const RegionalDateFormat& format) {
-  const std::vector<std::string> parts = TypedParts(typed);
+  const std::vector<std::string> parts = PartsThatFitTheLength(typed);
   return parts.empty() ? 0 : SixteenBit(parts[DayPart(parts.size(), format)]);
 }
 
 int ExtractMonth(std::string_view typed, const RegionalDateFormat& format) {
-  const std::vector<std::string> parts = TypedParts(typed);
+  const std::vector<std::string> parts = PartsThatFitTheLength(typed);
   return parts.empty() ? 0 : SixteenBit(parts[MonthPart(format)]);
 }
 
 std::string NormalizeDateText(std::string_view typed, const RegionalDateFormat& format,
                               int currentYear) {
-  const std::vector<std::string> parts = TypedParts(typed);
-  if (parts.empty()) return {};
+  const std::vector<std::string> parts = PartsOf(typed);
+  if (parts.size() != 2 && parts.size() != 3) return {};
   const bool full = parts.size() == 3;
   const int year =
       full ? TypedYear(parts[format.IsYearFirst() ? std::size_t{0} : std::size_t{2}]) : currentYear;

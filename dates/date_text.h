@@ -76,8 +76,9 @@ void AppendDate(std::string& out, CivilDate date, const RegionalDateFormat& form
 [[nodiscard]] int ExtractDay(std::string_view typed, const RegionalDateFormat& format);
 [[nodiscard]] int ExtractMonth(std::string_view typed, const RegionalDateFormat& format);
 
-// The typed text as a full date text, or the empty text when it is no real date. Two parts take
-// `currentYear`. A year of one or two digits lies in 1930 to 2029; longer years are literal.
+// The typed text as a full date text, or the empty text when it is no real date. Here the length
+// does not matter: there are two or three parts of digits, and two take `currentYear`. A year of
+// one or two digits lies in 1930 to 2029; longer years are literal.
 [[nodiscard]] std::string NormalizeDateText(std::string_view typed,
                                             const RegionalDateFormat& format, int currentYear);
 

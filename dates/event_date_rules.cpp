@@ -33,10 +33,12 @@ std::optional<CivilDate> NthWeekdayDate(int month, int year, int weekday, int or
   if (month < 1 || month > 12 || year < kFirstYear || year > kLastYear) return std::nullopt;
   const int lastDay = LastDayOfMonth(year, month);
   if (ordinal == -1) return MakeDate(year, month, lastDay);
-  if (weekday < 1 || weekday > 7 || ordinal > 4) return std::nullopt;
+  constexpr int kMostInAMonth = 5;
+  if (weekday < 1 || weekday > 7 || ordinal > kMostInAMonth) return std::nullopt;
   const int firstWeekday = WeekdayNumber(MakeDate(year, month, 1));
   const int first = 1 + (weekday - firstWeekday + 7) % 7;
   const int day = ordinal > 0 ? first + 7 * (ordinal - 1) : first + (lastDay - first) / 7 * 7;
+  if (day > lastDay) return std::nullopt;
   return MakeDate(year, month, day);
 }
 
@@ -131,6 +133,12 @@ std::optional<CivilDate> MoveToNextYear(CivilDate date, CivilDate today) {
 bool IsMovedOn(const Occurs& occurs) {
   return occurs.kind != OccursKind::kOneTime && occurs.kind != OccursKind::kTilDone &&
          !occurs.IsCounter();
+}
+
+bool HasOneDate(const DateField& field, const Occurs& occurs) {
+  if (occurs.IsCounter()) return true;
+  const bool isWhole = field.month != DateField::kAny && field.day != DateField::kAny;
+  return !IsMovedOn(occurs) && !field.isFeast && isWhole;
 }
 
 std::optional<CivilDate> NextOccurrence(const DateField& field, const Occurs& occurs,

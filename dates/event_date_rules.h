@@ -13,9 +13,9 @@
 
 namespace tidewarden {
 
-// The nth (ordinal 1 to 4) or last (0) weekday (Sunday = 1 to Saturday = 7) of a month, or the
-// month's last day (-1, the weekday is not looked at). Nothing for a weekday outside 1 to 7 or
-// a month outside 1 to 12.
+// The nth (ordinal 1 or more) or last (0) weekday (Sunday = 1 to Saturday = 7) of a month, or the
+// month's last day (-1, the weekday is not looked at). Nothing when the month has no such day, and
+// for a weekday outside 1 to 7 or a month outside 1 to 12.
 [[nodiscard]] std::optional<CivilDate> NthWeekdayDate(int month, int year, int weekday,
                                                       int ordinal);
 
@@ -58,6 +58,11 @@ namespace tidewarden {
 // True for the events that MoveToNextYear is for: all but one-time and til-done events and
 // counters.
 [[nodiscard]] bool IsMovedOn(const Occurs& occurs);
+
+// True for the events that have one date in all their life, gone or to come: counters, and
+// one-time and til-done events with a month and a day. A feast falls each year, and a date with
+// "xx" again and again, whatever year the occurs field names.
+[[nodiscard]] bool HasOneDate(const DateField& field, const Occurs& occurs);
 
 // The first occurrence on or after `today`: EventDateByRule, moved on when it has passed.
 // One-time and til-done events and counters are never moved; their date may lie in the past.

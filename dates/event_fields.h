@@ -6,6 +6,7 @@
 // follows the file format: a field may be accepted and still have no date ("1a.05").
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "dates/feasts.h"
@@ -34,7 +35,7 @@ enum class DateFieldFault {
 // feast code. Numbers are leading numbers ("1a" reads 1). `out` is complete only for kNone.
 [[nodiscard]] DateFieldFault ReadDateField(std::string_view stored, DateField& out);
 
-enum class OccursKind {
+enum class OccursKind : std::uint8_t {
   kYearly,
   kQuarter,
   kMonthly,

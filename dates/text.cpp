@@ -84,10 +84,17 @@ char32_t Mapped(char32_t character, std::span<const CaseRange> ranges) {
   return static_cast<char32_t>(static_cast<std::int32_t>(character) + range.delta);
 }
 
-template <typename Map>
-std::string MapCharacters(std::string_view text, Map map) {
-  std::string out;
-  out.reserve(text.size());
+// Maps a text character by character: `mapAscii` for a text of nothing but ASCII, else `map`.
+template <typename MapAscii, typename Map>
+std::string MapCharacters(std::string_view text, MapAscii mapAscii, Map map) {
+  std::string out(text);
+  unsigned char seen = 0;
+  for (char& c : out) {
+    seen |= static_cast<unsigned char>(c);
+    c = mapAscii(c);
+  }
+  if (seen < 0x80) return out;
+  out.clear();
   while (!text.empty()) {
     const char first = text.front();
     const char32_t character = TakeCharacter(text);
@@ -172,18 +179,13 @@ char32_t ToUpper(char32_t character) {
 }
 
 std::string ToLower(std::string_view text) {
-  std::string out(text);
-  unsigned char seen = 0;
-  for (char& c : out) {
-    seen |= static_cast<unsigned char>(c);
-    c = ToLowerAscii(c);
-  }
-  if (seen < 0x80) return out;
-  return MapCharacters(text, [](char32_t c) { return ToLower(c); });
+  return MapCharacters(text, ToLowerAscii, [](char32_t c) { return ToLower(c); });
 }
 
 std::string ToUpper(std::string_view text) {
-  return MapCharacters(text, [](char32_t c) { return ToUpper(c); });
+  return MapCharacters(
+      text, [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; },
+      [](char32_t c) { return ToUpper(c); });
 }
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {

@@ -7,6 +7,8 @@
 #include "dates/text.h"
 #include "fuzz/check.h"
 #include "fuzz/event_line_model.h"
+#include "reminder/line_ends.h"
+#include "reminder/next_dates.h"
 
 namespace tidewarden::fuzz {
 namespace {
@@ -66,6 +68,25 @@ void CheckAgainstModel(const std::optional<EventRecord>& event, std::string_view
   FUZZ_CHECK(event->EventHidden == expected->hidden);
 }
 
+// The quick look at the ends of a line finds what reading all of it finds.
+void CheckEnds(const std::optional<EventRecord>& event, std::string_view line) {
+  LineEnds ends;
+  if (!ReadLineEnds(line, ends) || !event) return;
+  FUZZ_CHECK(!event->EventHidden);
+  FUZZ_CHECK(event->EventDateAsStored.size() == kPackedDate);
+  FUZZ_CHECK(event->EventAdvance == (event->occurs.IsCounter() ? 0 : ends.advance));
+
+  EventLineParts parts;
+  FUZZ_CHECK(SplitEventLine(line, parts));
+  const CivilDate today = MakeDate(kCurrentYear, 11, 20);
+  NextDates ofEnds(today);
+  NextDates ofParts(today);
+  const NextDate& a = ofEnds.Find(ends.fields);
+  const NextDate& b = ofParts.Find(parts);
+  FUZZ_CHECK(a.date == b.date && a.days == b.days && a.noticeNeeded == b.noticeNeeded);
+  FUZZ_CHECK(a.state == b.state && a.kind == b.kind);
+}
+
 }  // namespace
 }  // namespace tidewarden::fuzz
 
@@ -82,5 +103,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::CheckRejected(rejection, line);
   }
   fuzz::CheckAgainstModel(event, line, format);
+  fuzz::CheckEnds(event, line);
   return 0;
 }

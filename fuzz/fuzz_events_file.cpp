@@ -12,7 +12,7 @@
 #include "dates/text.h"
 #include "fuzz/check.h"
 #include "platform/memory/memory_ports.h"
-#include "reminder/reminder_session.h"
+#include "reminder/list_builder.h"
 
 namespace tidewarden::fuzz {
 namespace {
@@ -62,7 +62,7 @@ struct Content {
 Content ContentOf(std::string_view bytes) {
   Content content;
   content.encoding = DetectEncoding(bytes);
-  content.marked = content.encoding == TextEncoding::kUtf8 && bytes.starts_with(kByteOrderMark);
+  content.marked = bytes.starts_with(kByteOrderMark);
   content.lines = LinesOf(bytes.substr(content.marked ? kByteOrderMark.size() : 0));
   return content;
 }
@@ -157,25 +157,24 @@ void CheckSession(std::string_view bytes, const RegionalDateFormat& format, Civi
   MemoryShiftKey shiftKey;
   files.files[kPath] = bytes;
   clock.now.date = today;
-  ReminderSession session({settings, files, clock, messages, shiftKey}, format, kPath,
-                          FileAccess::kUpdate);
-  session.ReadTodayPreface();
-  FUZZ_CHECK(session.BuildReminderList() == BuildOutcome::kShow);
-  FUZZ_CHECK(session.List1().size() == session.ReminderLineMap().size());
+  ListBuilder builder({settings, files, clock, messages, shiftKey}, format, kPath,
+                      ReadTodayPreface(settings));
+  FUZZ_CHECK(builder.BuildReminderList(FileAccess::kUpdate) == BuildOutcome::kShow);
+  FUZZ_CHECK(builder.List1().size() == builder.ReminderLineMap().size());
   FUZZ_CHECK(messages.shown.empty());
 
   const std::string tidied = files.files[kPath];
   // Without its first line a file may begin in what now counts as a mark.
   if (LooksLikeUtf16(tidied)) return;
-  FUZZ_CHECK(session.readStatus().ok() && session.writeStatus().ok());
+  FUZZ_CHECK(builder.readStatus().ok() && builder.writeStatus().ok());
   const Content before = ContentOf(bytes);
   const Content after = ContentOf(tidied);
   const std::vector<std::string>& lines = after.lines;
   const std::vector<std::string>& old = before.lines;
   FUZZ_CHECK(lines.size() <= old.size());
-  FUZZ_CHECK(session.List1().size() <= old.size() + 1);
+  FUZZ_CHECK(builder.List1().size() <= old.size() + 1);
   // A row's own line may be among the removed ones; its number then means the line that follows.
-  for (const long line : session.ReminderLineMap()) {
+  for (const long line : builder.ReminderLineMap()) {
     FUZZ_CHECK(line >= 0 && static_cast<std::size_t>(line) <= lines.size());
     FUZZ_CHECK(lines.size() < old.size() || line == 0 ||
                static_cast<std::size_t>(line) < lines.size());
@@ -193,12 +192,12 @@ void CheckSession(std::string_view bytes, const RegionalDateFormat& format, Civi
 
   // A tidy file is left alone.
   const int stages = files.CountCalls("stage");
-  const std::vector<std::string> list(session.List1().begin(), session.List1().end());
-  FUZZ_CHECK(session.BuildReminderList() == BuildOutcome::kShow);
+  const std::vector<std::string> list(builder.List1().begin(), builder.List1().end());
+  FUZZ_CHECK(builder.BuildReminderList(FileAccess::kUpdate) == BuildOutcome::kShow);
   FUZZ_CHECK(files.CountCalls("stage") == stages);
   FUZZ_CHECK(files.files[kPath] == tidied);
   if (lines.size() < old.size()) return;
-  FUZZ_CHECK(std::equal(list.begin(), list.end(), session.List1().begin(), session.List1().end()));
+  FUZZ_CHECK(std::equal(list.begin(), list.end(), builder.List1().begin(), builder.List1().end()));
 }
 
 }  // namespace

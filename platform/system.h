@@ -10,6 +10,7 @@
 #include "core/file_system.h"
 #include "core/settings_store.h"
 #include "dates/regional_formats.h"
+#include "reminder/previous_instance.h"
 
 namespace tidewarden {
 
@@ -28,5 +29,10 @@ namespace tidewarden {
 [[nodiscard]] std::string SettingsFilePath();
 
 [[nodiscard]] ProgramFolders SystemFolders();
+
+// The one copy of the program in the user's login session; with other settings than the user's
+// own (`settingsPath` not empty), the one copy that runs on that file.
+[[nodiscard]] std::unique_ptr<PreviousInstance> MakePreviousInstance(
+    FileSystem& files, const std::string& settingsPath);
 
 }  // namespace tidewarden

@@ -1,19 +1,31 @@
 #include "reminder/frm_reminder.h"
 
+#include <QApplication>
+#include <QCloseEvent>
 #include <QLabel>
-#include <QListView>
-#include <QVBoxLayout>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <algorithm>
 
+#include "reminder/frm_reminder_list.h"
+#include "reminder/frm_reminder_look.h"
 #include "reminder/frm_reminder_model.h"
 #include "reminder/reminder_session.h"
 
 namespace tidewarden {
 namespace {
 
-// 15 twips are one device-independent pixel.
-constexpr int kTwipsPerPixel = 15;
-constexpr int kWidthTwips = 4425;
-constexpr int kHeightTwips = 2025;
+constexpr int kMargin = 5;
+constexpr int kGap = 4;
+constexpr int kQuoteHeight = PixelsFromTwips(DailyQuote::kReserveTwips) - kGap;
+
+void SetSheet(QWidget* widget, const QString& sheet) {
+  if (widget->styleSheet() != sheet) widget->setStyleSheet(sheet);
+}
 
 }  // namespace
 
@@ -21,45 +33,311 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
     : QWidget(parent),
       session_(session),
       model_(new ListModel(session, this)),
-      List1(new QListView(this)),
-      sknDate(new QLabel(this)) {
+      List1(new ReminderListView(this)),
+      sknDate(new QLabel(this)),
+      cmdGoToEdit(new QPushButton(this)),
+      cmdTray(new QToolButton(this)),
+      txtDailyQuote(new QPlainTextEdit(this)),
+      tmrAlarm(new QTimer(this)),
+      tmrMinute(new QTimer(this)),
+      mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
-  resize(kWidthTwips / kTwipsPerPixel, kHeightTwips / kTwipsPerPixel);
+  MakeControls();
+  MakeMenu();
+  Connect();
+  Render();
+}
 
+void frmReminder::MakeControls() {
   List1->setObjectName(QStringLiteral("List1"));
   List1->setAccessibleName(tr("Reminders"));
   List1->setModel(model_);
-  // Rows are cut by the window's edge rather than shortened with dots, and can be scrolled to.
-  List1->setTextElideMode(Qt::ElideNone);
-  List1->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  List1->setLayoutMode(QListView::Batched);
 
   sknDate->setObjectName(QStringLiteral("sknDate"));
   sknDate->setAccessibleName(tr("Today's date"));
   sknDate->setTextFormat(Qt::PlainText);
   sknDate->setAlignment(Qt::AlignCenter);
 
-  auto* const layout = new QVBoxLayout(this);
-  constexpr int kMargin = 4;
-  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  layout->setSpacing(kMargin);
-  layout->addWidget(List1);
-  layout->addWidget(sknDate);
+  cmdGoToEdit->setObjectName(QStringLiteral("cmdGoToEdit"));
+  cmdGoToEdit->setText(tr("&EDIT"));
+  cmdGoToEdit->setToolTip(tr("Open the Events Editor (Alt + E)"));
+  cmdGoToEdit->setAccessibleName(tr("Open the events editor"));
+
+  cmdTray->setObjectName(QStringLiteral("cmdTray"));
+  cmdTray->setToolTip(tr("Send to the tray"));
+  cmdTray->setAccessibleName(tr("Send to the tray"));
+  cmdTray->setFocusPolicy(Qt::TabFocus);
+  DressTrayButton(*cmdTray, session_.skin().empty() ? Skin::kNone : Skin::kApplied);
+
+  txtDailyQuote->setObjectName(QStringLiteral("txtDailyQuote"));
+  txtDailyQuote->setAccessibleName(tr("Quote of the day"));
+  txtDailyQuote->hide();
+  txtDailyQuote->setReadOnly(true);
+  txtDailyQuote->setUndoRedoEnabled(false);
+  txtDailyQuote->setContextMenuPolicy(Qt::NoContextMenu);
+  txtDailyQuote->setTabChangesFocus(true);
+  txtDailyQuote->setToolTip(tr("Click for another quote"));
+  txtDailyQuote->installEventFilter(this);
+  txtDailyQuote->viewport()->installEventFilter(this);
+
+  tmrAlarm->setObjectName(QStringLiteral("tmrAlarm"));
+  tmrAlarm->setTimerType(Qt::PreciseTimer);
+  tmrMinute->setObjectName(QStringLiteral("tmrMinute"));
+  tmrMinute->setTimerType(Qt::PreciseTimer);
+  tmrMinute->setSingleShot(true);
+
+  SetSheet(this, QString::fromStdString(session_.skin()));
+  setTabOrder(List1, cmdTray);
+  setTabOrder(cmdTray, cmdGoToEdit);
+  setTabOrder(cmdGoToEdit, txtDailyQuote);
 }
 
-bool frmReminder::Rebuild() {
-  const BuildOutcome outcome = session_.BuildReminderList();
+void frmReminder::MakeMenu() {
+  mnuPop->setObjectName(QStringLiteral("mnuPop"));
+  mnuPop->setAccessibleName(tr("Popup Menu"));
+  const auto item = [this](const char* name, const QString& text) {
+    QAction* const action = text.isEmpty() ? mnuPop->addSeparator() : mnuPop->addAction(text);
+    action->setObjectName(QLatin1String(name));
+    return action;
+  };
+  mnuHideThis = item("mnuHideThis", tr("Hide Until Next Occurrence"));
+  mnuLine0 = item("mnuLine0", {});
+  mnuEditEvent = item("mnuEditEvent", tr("Edit this Event"));
+  mnuDeleteEvent = item("mnuDeleteEvent", tr("Delete this Event"));
+  mnuLine1 = item("mnuLine1", {});
+  const std::array<QString, 5> sizes{tr("Smallest Text"), tr("Small Text"), tr("Medium Text"),
+                                     tr("Large Text"), tr("Largest Text")};
+  for (std::size_t i = 0; i < sizes.size(); ++i) {
+    mnuFontSize.at(i) = item("mnuFontSize", sizes.at(i));
+    mnuFontSize.at(i)->setObjectName(QStringLiteral("mnuFontSize%1").arg(i));
+    mnuFontSize.at(i)->setData(static_cast<int>(i));
+  }
+  mnuLine2 = item("mnuLine2", {});
+  mnuCancel = item("mnuCancel", tr("Cancel (Return to Reminders)"));
+}
+
+void frmReminder::Connect() {
+  connect(List1, &ReminderListView::RowSelected, this,
+          [this](int row) { session_.SelectRow(row); });
+  connect(List1, &ReminderListView::OpenWanted, this,
+          [this] { Apply(session_.DoubleClick(Here())); });
+  connect(List1, &ReminderListView::MenuWanted, this, &frmReminder::ShowMenu);
+  connect(cmdGoToEdit, &QPushButton::clicked, this, [this] { Apply(session_.GoToEdit(Here())); });
+  connect(cmdTray, &QToolButton::clicked, this, [this] { Apply(session_.SendToTray()); });
+  connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
+  connect(tmrMinute, &QTimer::timeout, this, [this] {
+    Apply(session_.Tick(State()));
+    tmrMinute->start(session_.untilNextMinute());
+  });
+  connect(mnuHideThis, &QAction::triggered, this, [this] { Apply(session_.HideThis()); });
+  connect(mnuEditEvent, &QAction::triggered, this, [this] { Apply(session_.EditEvent(Here())); });
+  connect(mnuDeleteEvent, &QAction::triggered, this, [this] { Apply(session_.DeleteThis()); });
+  for (QAction* const size : mnuFontSize) {
+    connect(size, &QAction::triggered, this, [this, size] {
+      session_.SetTextSize(size->data().toInt());
+      Render();
+    });
+  }
+}
+
+void frmReminder::Start() {
+  Place();
+  if (session_.placement().maximized) setWindowState(Qt::WindowMaximized);
+  show();
+  QTimer::singleShot(session_.timerDelay(), Qt::PreciseTimer, this,
+                     [this] { tmrAlarm->start(session_.timerInterval()); });
+  tmrMinute->start(session_.untilNextMinute());
+}
+
+void frmReminder::Return() {
+  Apply(session_.Restore());
+}
+
+void frmReminder::RestoreFromTray() {
+  Apply(session_.Restore());
+}
+
+void frmReminder::Apply(WindowChange change) {
+  switch (change) {
+    case WindowChange::kNone:
+      break;
+    case WindowChange::kPlace:
+      Place();
+      break;
+    case WindowChange::kMinimize:
+    case WindowChange::kShowMinimized:
+      showMinimized();
+      break;
+    case WindowChange::kHide:
+      hide();
+      break;
+    case WindowChange::kRestore:
+      setWindowState(session_.placement().maximized ? Qt::WindowMaximized : Qt::WindowNoState);
+      show();
+      raise();
+      activateWindow();
+      break;
+    case WindowChange::kPopUp:
+      PopUp();
+      break;
+    case WindowChange::kEnd:
+      StopTimers();
+      hide();
+      Q_EMIT Ended();
+      return;
+  }
   Render();
-  return outcome == BuildOutcome::kShow;
+}
+
+void frmReminder::StopTimers() {
+  tmrAlarm->stop();
+  tmrMinute->stop();
+}
+
+void frmReminder::Place() {
+  const WindowArea& area = session_.placement().area;
+  move(PixelsFromTwips(area.left), PixelsFromTwips(area.top));
+  resize(PixelsFromTwips(area.width), PixelsFromTwips(area.height));
+}
+
+// Changing the flag hides the window, and some window managers place a window anew that comes
+// back.
+void frmReminder::PopUp() {
+  const QRect place = isMaximized() ? normalGeometry() : geometry();
+  setWindowFlag(Qt::WindowStaysOnTopHint);
+  setWindowState(Qt::WindowNoState);
+  setGeometry(place);
+  show();
+  raise();
+  activateWindow();
 }
 
 void frmReminder::Render() {
   // Qt would take "[*]" for its own mark of unsaved changes.
-  QString title = QString::fromStdString(session_.options().titlebarText);
+  QString title = QString::fromStdString(session_.caption());
   setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
-  model_->Rebuilt();
+  RenderList();
   sknDate->setText(QString::fromStdString(session_.dateLabel()));
+  sknDate->setVisible(session_.showsDateLabel());
+  const QString quote = QString::fromStdString(session_.quote().text());
+  if (txtDailyQuote->toPlainText() != quote) txtDailyQuote->setPlainText(quote);
+  txtDailyQuote->setVisible(session_.quote().visible());
+  LayOut();
+}
+
+void frmReminder::RenderList() {
+  if (builtRows_ != session_.builds()) {
+    builtRows_ = session_.builds();
+    const int top = List1->verticalScrollBar()->value();
+    model_->Rebuilt();
+    List1->verticalScrollBar()->setValue(top);
+  } else {
+    model_->TextsChanged();
+  }
+  SetSheet(List1, ListSheet(session_.listColours()));
+
+  const QFont font = FontOf(session_.listFont());
+  if (List1->font() != font) List1->setFont(font);
+  if (txtDailyQuote->font() != font) txtDailyQuote->setFont(font);
+}
+
+void frmReminder::LayOut() {
+  const int right = width() - kMargin;
+  const int rowHeight = std::max(cmdGoToEdit->sizeHint().height(), kTrayButtonSize);
+  int bottom = height() - kMargin;
+  if (!txtDailyQuote->isHidden()) {
+    // A low window keeps one row of the list.
+    const int oneRow = List1->fontMetrics().height() + 2 * List1->frameWidth();
+    const int room = bottom - kMargin - oneRow - kGap - rowHeight - kGap;
+    const int quoteHeight = std::clamp(room, 0, kQuoteHeight);
+    txtDailyQuote->setGeometry(kMargin, bottom - quoteHeight, right - kMargin, quoteHeight);
+    bottom -= quoteHeight + kGap;
+  }
+  const int rowTop = bottom - rowHeight;
+  const int editWidth = cmdGoToEdit->sizeHint().width();
+  cmdGoToEdit->setGeometry(right - editWidth, rowTop, editWidth, rowHeight);
+  const int trayLeft = right - editWidth - kGap - kTrayButtonSize;
+  cmdTray->setGeometry(trayLeft, rowTop + (rowHeight - kTrayButtonSize) / 2, kTrayButtonSize,
+                       kTrayButtonSize);
+  sknDate->setGeometry(kMargin, rowTop, trayLeft - kGap - kMargin, rowHeight);
+  List1->setGeometry(kMargin, kMargin, right - kMargin, rowTop - kGap - kMargin);
+}
+
+WindowState frmReminder::State() const {
+  if (isMinimized()) return WindowState::kMinimized;
+  return isMaximized() ? WindowState::kMaximized : WindowState::kNormal;
+}
+
+WindowPlacement frmReminder::Here() const {
+  return {State(),
+          {TwipsFromPixels(x()), TwipsFromPixels(y()), TwipsFromPixels(width()),
+           TwipsFromPixels(height())}};
+}
+
+void frmReminder::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  // The size and state that showing itself brings are not the user's.
+  if (!event->spontaneous()) {
+    QTimer::singleShot(0, this, [this] { session_.Shown(); });
+  }
+}
+
+void frmReminder::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  LayOut();
+  if (!session_.isShown()) return;
+  const QSize least(PixelsFromTwips(kLeastReminderWidth), PixelsFromTwips(session_.leastHeight()));
+  if (minimumSize() != least) setMinimumSize(least);
+}
+
+void frmReminder::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::WindowStateChange) return;
+  // A window cannot hide itself while its state is being changed.
+  QMetaObject::invokeMethod(
+      this, [this] { Apply(session_.StateChanged(State())); }, Qt::QueuedConnection);
+}
+
+void frmReminder::mouseReleaseEvent(QMouseEvent* event) {
+  QWidget::mouseReleaseEvent(event);
+  // Controls that make nothing of a release pass it on.
+  if (childAt(event->position().toPoint()) == nullptr) session_.SurfaceReleased(Here());
+}
+
+void frmReminder::closeEvent(QCloseEvent* event) {
+  const bool loggingOut = qGuiApp->isSavingSession();
+  if (!session_.Close(State(), loggingOut ? CloseReason::kLoginSessionEnds : CloseReason::kUser)) {
+    event->ignore();
+    return;
+  }
+  event->accept();
+  StopTimers();
+  Q_EMIT Ended();
+}
+
+bool frmReminder::eventFilter(QObject* watched, QEvent* event) {
+  const bool isClick = watched == txtDailyQuote->viewport() &&
+                       event->type() == QEvent::MouseButtonRelease &&
+                       txtDailyQuote->viewport()->rect().contains(
+                           static_cast<const QMouseEvent*>(event)->position().toPoint());
+  const bool isKey = watched == txtDailyQuote && event->type() == QEvent::KeyPress &&
+                     static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Space;
+  if (isClick || isKey) {
+    session_.ShowAnotherQuote();
+    Render();
+  }
+  return isKey || QWidget::eventFilter(watched, event);
+}
+
+void frmReminder::ShowMenu(int row, const QPoint& globalPosition) {
+  List1->Select(row);
+  const PopupMenu menu = session_.OpenMenu(row);
+  mnuHideThis->setVisible(menu.mnuHideThis);
+  mnuLine0->setVisible(menu.mnuLine0);
+  mnuEditEvent->setVisible(menu.mnuEditEvent);
+  mnuDeleteEvent->setVisible(menu.mnuDeleteEvent);
+  mnuLine1->setVisible(menu.mnuLine1);
+  mnuPop->popup(globalPosition);
 }
 
 }  // namespace tidewarden

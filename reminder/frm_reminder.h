@@ -1,33 +1,91 @@
-// The reminder window: today's list, the date under it, and nothing that computes.
+// The reminder window: the list, the date under it, the way to the editor and into the
+// notification area, the daily quote. Nothing in it computes.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
+#include <array>
 
+class QAction;
 class QLabel;
-class QListView;
+class QMenu;
+class QPlainTextEdit;
+class QPushButton;
+class QToolButton;
 
 namespace tidewarden {
 
 class ListModel;
+class ReminderListView;
 class ReminderSession;
+struct WindowPlacement;
+enum class WindowChange;
+enum class WindowState;
 
 class frmReminder : public QWidget {
   Q_OBJECT
 
  public:
-  // The session outlives the window.
+  // The session has been loaded and outlives the window. Nothing is shown yet, and no timer runs.
   explicit frmReminder(ReminderSession& session, QWidget* parent = nullptr);
 
-  // Builds the list and shows it. False when the program is to end because nothing is in range.
-  [[nodiscard]] bool Rebuild();
+  // Takes its place, shows itself and starts the timer.
+  void Start();
+
+  // Shows itself again after the editor, with a fresh list.
+  void Return();
+
+  // Fetches the window back from the notification area.
+  void RestoreFromTray();
+
+ Q_SIGNALS:
+  // The program is to end: the window was closed, or there is nothing to show.
+  void Ended();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void MakeControls();
+  void MakeMenu();
+  void Connect();
   void Render();
+  void RenderList();
+  void LayOut();
+  void Apply(WindowChange change);
+  void StopTimers();
+  void Place();
+  void PopUp();
+  void ShowMenu(int row, const QPoint& globalPosition);
+  [[nodiscard]] WindowPlacement Here() const;
+  [[nodiscard]] WindowState State() const;
 
   ReminderSession& session_;
   ListModel* model_;
-  QListView* List1;
+  int builtRows_ = 0;  // the build whose rows are shown
+
+  ReminderListView* List1;
   QLabel* sknDate;
+  QPushButton* cmdGoToEdit;
+  QToolButton* cmdTray;
+  QPlainTextEdit* txtDailyQuote;
+  QTimer* tmrAlarm;
+  QTimer* tmrMinute;  // ticks just after each full minute
+
+  QMenu* mnuPop;
+  QAction* mnuHideThis;
+  QAction* mnuLine0;
+  QAction* mnuEditEvent;
+  QAction* mnuDeleteEvent;
+  QAction* mnuLine1;
+  std::array<QAction*, 5> mnuFontSize{};
+  QAction* mnuLine2;
+  QAction* mnuCancel;
 };
 
 }  // namespace tidewarden

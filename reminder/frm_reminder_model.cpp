@@ -12,6 +12,10 @@ void ListModel::Rebuilt() {
   endResetModel();
 }
 
+void ListModel::TextsChanged() {
+  if (rowCount() > 0) Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+}
+
 int ListModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(session_.List1().size());
 }

@@ -17,6 +17,9 @@ class ListModel : public QAbstractListModel {
   // The session has built its list anew.
   void Rebuilt();
 
+  // The rows are the same; some of their texts may have changed.
+  void TextsChanged();
+
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 

@@ -1,70 +1,85 @@
 #include "reminder/next_dates.h"
 
-#include <cstring>
-#include <utility>
+#include <array>
+#include <string_view>
 
 #include "dates/event_date_rules.h"
+#include "dates/text.h"
 
 namespace tidewarden {
 namespace {
 
-constexpr std::size_t kFirstEntries = 64;
-constexpr std::size_t kHalf = sizeof(std::uint32_t);
+constexpr std::size_t kFirstPlaces = 1024;
+// So few places are taken that the first look nearly always finds what it is for.
+constexpr std::size_t kPlacesForEach = 8;
+// Far more than a file of real events has; whatever a file holds, the memory stays within bounds.
+constexpr std::size_t kMostEntries = 30'000;
 
-std::uint64_t FourBytes(const char* bytes) {
-  std::uint32_t word = 0;
-  std::memcpy(&word, bytes, kHalf);
-  return word;
+std::uint64_t Packed(std::string_view bytes) {
+  std::array<char, kWord> word{};
+  bytes.copy(word.data(), word.size());
+  return LittleEndianWord(word.data());
+}
+
+std::array<char, kWord> Unpacked(std::uint64_t word) {
+  std::array<char, kWord> bytes{};
+  for (char& byte : bytes) {
+    byte = static_cast<char>(word & 0xFFU);
+    word >>= 8U;
+  }
+  return bytes;
 }
 
 }  // namespace
 
-NextDates::NextDates(CivilDate today) : today_(today), entries_(kFirstEntries) {}
+NextDates::NextDates(CivilDate today)
+    : today_(today), entries_(1), index_(kFirstPlaces), mask_(kFirstPlaces - 1) {}
 
 const NextDate& NextDates::Find(const EventLineParts& parts) {
-  const std::size_t size = parts.occurs.size();
-  if (parts.date.size() != 5 || size < kHalf || size > 2 * kHalf) {
+  if (parts.date.size() != kPackedDate || parts.occurs.size() > kMostPackedOccurs) {
     other_ = Ask(parts);
     return other_;
   }
-  // The date's five bytes and the length of the occurs field; then the first and the last four
-  // bytes of that field, which overlap when it is shorter than eight.
-  const std::uint64_t date =
-      FourBytes(parts.date.data()) << 32U |
-      static_cast<std::uint64_t>(static_cast<unsigned char>(parts.date[4])) << 8U | size;
-  const std::uint64_t occurs =
-      FourBytes(parts.occurs.data()) << 32U | FourBytes(parts.occurs.data() + size - kHalf);
-  Entry* entry = &Place(date, occurs);
-  if (entry->date == 0) {
-    if (2 * ++used_ > entries_.size()) {
-      Grow();
-      entry = &Place(date, occurs);
-    }
-    *entry = {date, occurs, Ask(parts)};
-  }
-  return entry->answer;
+  return Find(
+      PackedFields{Packed(parts.date) | PackedLength(parts.occurs.size()), Packed(parts.occurs)});
 }
 
-NextDates::Entry& NextDates::Place(std::uint64_t date, std::uint64_t occurs) {
-  // Fibonacci hashing (Knuth, The Art of Computer Programming, volume 3, section 6.4), and on to
-  // the next free place.
-  constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
-  const std::size_t mask = entries_.size() - 1;
-  const std::uint64_t mixed = (date * kGoldenRatio ^ occurs) * kGoldenRatio;
-  std::size_t place = static_cast<std::size_t>(mixed >> 40U) & mask;
-  while (entries_[place].date != 0 &&
-         (entries_[place].date != date || entries_[place].occurs != occurs)) {
-    place = (place + 1) & mask;
+const NextDate& NextDates::FindElsewhere(PackedFields fields) {
+  std::uint16_t number = Search(fields);
+  if (number == 0) {
+    if (entries_.size() > kMostEntries) Forget();
+    if (kPlacesForEach * entries_.size() > index_.size()) Grow();
+    const std::array<char, kWord> date = Unpacked(fields.date);
+    const std::array<char, kWord> occurs = Unpacked(fields.occurs);
+    EventLineParts parts;
+    parts.date = {date.data(), kPackedDate};
+    parts.occurs = Trim({occurs.data(), LengthOfOccurs(fields)});
+    number = static_cast<std::uint16_t>(entries_.size());
+    Search(fields) = number;
+    entries_.push_back({fields, Ask(parts)});
   }
-  return entries_[place];
+  return entries_[number].answer;
+}
+
+std::uint16_t& NextDates::Search(PackedFields fields) {
+  std::size_t place = PlaceOf(fields);
+  while (index_[place] != 0 && entries_[index_[place]].fields != fields) {
+    place = (place + 1) & mask_;
+  }
+  return index_[place];
 }
 
 void NextDates::Grow() {
-  std::vector<Entry> former(4 * entries_.size());
-  former.swap(entries_);
-  for (const Entry& entry : former) {
-    if (entry.date != 0) Place(entry.date, entry.occurs) = entry;
+  index_.assign(2 * index_.size(), 0);
+  mask_ = index_.size() - 1;
+  for (std::size_t i = 1; i < entries_.size(); ++i) {
+    Search(entries_[i].fields) = static_cast<std::uint16_t>(i);
   }
+}
+
+void NextDates::Forget() {
+  entries_.resize(1);
+  index_.assign(index_.size(), 0);
 }
 
 NextDate NextDates::Ask(const EventLineParts& parts) const {
@@ -85,6 +100,7 @@ NextDate NextDates::Ask(const EventLineParts& parts) const {
   }
   answer.date = *date;
   answer.days = DaysBetween(today_, *date);
+  answer.noticeNeeded = answer.IsCounter() ? 0 : answer.days;
   return answer;
 }
 

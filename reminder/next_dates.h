@@ -3,12 +3,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
+#include <limits>
 #include <vector>
 
 #include "core/event_line.h"
 #include "dates/civil.h"
 #include "dates/event_fields.h"
+#include "reminder/line_ends.h"
 
 namespace tidewarden {
 
@@ -20,8 +21,12 @@ struct NextDate {
     kMovedOn,  // next year, because this year's date has passed
     kPassed,   // before today: a one-time event that is over, an overdue task, a count-up
   };
+  // More notice than any line can ask for.
+  static constexpr int kNever = std::numeric_limits<int>::max();
+
   CivilDate date{};
-  int days = 0;  // from today to `date`
+  int days = 0;               // from today to `date`
+  int noticeNeeded = kNever;  // the least days of notice with which the event is listed
   State state = State::kNone;
   OccursKind kind = OccursKind::kYearly;
 
@@ -40,23 +45,39 @@ class NextDates {
   // The answer for the two fields of a line that has been cut; good until the next question.
   [[nodiscard]] const NextDate& Find(const EventLineParts& parts);
 
+  // The same for packed fields.
+  [[nodiscard]] const NextDate& Find(PackedFields fields) {
+    const Entry& entry = entries_[index_[PlaceOf(fields)]];
+    return entry.fields == fields ? entry.answer : FindElsewhere(fields);
+  }
+
  private:
-  // A pair of fields packed into two words, with its answer. The first word of an empty entry is
-  // 0; that of a pair holds the length of the occurs field, which is not.
   struct Entry {
-    std::uint64_t date = 0;
-    std::uint64_t occurs = 0;
+    PackedFields fields;
     NextDate answer;
   };
 
+  // Where the search for fields begins: Fibonacci hashing (Knuth, The Art of Computer
+  // Programming, volume 3, section 6.4).
+  [[nodiscard]] std::size_t PlaceOf(PackedFields fields) const {
+    constexpr std::uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
+    const std::uint64_t mixed = (fields.date * kGoldenRatio ^ fields.occurs) * kGoldenRatio;
+    return static_cast<std::size_t>(mixed >> 40U) & mask_;
+  }
+
+  [[nodiscard]] const NextDate& FindElsewhere(PackedFields fields);
   [[nodiscard]] NextDate Ask(const EventLineParts& parts) const;
-  [[nodiscard]] Entry& Place(std::uint64_t date, std::uint64_t occurs);
+  [[nodiscard]] std::uint16_t& Search(PackedFields fields);
   void Grow();
+  void Forget();
 
   CivilDate today_;
-  NextDate other_;              // of fields that do not fit into an entry
-  std::vector<Entry> entries_;  // a power of two of them, at most half of them in use
-  std::size_t used_ = 0;
+  NextDate other_;  // of fields that do not fit into an entry
+  // The answers stand close together, because more of them then stay in the processor's first
+  // cache; what is spread out are their numbers. Number 0 is no entry: its fields are no fields.
+  std::vector<Entry> entries_;
+  std::vector<std::uint16_t> index_;  // a power of two of them
+  std::size_t mask_;                  // one less than that
 };
 
 }  // namespace tidewarden

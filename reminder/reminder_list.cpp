@@ -1,5 +1,6 @@
 #include "reminder/reminder_list.h"
 
+#include <array>
 #include <utility>
 
 #include "core/event_line.h"
@@ -7,6 +8,7 @@
 #include "dates/text.h"
 #include "dates/time_of_day.h"
 #include "dates/year_marker.h"
+#include "reminder/line_ends.h"
 #include "reminder/next_dates.h"
 
 namespace tidewarden {
@@ -15,10 +17,10 @@ namespace {
 // Rows whose date is less than this many days away name their weekday.
 constexpr int kWeekdayLimit = 8;
 
-class ListBuilder : public EventLineVisitor {
+class RowCollector : public EventLineVisitor {
  public:
-  ListBuilder(const RegionalDateFormat& format, const ListOptions& options,
-              const std::string& todayPreface, CivilDate today, ReminderList& out)
+  RowCollector(const RegionalDateFormat& format, const ListOptions& options,
+               const std::string& todayPreface, CivilDate today, ReminderList& out)
       : format_(format),
         options_(options),
         todayPreface_(todayPreface),
@@ -30,17 +32,34 @@ class ListBuilder : public EventLineVisitor {
   void Start() override { out_ = ReminderList(); }
 
   void Visit(long number, std::string_view rawLine, std::string_view text) override {
-    if (!SplitEventLine(text, event_)) return;
+    const Source source{number, rawLine, text};
+    LineEnds ends;
+    if (!ReadLineEnds(text, ends)) {
+      ReadWhole(source);
+      return;
+    }
+    // Most lines are not listed today, and that shows at their ends, whatever stands between.
+    if (ends.advance >= nextDates_.Find(ends.fields).noticeNeeded) ReadWhole(source);
+  }
+
+ private:
+  struct Source {
+    long line;
+    std::string_view rawLine;
+    std::string_view text;
+  };
+
+  void ReadWhole(const Source& source) {
+    if (!SplitEventLine(source.text, event_)) return;
     const NextDate& next = nextDates_.Find(event_);
     if (next.state == NextDate::State::kNone) return;
-    const Source source{number, rawLine, text};
     if (next.IsCounter()) {
       AddCounter(next, source);
       return;
     }
     if (!ReadAdvance(event_.advance, advance_)) return;
     if (next.days > advance_) {
-      if (event_.hidden) out_.hideList.push_back(out_.pool.Keep(rawLine));
+      if (event_.hidden) out_.hideList.push_back(out_.pool.Keep(source.rawLine));
     } else if (next.state == NextDate::State::kPassed) {
       AddPassed(next, source);
     } else if (!event_.hidden) {
@@ -52,13 +71,6 @@ class ListBuilder : public EventLineVisitor {
     }
   }
 
- private:
-  struct Source {
-    long line;
-    std::string_view rawLine;
-    std::string_view text;
-  };
-
   void AddPassed(const NextDate& next, const Source& source) {
     if (next.kind == OccursKind::kTilDone) {
       AddOverdue(next, source);
@@ -67,7 +79,15 @@ class ListBuilder : public EventLineVisitor {
     }
   }
 
-  // A new row with its title. text_ then holds its date, and Finish completes it.
+  // What the rows of one day have in common. There are many rows and few days.
+  struct DayTexts {
+    CivilDate day{};
+    std::string date;
+    int advance = -1;       // the notice that `countdown` is for
+    std::string countdown;  // behind the titles of coming events
+  };
+
+  // A new row with its title. SetText completes it.
   ReminderRow& AddRow(RowKind kind, const NextDate& next, const Source& source) {
     ReminderRow& row = out_.rows.emplace_back();
     row.kind = kind;
@@ -77,16 +97,47 @@ class ListBuilder : public EventLineVisitor {
     row.rawLine = out_.pool.Keep(source.rawLine);
     row.title = TitleOf(row, next, source);
     row.timeOfDay = ConvertToFourDigitTime(row.title);
-    text_.clear();
-    AppendDate(text_, row.date, format_);
-    if (options_.spellOutMonths) text_ = SpellOutMonth(text_, format_);
-    if (format_.TwoDigitYear && CountCharacters(text_) == 10) text_.erase(0, 2);
-    row.dateSize = static_cast<std::uint8_t>(text_.size());
     out_.anyEventsInRange = true;
     return row;
   }
 
-  void Finish(ReminderRow& row) { row.text = out_.pool.Keep(text_); }
+  void SetText(ReminderRow& row, std::string_view before, std::string_view title,
+               std::string_view after) {
+    const std::string_view date = TextsOf(row).date;
+    row.dateSize = static_cast<std::uint8_t>(date.size());
+    row.text = out_.pool.Join(std::array{date, before, title, after});
+  }
+
+  DayTexts& TextsOf(const ReminderRow& row) {
+    DayTexts& texts = dayTexts_[static_cast<unsigned>(row.daysToGo) % dayTexts_.size()];
+    if (texts.day != row.date) {
+      texts = {row.date, DateText(row.date), -1, {}};
+    }
+    return texts;
+  }
+
+  std::string DateText(CivilDate date) {
+    std::string text = FormatDate(date, format_);
+    if (options_.spellOutMonths) text = SpellOutMonth(text, format_);
+    if (format_.TwoDigitYear && CountCharacters(text) == 10) text.erase(0, 2);
+    return text;
+  }
+
+  std::string Countdown(const ReminderRow& row) {
+    std::string text = " (";
+    if (row.daysToGo < kWeekdayLimit && options_.weekdayOnEvents) {
+      text += format_.WeekdayNames[static_cast<std::size_t>(WeekdayNumber(row.date))];
+      text += ", ";
+    }
+    AppendNumber(text, row.daysToGo);
+    text += row.daysToGo == 1 ? " day" : " days";
+    if (options_.showLessThan) {
+      text += " < ";
+      AppendNumber(text, advance_);
+    }
+    text += ")";
+    return text;
+  }
 
   // The title with its year marker applied; counters keep theirs. An ordinal counts one more once
   // this year's date has passed.
@@ -106,46 +157,35 @@ class ListBuilder : public EventLineVisitor {
 
   void AddCounter(const NextDate& next, const Source& source) {
     ReminderRow& row = AddRow(RowKind::kCounter, next, source);
-    text_.append(" ").append(row.title).append(" ");
-    text_ += CompareDates(today_, row.date, options_.differences);
-    Finish(row);
+    SetText(row, " ", row.title, " " + CompareDates(today_, row.date, options_.differences));
   }
 
   void AddUpcoming(const NextDate& next, const Source& source) {
     ReminderRow& row = AddRow(RowKind::kUpcoming, next, source);
-    text_.append(" ").append(row.title).append(" (");
-    if (next.days < kWeekdayLimit && options_.weekdayOnEvents) {
-      text_ += format_.WeekdayNames[static_cast<std::size_t>(WeekdayNumber(row.date))];
-      text_ += ", ";
+    DayTexts& texts = TextsOf(row);
+    if (texts.advance != advance_) {
+      texts.advance = advance_;
+      texts.countdown = Countdown(row);
     }
-    AppendNumber(text_, next.days);
-    text_ += next.days == 1 ? " day" : " days";
-    if (options_.showLessThan) {
-      text_ += " < ";
-      AppendNumber(text_, advance_);
-    }
-    text_ += ")";
-    Finish(row);
+    SetText(row, " ", row.title, texts.countdown);
   }
 
   void AddToday(const NextDate& next, const Source& source) {
     ReminderRow& row = AddRow(RowKind::kToday, next, source);
-    text_ += todayPreface_;
     if (options_.capitalizeTodaysEvents) {
-      text_ += ToUpper(row.title);
+      SetText(row, todayPreface_, ToUpper(row.title), {});
     } else {
-      text_ += row.title;
+      SetText(row, todayPreface_, row.title, {});
     }
     out_.todaysTitles.push_back(row.title);
-    Finish(row);
   }
 
   void AddOverdue(const NextDate& next, const Source& source) {
     ReminderRow& row = AddRow(RowKind::kOverdue, next, source);
-    text_.append(" ").append(row.title).append(" (");
-    AppendNumber(text_, -next.days);
-    text_ += next.days == -1 ? " DAY OVERDUE!!!)" : " DAYS OVERDUE!!!)";
-    Finish(row);
+    std::string overdue = " (";
+    AppendNumber(overdue, -next.days);
+    overdue += next.days == -1 ? " DAY OVERDUE!!!)" : " DAYS OVERDUE!!!)";
+    SetText(row, " ", row.title, overdue);
   }
 
   const RegionalDateFormat& format_;
@@ -155,9 +195,9 @@ class ListBuilder : public EventLineVisitor {
   int currentYear_;
   NextDates nextDates_;
   ReminderList& out_;
-  EventLineParts event_;  // of the line that is being visited
-  int advance_ = 0;       // of the same line
-  std::string text_;      // of the row that is being made
+  EventLineParts event_;               // of the line that is being visited
+  int advance_ = 0;                    // of the same line
+  std::array<DayTexts, 16> dayTexts_;  // each day has one place, which it shares with others
 };
 
 }  // namespace
@@ -165,8 +205,8 @@ class ListBuilder : public EventLineVisitor {
 Status ListEvents(FileSystem& files, const std::string& path, const RegionalDateFormat& format,
                   const ListOptions& options, const std::string& todayPreface, CivilDate today,
                   ReminderList& out) {
-  ListBuilder builder(format, options, todayPreface, today, out);
-  Status status = ReadEventLines(files, path, builder);
+  RowCollector collector(format, options, todayPreface, today, out);
+  Status status = ReadEventLines(files, path, collector);
   if (!status.ok()) out = ReminderList();
   return status;
 }

@@ -3,97 +3,326 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/events_file.h"
 #include "core/settings_keys.h"
+#include "core/skin.h"
 #include "dates/text.h"
-#include "reminder/events_cleanup.h"
-#include "reminder/row_order.h"
 
 namespace tidewarden {
+namespace {
 
-using modGetSetSaveSet::Delete;
-using modGetSetSaveSet::Get;
-using modGetSetSaveSet::isTrue;
+using namespace modGetSetSaveSet;
 
-ReminderSession::ReminderSession(ReminderPorts ports, RegionalDateFormat format,
-                                 std::string eventsFilePath, FileAccess access)
-    : ports_(ports),
-      format_(std::move(format)),
-      EventsFilePath_(std::move(eventsFilePath)),
-      access_(access) {}
+constexpr std::string_view kTrayTooltip =
+    "For \"always on\" computers,\r\nTidewarden reminders pop up each day.";
+constexpr std::string_view kRestartMessage =
+    "Please close and then restart the Tidewarden for your changes to take effect.";
+constexpr std::string_view kRunningMessage = "The Tidewarden is already running.";
 
-void ReminderSession::ReadTodayPreface() {
-  todayPreface_ = tidewarden::ReadTodayPreface(ports_.settings);
+constexpr int kMinuteInMilliseconds = 60'000;
+
+// Set for the time of a block.
+class Busy {
+ public:
+  explicit Busy(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~Busy() { flag_ = before_; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
+bool Contains(const std::string& text, std::string_view part) {
+  return ToLower(text).find(part) != std::string::npos;
 }
 
-BuildOutcome ReminderSession::BuildReminderList() {
-  // One reading of the clock, so that a build across midnight agrees with itself.
+// A count of days past or to come, whose hiding would mean nothing.
+bool IsCounter(const std::string& text) {
+  const std::string lower = ToLower(text);
+  return lower.ends_with("past)") || lower.ends_with("future)");
+}
+
+}  // namespace
+
+ReminderSession::ReminderSession(ReminderPorts ports)
+    : ports_(std::move(ports)),
+      tIcon_(ports_.area),
+      quote_(ports_.settings, ports_.files, ports_.random, ports_.folders) {}
+
+WindowChange ReminderSession::Load(const Screens& screens, const std::string& eventsFile) {
+  const Busy busy(isBusy_);
+  isLoaded_ = false;
+  screens_ = screens;
+  if (!IsOnlyCopy()) return WindowChange::kEnd;
+  startMaximized_ = isTrue(Get(ports_.settings, settings::kMaximized));
+  SetUpTray();
+  const std::string path = eventsFile.empty()
+                               ? LocateEventsFile(ports_.settings, ports_.files, ports_.folders)
+                               : eventsFile;
+  lastListDate_ = ports_.clock.Now().date;
+
+  listFont_ = ApplyListFont(ports_.settings);
+  const std::string preface = ReadTodayPreface(ports_.settings);
+  auto format = DetectRegionalDateFormat(ports_.formats.ShortDate(kProbeDate), ports_.formats);
+  if (!format) {
+    ports_.messages.Show(std::string(kUnsupportedLayoutMessage), MessageButtons::kOk,
+                         MessageIcon::kNone);
+    return WindowChange::kEnd;
+  }
+  skin_ = ReadSkin(ports_.settings, ports_.files, ports_.folders);
+  builder_.emplace(
+      ListPorts{ports_.settings, ports_.files, ports_.clock, ports_.messages, ports_.shiftKey},
+      std::move(*format), path, preface);
+  if (Rebuild() == WindowChange::kEnd) return WindowChange::kEnd;
+  placement_ = LoadWindowPlacement(ports_.settings, screens_);
+  listColours_ = DrawnColours();
+  SetTimerInterval();
+  showsDateLabel_ = isNotFalse(Get(ports_.settings, settings::kShowTodaysDateBeneathReminders));
+  isLoaded_ = true;
+  return WindowChange::kNone;
+}
+
+bool ReminderSession::IsOnlyCopy() {
+  const auto tell = [this](std::string_view text) {
+    ports_.messages.Show(std::string(text), MessageButtons::kOk, MessageIcon::kNone);
+  };
+  const bool isOnly = ports_.instance.Claim();
+  const std::string justExited = Get(ports_.settings, settings::kJustExited);
+  if (isOnly) {
+    if (!justExited.empty()) Delete(ports_.settings, settings::kJustExited);
+  } else if (isTrue(justExited)) {
+    Delete(ports_.settings, settings::kJustExited);
+    tell(kRestartMessage);
+  } else if (isNotFalse(justExited)) {
+    tell(kRunningMessage);
+  }
+  return isOnly;
+}
+
+void ReminderSession::SetUpTray() {
+  tIcon_.Tooltip(kTrayTooltip);
+}
+
+ListColours ReminderSession::DrawnColours() {
+  ports_.random.Seed(SeedFromTimeOfDay(ports_.clock.Now()));
+  return ApplyListColors(ports_.settings, ports_.random);
+}
+
+void ReminderSession::SetTimerInterval() {
+  constexpr double kLeast = 1000;
+  const double wanted = LeadingNumber(Get(ports_.settings, settings::kTimerInterval));
+  timerInterval_ = static_cast<int>(std::clamp(wanted, kLeast, double{kMinuteInMilliseconds}));
+}
+
+int ReminderSession::timerDelay() const {
+  // Ticks that come right at a change of minute would now and then fall on its other side.
+  const int second = ports_.clock.Now().second;
+  const bool atChange = second == 0 || second == 59;
+  return timerInterval_ == kMinuteInMilliseconds && atChange ? 2000 : 0;
+}
+
+WindowChange ReminderSession::Rebuild() {
+  const Busy busy(isBusy_);
+  const Busy building(isBuilding_);
+  const FileAccess access = ports_.editor.IsLoaded() ? FileAccess::kShared : FileAccess::kUpdate;
+  const BuildOutcome outcome = builder_->BuildReminderList(access);
+  ++builds_;
+  selectedRow_ = kNoRow;
+  ports_.alarms.ListBuilt(builder_->alarms(), builder_->builtAt());
+  TellFileProblems();
+  if (outcome == BuildOutcome::kEnd) {
+    tIcon_.Visible(false);
+    return WindowChange::kEnd;
+  }
+  quote_.LoadDailyQuote(builder_->builtAt());
+  return WindowChange::kNone;
+}
+
+void ReminderSession::TellFileProblems() {
+  if (!Complain) return;
+  if (!builder_->readStatus().ok()) {
+    Complain(EventsFilePath() + ": " + DescribeStatus(builder_->readStatus()));
+  }
+  if (!builder_->writeStatus().ok()) {
+    Complain(EventsFilePath() + ": cannot be changed: " + DescribeStatus(builder_->writeStatus()));
+  }
+}
+
+int ReminderSession::untilNextMinute() const {
+  return ports_.alarms.MillisecondsToNextTick(ports_.clock.Now());
+}
+
+WindowChange ReminderSession::Tick(WindowState window) {
+  // An alarm whose minute comes while a list is being built rings in the next tick.
+  if (!isBuilding_) {
+    const ListOptions& options = builder_->options();
+    const AlarmTick tick =
+        ports_.alarms.Tick(builder_->alarms(), builder_->List1(),
+                           {options.alarmSound, options.alarmBeepEachMinute, options.disableAlarms},
+                           ports_.clock.Now());
+    if (tick.showsMessages && ShowAlarm) ShowAlarm();
+    if (!tick.checksForNewDay) return WindowChange::kNone;
+  }
+  if (inTray_ && !ports_.area.IsAvailable()) {
+    inTray_ = false;
+    // An area that comes back is not to show the icon of a window that no longer needs it.
+    tIcon_.Visible(false);
+    const WindowChange change = CheckForNewDay(WindowState::kMinimized);
+    return change == WindowChange::kNone ? WindowChange::kShowMinimized : change;
+  }
+  return CheckForNewDay(window);
+}
+
+WindowChange ReminderSession::CheckForNewDay(WindowState window) {
+  if (isBusy_) return WindowChange::kNone;
   const LocalTime now = ports_.clock.Now();
-  List1_.clear();
-  ReminderLineMap_.clear();
-  list_ = ReminderList();
-  alarms_.Clear();
-  dateLabel_.clear();
-  writeStatus_ = Status();
-  options_ = ReadListOptions(ports_.settings);
-
-  readStatus_ =
-      ListEvents(ports_.files, EventsFilePath_, format_, options_, todayPreface_, now.date, list_);
-  if (readStatus_.ok()) {
-    if (EndsWithoutEvents()) {
-      list_ = ReminderList();
-      return BuildOutcome::kEnd;
-    }
-    if (access_ == FileAccess::kUpdate) TidyEventsFile(now.date);
-  } else if (readStatus_.kind() == StatusKind::kNotFound && access_ == FileAccess::kUpdate) {
-    readStatus_ = Status();
-    writeStatus_ = CreateNewEventsFile(ports_.files, ports_.messages, EventsFilePath_);
+  if (DaysBetween(lastListDate_, now.date) <= 0) return WindowChange::kNone;
+  if (builder_->options().newDateOffset > now.FourDigit()) return WindowChange::kNone;
+  const bool popsUp = !behindEditor_ && (inTray_ || window == WindowState::kMinimized);
+  if (popsUp) {
+    inTray_ = false;
+    tIcon_.Visible(false);
   }
-  if (!Get(ports_.settings, settings::kShowTodaysDateWithReminders).empty()) {
-    Delete(ports_.settings, settings::kShowTodaysDateWithReminders);
-  }
-  FillList(now);
-  return BuildOutcome::kShow;
+  lastListDate_ = now.date;
+  const WindowChange change = Rebuild();
+  return change == WindowChange::kNone && popsUp ? WindowChange::kPopUp : change;
 }
 
-bool ReminderSession::EndsWithoutEvents() {
-  return isTrue(Get(ports_.settings, settings::kShowOnlyIfEventsInRange)) &&
-         !list_.anyEventsInRange && !ports_.shiftKey.IsDown();
+WindowChange ReminderSession::StateChanged(WindowState window) {
+  if (!isLoaded_ || !isShown_) return WindowChange::kNone;
+  switch (window) {
+    case WindowState::kMinimized:
+      if (behindEditor_ || !ports_.area.IsAvailable()) return WindowChange::kNone;
+      inTray_ = true;
+      tIcon_.Visible(true);
+      return WindowChange::kHide;
+    case WindowState::kMaximized:
+      Save(ports_.settings, settings::kMaximized, "True");
+      return WindowChange::kNone;
+    case WindowState::kNormal:
+      break;
+  }
+  if (!isTrue(Get(ports_.settings, settings::kMaximized))) return WindowChange::kNone;
+  Save(ports_.settings, settings::kMaximized, "False");
+  if (!std::exchange(startMaximized_, false)) return WindowChange::kNone;
+  placement_ = LoadWindowPlacement(ports_.settings, screens_);
+  return WindowChange::kPlace;
 }
 
-void ReminderSession::TidyEventsFile(CivilDate today) {
-  if (list_.hasPastOneTime) RemovePastOneTime(today);
-  if (!list_.hideList.empty()) {
-    Status status = UnhideEvents(ports_.files, EventsFilePath_, list_.hideList);
-    if (!status.ok()) writeStatus_ = std::move(status);
-  }
+void ReminderSession::SurfaceReleased(const WindowPlacement& window) {
+  SaveWindowPlacement(ports_.settings, window, screens_);
 }
 
-void ReminderSession::RemovePastOneTime(CivilDate today) {
-  std::vector<long> removed;
-  writeStatus_ = RemovePastOneTimeEvents(ports_.files, EventsFilePath_, today, removed);
-  for (ReminderRow& row : list_.rows) {
-    row.line -= std::lower_bound(removed.begin(), removed.end(), row.line) - removed.begin();
-  }
+WindowChange ReminderSession::SendToTray() {
+  return WindowChange::kMinimize;
 }
 
-void ReminderSession::FillList(LocalTime now) {
-  std::string todayText = FormatDate(now.date, format_);
-  if (options_.spellOutMonths) todayText = SpellOutMonth(todayText, format_);
-  if (options_.listTodayWithEvents) {
-    AddTodayLine(list_, todayText, format_, options_, now.date);
-  }
-  SortRows(list_.rows);
-  dateLabel_ = format_.TwoDigitYear ? todayText.substr(2) : todayText;
+WindowChange ReminderSession::Restore() {
+  inTray_ = false;
+  behindEditor_ = false;
+  tIcon_.Visible(false);
+  // A second build inside a first one, which only waits for an answer, would be one too many.
+  if (!isBusy_ && Rebuild() == WindowChange::kEnd) return WindowChange::kEnd;
+  listColours_ = DrawnColours();
+  placement_.maximized = isTrue(Get(ports_.settings, settings::kMaximized));
+  return WindowChange::kRestore;
+}
 
-  List1_.reserve(list_.rows.size());
-  ReminderLineMap_.reserve(list_.rows.size());
-  for (const ReminderRow& row : list_.rows) {
-    List1_.push_back(row.text);
-    ReminderLineMap_.push_back(row.line);
+bool ReminderSession::Close(WindowState window, CloseReason reason) {
+  if (inTray_) window = WindowState::kMinimized;
+  if (!ports_.alarms.MayClose(builder_->alarms(), ports_.clock.Now(), window, reason)) return false;
+  if (ports_.editor.IsLoaded()) ports_.editor.Unload();
+  tIcon_.Visible(false);
+  ports_.instance.Release();
+  return true;
+}
+
+std::optional<ReminderSession::Target> ReminderSession::TargetOf(int row) const {
+  if (row < 0 || static_cast<std::size_t>(row) >= List1().size()) return std::nullopt;
+  const auto at = static_cast<std::size_t>(row);
+  return Target{std::string(List1()[at]),
+                {builder_->ReminderLineMap()[at], std::string(builder_->rows()[at].rawLine)}};
+}
+
+WindowChange ReminderSession::DoubleClick(const WindowPlacement& window) {
+  return OpenEditorOn(TargetOf(selectedRow_), window);
+}
+
+WindowChange ReminderSession::GoToEdit(const WindowPlacement& window) {
+  return OpenEditor({}, window);
+}
+
+WindowChange ReminderSession::EditEvent(const WindowPlacement& window) {
+  return OpenEditorOn(menuTarget_, window);
+}
+
+WindowChange ReminderSession::OpenEditorOn(const std::optional<Target>& target,
+                                           const WindowPlacement& window) {
+  if (!target) return WindowChange::kNone;
+  if (Contains(target->text, "   <today")) {
+    return OpenEditor({-1, true, {}}, window);
   }
-  for (const std::string_view title : list_.todaysTitles) alarms_.ScheduleAlarm(title, now.date);
-  if (alarms_.hasAlarmsToday()) alarms_.MatchAlarmsToList(List1_, now);
+  const auto line = FindEvent(ports_.files, EventsFilePath(), target->event);
+  if (!line) return Rebuild();
+  return OpenEditor({*line, false, target->event.rawLine}, window);
+}
+
+WindowChange ReminderSession::OpenEditor(const EditorRequest& request,
+                                         const WindowPlacement& window) {
+  SaveWindowPlacement(ports_.settings, window, screens_);
+  ports_.editor.Open(request);
+  // Where the editor cannot be shown, this window must not go.
+  behindEditor_ = ports_.editor.IsLoaded();
+  return behindEditor_ ? WindowChange::kHide : WindowChange::kNone;
+}
+
+PopupMenu ReminderSession::OpenMenu(int row) {
+  selectedRow_ = row;
+  menu_ = {};
+  menuTarget_ = TargetOf(row);
+  if (menuTarget_ && Contains(menuTarget_->text, "  <today")) menuTarget_.reset();
+  if (!menuTarget_) return menu_;
+  menu_.mnuEditEvent = true;
+  menu_.mnuLine1 = true;
+  menu_.mnuDeleteEvent = CanChangeFile();
+  menu_.mnuHideThis = menu_.mnuDeleteEvent && !IsCounter(menuTarget_->text);
+  menu_.mnuLine0 = menu_.mnuHideThis;
+  return menu_;
+}
+
+// The editor's next save would undo a change that is made while an entry is under way.
+bool ReminderSession::CanChangeFile() const {
+  return !ports_.editor.IsLoaded() || !ports_.editor.IsEntryUnderWay();
+}
+
+WindowChange ReminderSession::HideThis() {
+  return menu_.mnuHideThis ? ChangeTarget(HideEvent) : WindowChange::kNone;
+}
+
+WindowChange ReminderSession::DeleteThis() {
+  return menu_.mnuDeleteEvent ? ChangeTarget(DeleteEvent) : WindowChange::kNone;
+}
+
+WindowChange ReminderSession::ChangeTarget(Status (*change)(FileSystem&, const std::string&,
+                                                            const ListedEvent&)) {
+  if (!menuTarget_ || isBusy_ || !CanChangeFile()) return WindowChange::kNone;
+  const Busy busy(isBusy_);
+  const Status status = change(ports_.files, EventsFilePath(), menuTarget_->event);
+  menuTarget_.reset();
+  // Of a file that is gone the rebuild tells.
+  if (!status.ok() && status.kind() != StatusKind::kNotFound) {
+    ports_.messages.Show("The events file could not be changed:\n" + EventsFilePath(),
+                         MessageButtons::kOk, MessageIcon::kExclamation);
+  }
+  return Rebuild();
+}
+
+void ReminderSession::SetTextSize(int size) {
+  int points = (size + 4) * 2;
+  if (points == 16) points = 18;
+  Save(ports_.settings, settings::kFontSize, std::to_string(points));
+  listFont_ = ApplyListFont(ports_.settings);
 }
 
 }  // namespace tidewarden

@@ -1,20 +1,33 @@
-// The state behind the reminder window, without the window: it builds the list from the events
-// file and the settings, and keeps the file tidy while doing so. A window or a terminal reads the
-// result and shows it.
+// The state behind the reminder window, without the window: start-up, the list, its menu, the
+// daily rebuild, the way into the notification area and back, and closing.
+//
+// The window reads its controls, calls one function of the session, does what the returned
+// WindowChange says, and shows what the session then holds.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "alarm/alarm_schedule.h"
+#include "alarm/alarm_session.h"
+#include "alarm/tray_icon.h"
 #include "core/clock.h"
+#include "core/events_path.h"
 #include "core/file_system.h"
 #include "core/message_box.h"
+#include "core/random_numbers.h"
 #include "core/settings_store.h"
-#include "dates/date_text.h"
-#include "reminder/list_options.h"
-#include "reminder/reminder_list.h"
+#include "core/window_placement.h"
+#include "dates/regional_formats.h"
+#include "reminder/daily_quote.h"
+#include "reminder/editor_window.h"
+#include "reminder/event_actions.h"
+#include "reminder/list_appearance.h"
+#include "reminder/list_builder.h"
+#include "reminder/previous_instance.h"
+#include "reminder/reminder_placement.h"
 #include "reminder/shift_key.h"
 
 namespace tidewarden {
@@ -26,73 +39,179 @@ struct ReminderPorts {
   const Clock& clock;
   MessageBox& messages;
   ShiftKey& shiftKey;
+  const RegionalFormats& formats;
+  PreviousInstance& instance;
+  NotificationArea& area;
+  RandomNumbers& random;
+  EditorWindow& editor;
+  AlarmSession& alarms;
+  ProgramFolders folders;
 };
 
-enum class BuildOutcome {
-  kShow,
-  kEnd,  // nothing is in range and the user wants to see the list only then: end the program
+// What the window has to do with itself before it shows the session's state.
+enum class WindowChange {
+  kNone,
+  kPlace,          // stand where placement() says
+  kMinimize,       // as if the user had minimized it
+  kHide,           // into the notification area, or behind the editor
+  kShowMinimized,  // the notification area is gone: back into the task list
+  kRestore,        // show, maximized if startsMaximized(), and come to the front
+  kPopUp,          // show in normal size, above all other windows from now on
+  kEnd,            // end the program without a question
 };
 
-// Whether building the list may change the events file.
-enum class FileAccess {
-  kUpdate,    // creates a missing file, removes past one-time events, shows hidden ones again
-  kReadOnly,  // a missing file is only reported by readStatus
+// The items of the popup menu that come and go; the text sizes and "Cancel" are always there.
+struct PopupMenu {
+  bool mnuHideThis = false;
+  bool mnuLine0 = false;
+  bool mnuEditEvent = false;
+  bool mnuDeleteEvent = false;
+  bool mnuLine1 = false;
 };
 
 class ReminderSession {
  public:
-  ReminderSession(ReminderPorts ports, RegionalDateFormat format, std::string eventsFilePath,
-                  FileAccess access);
+  static constexpr int kNoRow = -1;
 
-  // Reads how today's events are introduced. Once, before the first build.
-  void ReadTodayPreface();
+  explicit ReminderSession(ReminderPorts ports);
 
-  // Builds everything below anew. After kEnd the list is empty and the file unchanged. A file
-  // that exists but cannot be read gives a list without events and is not touched.
-  BuildOutcome BuildReminderList();
+  // Starts up, in a fixed order, and builds the first list. kEnd, after a message where there is
+  // something to say: another copy runs, the user's date layout is not supported, or there is
+  // nothing to show. `eventsFile` is a full path in place of the one in the settings; empty
+  // for that. To be called once, before everything else.
+  [[nodiscard]] WindowChange Load(const Screens& screens, const std::string& eventsFile);
 
-  // The rows as listed, countdowns of alarms included. The views are good until the next build.
-  [[nodiscard]] const std::vector<std::string_view>& List1() const { return List1_; }
+  // False until Load has come to its end; what happens to the window before then is not counted.
+  [[nodiscard]] bool isLoaded() const { return isLoaded_; }
 
-  // For each row the line number of its event in the file as it now is, from 0; 0 for the today
-  // line.
-  [[nodiscard]] const std::vector<long>& ReminderLineMap() const { return ReminderLineMap_; }
+  // The window is on the screen for the first time; only from now on do its size and state count.
+  void Shown() { isShown_ = true; }
+  [[nodiscard]] bool isShown() const { return isShown_; }
 
-  // For each row what is known of it. The rows' own texts have no countdown.
-  [[nodiscard]] const std::deque<ReminderRow>& rows() const { return list_.rows; }
+  // --- What the window shows.
+  [[nodiscard]] const std::string& caption() const { return builder_->options().titlebarText; }
+  [[nodiscard]] const std::vector<std::string_view>& List1() const { return builder_->List1(); }
+  [[nodiscard]] const std::string& dateLabel() const { return builder_->dateLabel(); }
+  [[nodiscard]] bool showsDateLabel() const { return showsDateLabel_; }
+  [[nodiscard]] const ListFont& listFont() const { return listFont_; }
+  [[nodiscard]] const ListColours& listColours() const { return listColours_; }
+  [[nodiscard]] const std::string& skin() const { return skin_; }
+  [[nodiscard]] const StoredPlacement& placement() const { return placement_; }
+  [[nodiscard]] const DailyQuote& quote() const { return quote_; }
 
-  // Today's date for the label under the list.
-  [[nodiscard]] const std::string& dateLabel() const { return dateLabel_; }
+  // The least height that the user can give the window, in twips.
+  [[nodiscard]] int leastHeight() const { return kLeastReminderHeight + quote_.reserveTwips(); }
 
-  [[nodiscard]] const ListOptions& options() const { return options_; }
-  [[nodiscard]] const AlarmSchedule& alarms() const { return alarms_; }
-  [[nodiscard]] const std::string& EventsFilePath() const { return EventsFilePath_; }
-  [[nodiscard]] bool anyEventsInRange() const { return list_.anyEventsInRange; }
+  // Counts the builds, so that a window knows when its rows are others.
+  [[nodiscard]] int builds() const { return builds_; }
 
-  // How reading the events file, and changing it, ended in the last build.
-  [[nodiscard]] const Status& readStatus() const { return readStatus_; }
-  [[nodiscard]] const Status& writeStatus() const { return writeStatus_; }
+  // --- The timer `tmrAlarm`: its interval, and how long to wait before it is started, both in
+  // milliseconds.
+  [[nodiscard]] int timerInterval() const { return timerInterval_; }
+  [[nodiscard]] int timerDelay() const;
+
+  // A tick of the timer, and of the second one that sees to it that no minute goes by without a
+  // tick: how long that is to wait, in milliseconds.
+  [[nodiscard]] WindowChange Tick(WindowState window);
+  [[nodiscard]] int untilNextMinute() const;
+
+  // --- The window itself.
+  // The window has become normal, minimized or maximized.
+  [[nodiscard]] WindowChange StateChanged(WindowState window);
+
+  // The mouse was released over the bare window.
+  void SurfaceReleased(const WindowPlacement& window);
+
+  // Into the notification area, by the button `cmdTray`.
+  [[nodiscard]] WindowChange SendToTray();
+
+  // A click on the icon in the notification area, and the editor's return.
+  [[nodiscard]] WindowChange Restore();
+
+  // The window is about to close. False when it is to stay open, for the sake of an alarm.
+  [[nodiscard]] bool Close(WindowState window, CloseReason reason);
+
+  // --- The list. `row` is a row of List1 or kNoRow.
+  void SelectRow(int row) { selectedRow_ = row; }
+  [[nodiscard]] int selectedRow() const { return selectedRow_; }
+
+  // Opens the editor: on the selected event, or ready for a new one from today's line; from the
+  // button `cmdGoToEdit` without either.
+  [[nodiscard]] WindowChange DoubleClick(const WindowPlacement& window);
+  [[nodiscard]] WindowChange GoToEdit(const WindowPlacement& window);
+
+  // Selects `row` and tells which items of the menu it has. The items act on the event that the
+  // row shows at this moment, whatever becomes of the list.
+  PopupMenu OpenMenu(int row);
+  [[nodiscard]] WindowChange EditEvent(const WindowPlacement& window);
+  [[nodiscard]] WindowChange HideThis();
+  [[nodiscard]] WindowChange DeleteThis();
+
+  // `size` counts from 0, "Smallest Text", to 4, "Largest Text".
+  void SetTextSize(int size);
+
+  // A click on the quote: another one. Does nothing while none is shown.
+  void ShowAnotherQuote() { quote_.ShowAnother(); }
+
+  [[nodiscard]] const ListBuilder& builder() const { return *builder_; }
+  [[nodiscard]] const std::string& EventsFilePath() const { return builder_->EventsFilePath(); }
+  [[nodiscard]] TrayIcon& tIcon() { return tIcon_; }
+
+  // Called when an alarm has gone off: show the alarm window with its messages.
+  std::function<void()> ShowAlarm;
+
+  // Called with each thing that is wrong with the events file and that no message box tells.
+  std::function<void(const std::string& text)> Complain;
 
  private:
-  [[nodiscard]] bool EndsWithoutEvents();
-  void TidyEventsFile(CivilDate today);
-  void RemovePastOneTime(CivilDate today);
-  void FillList(LocalTime now);
+  // What a row was when it was chosen.
+  struct Target {
+    std::string text;
+    ListedEvent event;
+  };
+
+  [[nodiscard]] bool IsOnlyCopy();
+  [[nodiscard]] bool CanChangeFile() const;
+  void SetUpTray();
+  [[nodiscard]] std::optional<Target> TargetOf(int row) const;
+  [[nodiscard]] WindowChange Rebuild();
+  [[nodiscard]] WindowChange CheckForNewDay(WindowState window);
+  [[nodiscard]] WindowChange OpenEditor(const EditorRequest& request,
+                                        const WindowPlacement& window);
+  [[nodiscard]] WindowChange OpenEditorOn(const std::optional<Target>& target,
+                                          const WindowPlacement& window);
+  [[nodiscard]] WindowChange ChangeTarget(Status (*change)(FileSystem&, const std::string&,
+                                                           const ListedEvent&));
+  [[nodiscard]] ListColours DrawnColours();
+  void SetTimerInterval();
+  void TellFileProblems();
 
   ReminderPorts ports_;
-  RegionalDateFormat format_;
-  std::string EventsFilePath_;
-  FileAccess access_;
+  Screens screens_;
+  TrayIcon tIcon_;
+  DailyQuote quote_;
+  std::optional<ListBuilder> builder_;
 
-  std::string todayPreface_;
-  ListOptions options_;
-  ReminderList list_;
-  AlarmSchedule alarms_;
-  std::vector<std::string_view> List1_;
-  std::vector<long> ReminderLineMap_;
-  std::string dateLabel_;
-  Status readStatus_;
-  Status writeStatus_;
+  CivilDate lastListDate_{};  // the day for which the list was last built anew
+  bool isLoaded_ = false;
+  bool isShown_ = false;
+  bool startMaximized_ = false;
+  bool inTray_ = false;
+  bool behindEditor_ = false;
+  bool isBusy_ = false;      // while a list is built or the file changed: nothing else may do so
+  bool isBuilding_ = false;  // while a list is built
+
+  ListFont listFont_;
+  ListColours listColours_;
+  std::string skin_;
+  StoredPlacement placement_;
+  int timerInterval_ = 0;
+  int builds_ = 0;
+  bool showsDateLabel_ = false;
+
+  int selectedRow_ = kNoRow;
+  std::optional<Target> menuTarget_;
+  PopupMenu menu_;  // as it was opened
 };
 
 }  // namespace tidewarden

@@ -21,10 +21,16 @@ class MemoryStagedFile : public StagedFile {
     files_.calls.push_back("commit " + path_);
     Status status = MemoryFileSystem::Failure(files_.commitFailures, path_);
     if (!status.ok()) return status;
-    files_.files[path_] = content_;
-    ++files_.generations_[path_];
+    if (files_.writesInPlace) {
+      files_.WriteUnderAllNames(path_, content_);
+    } else {
+      files_.files[path_] = content_;
+      files_.identities_[path_] = files_.nextIdentity_++;
+    }
     return status;
   }
+
+  [[nodiscard]] bool ReplacesAtOnce() const override { return !files_.writesInPlace; }
 
  private:
   MemoryFileSystem& files_;
@@ -57,7 +63,25 @@ Status MemoryFileSystem::GetStamp(const std::string& path, FileStamp& out) {
   if (!status.ok()) return status;
   const auto found = files.find(path);
   if (found == files.end()) return Status(StatusKind::kNotFound);
-  out = {found->second.size(), 0, generations_[path]};
+  const auto identity = identities_.try_emplace(path, nextIdentity_);
+  if (identity.second) ++nextIdentity_;
+  out = {found->second.size(), 0, identity.first->second};
+  return status;
+}
+
+Status MemoryFileSystem::ListNames(const std::string& folder, std::vector<std::string>& out) {
+  calls.push_back("list " + folder);
+  Status status = Failure(failures, folder);
+  if (!status.ok()) return status;
+  const std::string prefix = folder.ends_with('/') ? folder : folder + "/";
+  std::set<std::string> names;
+  for (const auto& [path, content] : files) {
+    if (path.starts_with(prefix)) {
+      names.insert(path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size()));
+    }
+  }
+  if (names.empty()) return Status(StatusKind::kNotFound);
+  out.assign(names.begin(), names.end());
   return status;
 }
 
@@ -99,6 +123,51 @@ Status MemoryFileSystem::ListFolder(const std::string& folder, std::vector<std::
   if (entries.empty()) return Status(StatusKind::kNotFound);
   names.assign(entries.begin(), entries.end());
   return status;
+}
+
+Status MemoryFileSystem::Remove(const std::string& path) {
+  calls.push_back("remove " + path);
+  Status status = Failure(writeFailures, path);
+  if (!status.ok()) return status;
+  files.erase(path);
+  identities_.erase(path);
+  return status;
+}
+
+Status MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
+  calls.push_back("rename " + from + " " + to);
+  Status status = Failure(renameFailures, from);
+  if (!status.ok()) return status;
+  if (!files.contains(from)) return Status(StatusKind::kNotFound);
+  FileStamp stamp;
+  static_cast<void>(GetStamp(from, stamp).ok());
+  files[to] = files[from];
+  identities_[to] = stamp.identity;
+  files.erase(from);
+  identities_.erase(from);
+  return status;
+}
+
+Status MemoryFileSystem::Link(const std::string& from, const std::string& to) {
+  calls.push_back("link " + from + " " + to);
+  Status status = Failure(linkFailures, to);
+  if (!status.ok()) return status;
+  if (!files.contains(from)) return Status(StatusKind::kNotFound);
+  if (files.contains(to)) return Status(StatusKind::kInputOutput, "the file exists");
+  FileStamp stamp;
+  static_cast<void>(GetStamp(from, stamp).ok());
+  files[to] = files[from];
+  identities_[to] = stamp.identity;
+  return status;
+}
+
+void MemoryFileSystem::WriteUnderAllNames(const std::string& path, const std::string& content) {
+  FileStamp stamp;
+  files.try_emplace(path);
+  static_cast<void>(GetStamp(path, stamp).ok());
+  for (const auto& [name, identity] : identities_) {
+    if (identity == stamp.identity) files[name] = content;
+  }
 }
 
 bool MemoryFileSystem::CanCreateIn(const std::string& folder) {
@@ -158,10 +227,14 @@ std::string MemorySettingsStore::At(std::string_view section, std::string_view n
   return "(missing)";
 }
 
-MessageAnswer MemoryMessageBox::Show(const std::string& text, MessageButtons /*buttons*/,
-                                     MessageIcon /*icon*/) {
+MessageAnswer MemoryMessageBox::Show(const std::string& text, MessageButtons buttons,
+                                     MessageIcon icon) {
   shown.push_back(text);
-  return answer;
+  boxes.push_back({text, buttons, icon});
+  if (answers.empty()) return answer;
+  const MessageAnswer next = answers.front();
+  answers.pop_front();
+  return next;
 }
 
 }  // namespace tidewarden

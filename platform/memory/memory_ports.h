@@ -2,6 +2,8 @@
 // record what was asked of them. Tests use them, and programs use them as inert defaults.
 #pragma once
 
+#include <cstdint>
+#include <deque>
 #include <map>
 #include <string>
 #include <utility>
@@ -23,17 +25,25 @@ class MemoryFileSystem : public FileSystem {
   std::map<std::string, StatusKind> failures;
   std::map<std::string, StatusKind> writeFailures;
   std::map<std::string, StatusKind> commitFailures;
+  std::map<std::string, StatusKind> linkFailures;    // by the second name
+  std::map<std::string, StatusKind> renameFailures;  // by the first name
   std::vector<std::string> unwritableFolders;
+  bool writesInPlace = false;      // every folder refuses new files
   std::size_t piece = 0;           // how many bytes Read gives at a time; 0 for all at once
-  std::vector<std::string> calls;  // "read PATH", "create PATH", "stage PATH", "commit PATH", ...
+  std::vector<std::string> calls;  // "read PATH", "create PATH", "stage PATH", "commit PATH",
+                                   // "remove PATH", "rename PATH TO", "link PATH TO", ...
 
   Status Read(const std::string& path, const TakeBytes& take) override;
   Status GetStamp(const std::string& path, FileStamp& out) override;
+  Status ListNames(const std::string& folder, std::vector<std::string>& out) override;
   Status CreateEmpty(const std::string& path) override;
   Status Stage(const std::string& path, std::string_view content,
                std::unique_ptr<StagedFile>& out) override;
   Status Lock(const std::string& path, std::unique_ptr<FileLock>& out) override;
   Status ListFolder(const std::string& folder, std::vector<std::string>& names) override;
+  Status Remove(const std::string& path) override;
+  Status Rename(const std::string& from, const std::string& to) override;
+  Status Link(const std::string& from, const std::string& to) override;
   [[nodiscard]] bool CanCreateIn(const std::string& folder) override;
 
   // How many calls begin with a word.
@@ -43,7 +53,10 @@ class MemoryFileSystem : public FileSystem {
   friend class MemoryStagedFile;
   [[nodiscard]] static Status Failure(const std::map<std::string, StatusKind>& kinds,
                                       const std::string& path);
-  std::map<std::string, std::uint64_t> generations_;
+  void WriteUnderAllNames(const std::string& path, const std::string& content);
+  // Two names have the same identity when they are names of one file.
+  std::map<std::string, std::uint64_t> identities_;
+  std::uint64_t nextIdentity_ = 1;
 };
 
 // Settings by section and name. `failure` makes every call fail.
@@ -76,11 +89,19 @@ class MemoryClock : public Clock {
   [[nodiscard]] LocalTime Now() const override { return now; }
 };
 
-// Answers every box with `answer` and keeps the texts.
+// Answers the boxes with `answers` in their order and then with `answer`, and keeps what they
+// showed.
 class MemoryMessageBox : public MessageBox {
  public:
+  struct Box {
+    std::string text;
+    MessageButtons buttons = MessageButtons::kOk;
+    MessageIcon icon = MessageIcon::kNone;
+  };
   MessageAnswer answer = MessageAnswer::kOk;
+  std::deque<MessageAnswer> answers;
   std::vector<std::string> shown;
+  std::vector<Box> boxes;  // the same with their buttons and icons
 
   MessageAnswer Show(const std::string& text, MessageButtons buttons, MessageIcon icon) override;
 };

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -118,7 +119,10 @@ std::string Resolved(std::string path) {
 
 Status CreateFolders(const std::string& folder) {
   struct stat present {};
-  if (::stat(folder.c_str(), &present) == 0) return {};
+  if (::stat(folder.c_str(), &present) == 0) {
+    return S_ISDIR(present.st_mode) ? Status() : Status(StatusKind::kNotAFolder);
+  }
+  if (errno == ENOTDIR) return Status(StatusKind::kNotAFolder);
   if (errno != ENOENT) return FromErrno(errno);
   const std::string parent = FolderOf(folder);
   if (parent != folder) {
@@ -180,6 +184,8 @@ class StagedBeside : public StagedFile {
     return status.ok() ? Flush(fd_.get()) : status;
   }
 
+  [[nodiscard]] bool ReplacesAtOnce() const override { return true; }
+
   Status Commit() override {
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) return FromErrno(errno);
     committed_ = true;
@@ -199,28 +205,56 @@ class StagedInPlace : public StagedFile {
  public:
   StagedInPlace(Descriptor fd, std::string_view content) : fd_(std::move(fd)), content_(content) {}
 
+  [[nodiscard]] bool ReplacesAtOnce() const override { return false; }
+
   Status Commit() override {
+    Status status = ReadOld();
+    if (!status.ok()) return status;
     // Space for the longer content is taken first, so that a full disk is noticed while the old
     // content is still whole.
     const auto size = static_cast<off_t>(content_.size());
-    struct stat present {};
-    if (::fstat(fd_.get(), &present) != 0) return FromErrno(errno);
-    if (size > present.st_size) {
+    const auto oldSize = static_cast<off_t>(old_.size());
+    if (size > oldSize) {
       const int error = ::posix_fallocate(fd_.get(), 0, size);
       if (error != 0) {
-        static_cast<void>(::ftruncate(fd_.get(), present.st_size) == 0);
+        static_cast<void>(::ftruncate(fd_.get(), oldSize) == 0);
         return FromErrno(error);
       }
     }
-    if (::lseek(fd_.get(), 0, SEEK_SET) != 0) return FromErrno(errno);
-    Status status = WriteAll(fd_.get(), content_);
-    if (status.ok() && ::ftruncate(fd_.get(), size) != 0) status = FromErrno(errno);
-    return status.ok() ? Flush(fd_.get()) : status;
+    status = Overwrite(content_);
+    if (!status.ok()) static_cast<void>(Overwrite(old_).ok());
+    return status;
   }
 
  private:
+  Status ReadOld() {
+    struct stat present {};
+    if (::fstat(fd_.get(), &present) != 0) return FromErrno(errno);
+    old_.resize(static_cast<std::size_t>(present.st_size));
+    for (std::size_t at = 0; at < old_.size();) {
+      const ssize_t got = Retried([&] {
+        return ::pread(fd_.get(), old_.data() + at, old_.size() - at, static_cast<off_t>(at));
+      });
+      if (got < 0) return FromErrno(errno);
+      if (got == 0) return Status(StatusKind::kInputOutput, "the file is being changed");
+      at += static_cast<std::size_t>(got);
+    }
+    return {};
+  }
+
+  Status Overwrite(std::string_view content) {
+    if (::lseek(fd_.get(), 0, SEEK_SET) != 0) return FromErrno(errno);
+    Status status = WriteAll(fd_.get(), content);
+    const auto size = static_cast<off_t>(content.size());
+    if (status.ok() && Retried([&] { return ::ftruncate(fd_.get(), size); }) != 0) {
+      status = FromErrno(errno);
+    }
+    return status.ok() ? Flush(fd_.get()) : status;
+  }
+
   Descriptor fd_;
   std::string content_;
+  std::string old_;
 };
 
 bool IsSameFile(int fd, const std::string& path) {
@@ -300,6 +334,24 @@ Status PosixFileSystem::GetStamp(const std::string& path, FileStamp& out) {
   return {};
 }
 
+Status PosixFileSystem::ListNames(const std::string& folder, std::vector<std::string>& out) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), ::closedir);
+  if (open == nullptr) return FromErrno(errno);
+  std::vector<std::string> names;
+  for (;;) {
+    // The end and a failure both give no entry; only the error number tells them apart.
+    errno = 0;
+    const dirent* const entry = ::readdir(open.get());
+    if (entry == nullptr) break;
+    const std::string_view name = static_cast<const char*>(entry->d_name);
+    if (name != "." && name != "..") names.emplace_back(name);
+  }
+  if (errno != 0) return FromErrno(errno);
+  std::sort(names.begin(), names.end());
+  out = std::move(names);
+  return {};
+}
+
 Status PosixFileSystem::CreateEmpty(const std::string& path) {
   Status status = CreateFolders(FolderOf(path));
   if (!status.ok()) return status;
@@ -332,7 +384,7 @@ Status PosixFileSystem::Stage(const std::string& path, std::string_view content,
   Status status = CreateTemporary(temporary, fd);
   const bool folderRefuses = status.kind() == StatusKind::kNoPermission;
   if (folderRefuses && present) {
-    Descriptor direct = Open(target, O_WRONLY | O_NOFOLLOW);
+    Descriptor direct = Open(target, O_RDWR | O_NOFOLLOW);
     if (direct.ok()) {
       out = std::make_unique<StagedInPlace>(std::move(direct), content);
       return {};
@@ -377,6 +429,21 @@ Status PosixFileSystem::ListFolder(const std::string& folder, std::vector<std::s
   if (errno != 0) return FromErrno(errno);
   names = std::move(found);
   return {};
+}
+
+Status PosixFileSystem::Remove(const std::string& path) {
+  if (::unlink(path.c_str()) == 0 || errno == ENOENT) return {};
+  return FromErrno(errno);
+}
+
+Status PosixFileSystem::Rename(const std::string& from, const std::string& to) {
+  return ::rename(from.c_str(), to.c_str()) == 0 ? Status() : FromErrno(errno);
+}
+
+Status PosixFileSystem::Link(const std::string& from, const std::string& to) {
+  // The second name belongs to the file itself, never to a symbolic link that leads to it.
+  const int linked = ::linkat(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), AT_SYMLINK_FOLLOW);
+  return linked == 0 ? Status() : FromErrno(errno);
 }
 
 bool PosixFileSystem::CanCreateIn(const std::string& folder) {

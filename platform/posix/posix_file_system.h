@@ -9,11 +9,15 @@ class PosixFileSystem : public FileSystem {
  public:
   Status Read(const std::string& path, const TakeBytes& take) override;
   Status GetStamp(const std::string& path, FileStamp& out) override;
+  Status ListNames(const std::string& folder, std::vector<std::string>& out) override;
   Status CreateEmpty(const std::string& path) override;
   Status Stage(const std::string& path, std::string_view content,
                std::unique_ptr<StagedFile>& out) override;
   Status Lock(const std::string& path, std::unique_ptr<FileLock>& out) override;
   Status ListFolder(const std::string& folder, std::vector<std::string>& names) override;
+  Status Remove(const std::string& path) override;
+  Status Rename(const std::string& from, const std::string& to) override;
+  Status Link(const std::string& from, const std::string& to) override;
   [[nodiscard]] bool CanCreateIn(const std::string& folder) override;
 };
 

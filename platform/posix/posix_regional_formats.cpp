@@ -3,6 +3,7 @@
 #include <iconv.h>
 #include <langinfo.h>
 
+#include <algorithm>
 #include <array>
 #include <clocale>
 #include <cstdlib>
@@ -10,6 +11,7 @@
 #include <ctime>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "dates/text.h"
 
@@ -96,25 +98,69 @@ std::tm BrokenDown(CivilDate date) {
   return tm;
 }
 
-// The order of day, month and year in a pattern for strftime, as pattern letters with "/".
-std::string NumericPattern(std::string_view pattern) {
-  std::string out;
-  const auto add = [&](std::string_view field) {
-    if (out.find(field) != std::string::npos) return;
-    if (!out.empty()) out += "/";
-    out += field;
-  };
-  for (std::size_t i = pattern.find('%'); i != std::string_view::npos; i = pattern.find('%', i)) {
-    // Behind the sign stand flags and modifiers, then the letter.
-    i = pattern.find_first_not_of("EO_-0^#", i + 1);
-    if (i == std::string_view::npos) break;
-    const char letter = pattern[i++];
-    if (letter == 'Y' || letter == 'y' || letter == 'G') add("yyyy");
-    if (letter == 'm' || letter == 'b' || letter == 'B' || letter == 'h') add("MM");
-    if (letter == 'd' || letter == 'e') add("dd");
+// A field of a pattern for strftime, from its "%" to behind its letter.
+struct Conversion {
+  std::string_view letters;  // of the same field in a regional pattern; empty when it is no part
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+std::string_view PatternLetters(char conversion) {
+  switch (conversion) {
+    case 'Y':
+    case 'y':
+    case 'G':
+      return "yyyy";
+    case 'm':
+    case 'b':
+    case 'B':
+    case 'h':
+      return "MM";
+    case 'd':
+    case 'e':
+      return "dd";
+    default:
+      return {};
   }
-  constexpr std::size_t kComplete = std::string_view("yyyy/MM/dd").size();
-  return out.size() == kComplete ? out : "yyyy/MM/dd";
+}
+
+// Day, month and year in the order of their first appearance.
+std::vector<Conversion> Conversions(std::string_view pattern) {
+  std::vector<Conversion> fields;
+  Conversion field;
+  while ((field.begin = pattern.find('%', field.end)) != std::string_view::npos) {
+    // Behind the sign stand flags and modifiers, then the letter.
+    const std::size_t letter = pattern.find_first_not_of("EO_-0^#", field.begin + 1);
+    if (letter == std::string_view::npos) break;
+    field.letters = PatternLetters(pattern[letter]);
+    field.end = letter + 1;
+    const bool isNew = std::none_of(fields.begin(), fields.end(), [&](const Conversion& other) {
+      return other.letters == field.letters;
+    });
+    if (isNew && !field.letters.empty()) fields.push_back(field);
+  }
+  return fields;
+}
+
+// The order of day, month and year in a pattern for strftime, as pattern letters. They are joined
+// by what stands between day and month, blanks left out, when it is a separator of dates in
+// digits; else by "/".
+std::string NumericPattern(std::string_view pattern) {
+  const std::vector<Conversion> fields = Conversions(pattern);
+  if (fields.size() != 3) return "yyyy/MM/dd";
+  std::string separator = "/";
+  for (std::size_t i = 1; i < fields.size(); ++i) {
+    const Conversion& before = fields[i - 1];
+    const Conversion& after = fields[i];
+    if (before.letters == "yyyy" || after.letters == "yyyy") continue;
+    const std::string cleaned =
+        TemporaryLocale::Clean(pattern.substr(before.end, after.begin - before.end));
+    const std::string_view between = Trim(cleaned);
+    if (between == "." || between == "-") separator = between;
+  }
+  std::string out(fields[0].letters);
+  out.append(separator).append(fields[1].letters).append(separator).append(fields[2].letters);
+  return out;
 }
 
 }  // namespace
@@ -147,7 +193,7 @@ std::string PosixRegionalFormats::ShortDate(CivilDate date) const {
       const std::size_t length = std::strftime(text.data(), text.size(), datePattern_.c_str(), &tm);
       std::string shown = TemporaryLocale::Clean({text.data(), length});
       // The C library knows one form of a date only. Where that is written in words, as in
-      // Chinese or Icelandic, the short one has the same order in digits.
+      // Chinese or Icelandic, the short one has the same order and separator in digits.
       constexpr std::string_view kOfShortDates = "0123456789./- ";
       const bool isShort = shown.find_first_not_of(kOfShortDates) == std::string::npos;
       if (!shown.empty() && isShort) return shown;

@@ -9,6 +9,7 @@
 
 #include "core/ini_settings_store.h"
 #include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_previous_instance.h"
 #include "platform/posix/posix_regional_formats.h"
 
 namespace tidewarden {
@@ -47,6 +48,14 @@ std::string ExecutableFolder() {
   return slash == 0 ? "/" : executable.substr(0, slash);
 }
 
+std::string InstancePath(FileSystem& files, const std::string& settingsPath) {
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  if (settingsPath.empty() && runtime != nullptr && *runtime == '/' && files.CanCreateIn(runtime)) {
+    return std::string(runtime) + "/tidewarden.instance";
+  }
+  return (settingsPath.empty() ? SettingsFilePath() : settingsPath) + ".instance";
+}
+
 }  // namespace
 
 std::unique_ptr<FileSystem> MakeSystemFiles() {
@@ -73,6 +82,14 @@ std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files) {
 
 ProgramFolders SystemFolders() {
   return {ExecutableFolder(), XdgFolder("XDG_DATA_HOME", "/.local/share"), PathStyle::kPosix};
+}
+
+std::unique_ptr<PreviousInstance> MakePreviousInstance(FileSystem& files,
+                                                       const std::string& settingsPath) {
+  const std::string path = InstancePath(files, settingsPath);
+  // For the folder. Where it cannot be made there is nothing to claim.
+  static_cast<void>(files.CreateEmpty(path));
+  return std::make_unique<PosixPreviousInstance>(path);
 }
 
 }  // namespace tidewarden

@@ -164,17 +164,15 @@ std::vector<StrangeFile> StrangeFiles() {
        kToday + std::string("12/24/2014 \xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D (Wednesday, 2 "
                             "days)\n")},
       {"ByteOrderMark", "\xEF\xBB\xBF" + kEvent, kList},
+      {"ByteOrderMarkInWindows1252",
+       "\xEF\xBB\xBF"
+       "12.25,Christmas,14,yearly\r\n12.24,N\xE9o,7,yearly\r\n",
+       kToday + std::string("12/24/2014 Néo (Wednesday, 2 days)\n"
+                            "12/25/2014 Christmas (Thursday, 3 days)\n")},
       {"ByteOrderMarkAlone", "\xEF\xBB\xBF", kToday},
       {"ByteOrderMarkTwice", "\xEF\xBB\xBF\xEF\xBB\xBF" + kEvent, kToday},
       {"ByteOrderMarkInside", kEvent + "\xEF\xBB\xBF" + kEvent, kList},
       {"HalfAByteOrderMark", "\xEF\xBB", kToday},
-      {"Utf16WithoutAMark",
-       std::string("1\0"
-                   "2\0.\0"
-                   "2\0"
-                   "4\0,\0A\0\n\0",
-                   16),
-       kToday},
       {"EscapeSequenceInATitle", "12.24,\x1B[31mred,7,yearly\n",
        kToday + std::string("12/24/2014 \x1B[31mred (Wednesday, 2 days)\n")},
       {"PercentSigns", "12.24,%s%n%1$s,7,yearly\n",

@@ -3,7 +3,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include "core/event_line.h"
+#include "dates/event_date_rules.h"
+#include "dates/regional_text.h"
 #include "tests/cli/program.h"
+#include "tests/support/layouts.h"
 
 namespace tidewarden::test {
 namespace {
@@ -98,6 +102,32 @@ TEST(NextDates, OfAFeastFollowTheCalendarWhateverYearTheLineNames) {
   const std::vector<std::string> easters{"2015-04-05", "2016-03-27", "2017-04-16"};
   EXPECT_THAT(Next("_estr,X,7,one2014", "2014-12-22", "3"), ElementsAreArray(easters));
   EXPECT_THAT(Next("_estr,X,7,tdo2014", "2014-12-22", "3"), ElementsAreArray(easters));
+}
+
+// The days of five years on which the list would show the event as today's.
+std::vector<std::string> DaysOfTheList(const std::string& line, CivilDate from, CivilDate to) {
+  const auto event = ParseEventLine(line, test::MonthFirst(), YearOf(from));
+  std::vector<std::string> days;
+  if (!event) return days;
+  for (CivilDate day = from; day <= to; day = AddDays(day, 1)) {
+    if (NextOccurrence(event->dateField, event->occurs, day) == day) days.push_back(IsoDate(day));
+  }
+  return days;
+}
+
+TEST(NextDates, AreTheDaysOnWhichTheListShowsTheEvent) {
+  for (const std::string line :
+       {"11.30,X,14,quarter", "08.31,X,14,quarter", "xx.31,X,0,quarter", "12.31,X,0,quarter",
+        "e-365,X,0,yearly", "e+365,X,0,yearly", "xx.15,X,0,one2027", "xx.15,X,0,tdo2027",
+        "xx.xx,X,0,Las Day", "02.29,X,0,yearly", "_hanu,X,0,yearly", "11.24,X,7,14-2014",
+        "05.xx,X,7,Las Mon", "xx.31,X,0,monthly"}) {
+    for (const CivilDate from : {MakeDate(2026, 9, 1), MakeDate(2026, 12, 31)}) {
+      SCOPED_TRACE(line + " from " + IsoDate(from));
+      const auto expected = DaysOfTheList(line, from, MakeDate(2031, 12, 31));
+      ASSERT_FALSE(expected.empty());
+      EXPECT_EQ(Next(line, IsoDate(from), std::to_string(expected.size())), expected);
+    }
+  }
 }
 
 TEST(NextDates, AreOneUnlessToldOtherwise) {

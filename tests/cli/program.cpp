@@ -1,7 +1,6 @@
 #include "tests/cli/program.h"
 
 #include <fcntl.h>
-#include <grp.h>
 #include <poll.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -16,10 +15,11 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "tests/support/processes.h"
+
 namespace tidewarden::test {
 namespace {
 
-constexpr uid_t kOrdinaryUser = 65534;
 constexpr std::chrono::seconds kLongestRun{60};
 
 // Written by the child when it cannot become the program, behind a byte that no text has.
@@ -84,11 +84,7 @@ void SetLimits(const Surroundings& surroundings, int report) {
     const rlimit limit{*surroundings.largestFile, *surroundings.largestFile};
     if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) GiveUp(report, "setrlimit");
   }
-  if (surroundings.asOrdinaryUser && ::geteuid() == 0) {
-    if (::setgroups(0, nullptr) != 0) GiveUp(report, "setgroups");
-    if (::setgid(kOrdinaryUser) != 0) GiveUp(report, "setgid");
-    if (::setuid(kOrdinaryUser) != 0) GiveUp(report, "setuid");
-  }
+  if (surroundings.asOrdinaryUser && !GiveUpRights()) GiveUp(report, "the rights of root");
 }
 
 [[noreturn]] void BecomeProgram(const Surroundings& surroundings, char* const* arguments,
@@ -247,13 +243,7 @@ void Terminal::BecomeOrdinaryUser() {
   if (::geteuid() != 0) return;
   // The program as it was built may stand where only its builder may look.
   if (!folder.Exists("app")) CopyProgram();
-  const auto give = [](const std::string& path) {
-    if (::lchown(path.c_str(), kOrdinaryUser, kOrdinaryUser) != 0) Fail(path);
-  };
-  give(folder.path());
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) {
-    give(entry.path());
-  }
+  GiveAway(folder.path());
 }
 
 }  // namespace tidewarden::test

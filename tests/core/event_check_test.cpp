@@ -124,6 +124,15 @@ TEST(EventCheck, LinesAreCountedFromOneBlankOnesIncluded) {
   EXPECT_EQ(findings[2].kind, FindingKind::kNeverComes);
 }
 
+TEST(EventCheck, AByteOrderMarkIsNoPartOfTheFirstLineInEitherEncoding) {
+  for (const std::string title : {"N\xC3\xA9o", "N\xE9o"}) {
+    EXPECT_THAT(Check("\xEF\xBB\xBF"
+                      "12.25,Christmas,14,yearly\r\n12.24," +
+                      title + ",7,yearly\r\n"),
+                IsEmpty());
+  }
+}
+
 TEST(EventCheck, ColumnsCountCharactersInEitherEncoding) {
   for (const std::string title : {"N\xC3\xB6\xC3\xABl", "N\xF6\xEBl"}) {
     const auto findings = Check("06.01," + title + ",400,yearly\r\n");
@@ -189,6 +198,8 @@ TEST(EventCheck, ASecondLineWithTheSameDateTitleAndRuleIsADuplicate) {
       {"12.25,Christmas,14,yearly", "12.25,Christmas,7,yearly", true},
       {"12.25,Christmas,14,yearly", "12.25,Christmas,14,yearly*", true},
       {"12.25,Christmas,14,yearly", "12.25,Christmas,14, Yearly", true},
+      {"12.25,Christmas,14,yearly", "12-25,Christmas,14,yearly", true},
+      {"02.30,Never,14,yearly", "1a.05,Never,14,yearly", false},
       {"_estr,Easter,14,yearly", "_ESTR,Easter,14,yearly", true},
       {"06.01,Goal,x,dp-2001", "06.01,Goal,y,dp-2001", true},
       {"12.25,Christmas,14,yearly", "12.26,Christmas,14,yearly", false},

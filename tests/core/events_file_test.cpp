@@ -92,6 +92,23 @@ const std::vector<FileCase>& FileCases() {
        "N\xC3\xB6l\r\na\r\n\xFF",
        {"N\xC3\xB6l", "a", "\xFF"},
        {"N\xC3\x83\xC2\xB6l", "a", "\xC3\xBF"}},
+      {"a mark and a stray byte",
+       "\xEF\xBB\xBF"
+       "a\r\nN\xE9o\r\n",
+       {"a", "N\xE9o"},
+       {"a", "N\xC3\xA9o"}},
+      {"a mark and a stray byte in its line",
+       "\xEF\xBB\xBFN\xE9o\r\n\xEF\xBB\xBF",
+       {"N\xE9o", "\xEF\xBB\xBF"},
+       {"N\xC3\xA9o", "\xC3\xAF\xC2\xBB\xC2\xBF"}},
+      {"two marks and a stray byte",
+       "\xEF\xBB\xBF\xEF\xBB\xBF\xE9\n",
+       {"\xEF\xBB\xBF\xE9"},
+       {"\xC3\xAF\xC2\xBB\xC2\xBF\xC3\xA9"}},
+      {"a mark of UTF-16 behind the mark is text",
+       "\xEF\xBB\xBF\xFF\xFE\0\n"s,
+       {"\xFF\xFE\0"s},
+       {"\xC3\xBF\xC3\xBE\0"s}},
       {"NUL is text", "a\0b\r\n"s, {"a\0b"s}, {"a\0b"s}},
   };
   return cases;
@@ -149,14 +166,65 @@ TEST(ReadEventLines, TellsWhyThereAreNoLines) {
   }
 }
 
-std::string Utf16(std::string_view ascii, bool bigEndian) {
-  std::string out = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+// Every byte value in place of, and before, every byte of a file: what is not asked to change stays
+// as it is.
+TEST(RewriteEventsFile, KeepsEveryByteOfTheOtherLines) {
+  const std::string base = "12.25,A,1,yearly\r\n01.01,B,2,yearly\r\n";
+  for (std::size_t at = 0; at <= base.size(); ++at) {
+    for (int byte = 0; byte < 256; ++byte) {
+      std::string bytes = base;
+      bytes.insert(at, 1, static_cast<char>(byte));
+      MemoryFileSystem files;
+      files.files[kPath] = bytes;
+      const Status status =
+          RewriteEventsFile(files, kPath, [](std::size_t /*number*/, std::string_view line) {
+            return line.find("B") != std::string_view::npos ? LineChange::kRemove
+                                                            : LineChange::kKeep;
+          });
+      ASSERT_TRUE(status.ok()) << at << ' ' << byte;
+      // Of the lines without a B every byte is left, in order; line ends may be written anew.
+      std::string kept;
+      std::string line;
+      const auto finish = [&] {
+        if (line.find('B') == std::string::npos) kept += line;
+        line.clear();
+      };
+      for (const char c : bytes) {
+        if (c == '\r' || c == '\n') {
+          finish();
+        } else {
+          line += c;
+        }
+      }
+      finish();
+      std::string left = files.files[kPath];
+      std::erase_if(left, [](char c) { return c == '\r' || c == '\n'; });
+      ASSERT_EQ(left, kept) << at << ' ' << byte;
+    }
+  }
+}
+
+std::string Utf16(std::string_view ascii, bool bigEndian, bool marked = true) {
+  std::string out;
+  if (marked) out = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
   for (const char c : ascii) {
     if (bigEndian) out.push_back('\0');
     out.push_back(c);
     if (!bigEndian) out.push_back('\0');
   }
   return out;
+}
+
+TEST(Utf16, WithoutAMarkIsNotReadEither) {
+  for (const bool bigEndian : {false, true}) {
+    MemoryFileSystem files;
+    files.files[kPath] = Utf16("12.25,Christmas,14,yearly\r\n", bigEndian, false);
+    for (const std::size_t piece : {0U, 1U, 3U}) {
+      files.piece = piece;
+      Collector seen;
+      EXPECT_EQ(ReadEventLines(files, kPath, seen).kind(), StatusKind::kNotText) << piece;
+    }
+  }
 }
 
 TEST(Utf16, IsNeitherReadNorRewritten) {
@@ -241,6 +309,13 @@ TEST(RewriteEventsFile, ChangesOnlyTheLinesItIsToldTo) {
        "\xEF\xBB\xBF"
        "b\r\n"},
       {"mark stays when everything goes", "\xEF\xBB\xBF-a\r\n", "\xEF\xBB\xBF"},
+      {"mark stays in Windows-1252",
+       "\xEF\xBB\xBF"
+       "a*\r\nN\xE9o\r\n-b\r\n",
+       "\xEF\xBB\xBF"
+       "a\r\nN\xE9o\r\n"},
+      {"mark stays in Windows-1252 when its line goes", "\xEF\xBB\xBF-a\r\nN\xE9o\r\n",
+       "\xEF\xBB\xBFN\xE9o\r\n"},
       {"UTF-8 stays", "N\xC3\xB6l\r\n-b\r\n", "N\xC3\xB6l\r\n"},
       {"Windows-1252 stays", "N\xF6l \x81\x8D\x8F\x90\x9D\x80\r\n-b\r\nc*\r\n",
        "N\xF6l \x81\x8D\x8F\x90\x9D\x80\r\nc\r\n"},
@@ -263,7 +338,7 @@ TEST(RewriteEventsFile, WritesNothingWhenNoLineChanges) {
   for (const std::string bytes : {"", "a", "a\n", "a\r\nb\r\n", "a\rb\n\n",
                                   "\xEF\xBB\xBF"
                                   "a\r\n",
-                                  "\xEF\xBB\xBF", "N\xF6l\n"}) {
+                                  "\xEF\xBB\xBF", "N\xF6l\n", "\xEF\xBB\xBFN\xF6l\n"}) {
     SCOPED_TRACE(testing::PrintToString(bytes));
     MemoryFileSystem files;
     files.files[kPath] = bytes;
@@ -284,6 +359,18 @@ TEST(RewriteEventsFile, AsksForEveryRawLineInOrder) {
                 return LineChange::kKeep;
               }).ok());
   EXPECT_THAT(asked, ElementsAre(Pair(0, "a"), Pair(1, ""), Pair(2, "N\xC3\xB6l"), Pair(3, "b")));
+}
+
+TEST(VisitEventLines, GivesTheLinesOfBytesThatHaveBeenRead) {
+  for (const FileCase& c : FileCases()) {
+    SCOPED_TRACE(c.name);
+    Collector seen;
+    ASSERT_TRUE(VisitEventLines(c.bytes, seen).ok());
+    EXPECT_EQ(seen.Raw(), c.raw);
+    EXPECT_EQ(seen.Texts(), c.text);
+  }
+  Collector none;
+  EXPECT_EQ(VisitEventLines("\xFF\xFE\x31\x00"s, none).kind(), StatusKind::kNotText);
 }
 
 TEST(RewriteEventsFile, AgreesWithReadingOnTheNumbersOfTheLines) {

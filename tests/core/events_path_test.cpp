@@ -109,6 +109,10 @@ TEST_F(LocateEventsFileTest, OnWindowsTooTheUsersFolderIsTheFallback) {
   folders_ = {"C:\\Tw", "C:\\Roaming\\Tideward", PathStyle::kWindows};
   files_.unwritableFolders = {"C:\\Tw"};
   EXPECT_EQ(Locate(), "C:\\Roaming\\Tideward\\dates.txt");
+  Store("mine.txt");
+  EXPECT_EQ(Locate(), "C:\\Tw\\mine.txt");
+  Store("\\sub\\mine.txt");
+  EXPECT_EQ(Locate(), "C:\\Tw\\sub\\mine.txt");
 }
 
 TEST_F(LocateEventsFileTest, AMissingEndingIsAddedAndSavedAsStored) {

@@ -8,13 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/source_folder.h"
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kSource = TIDEWARDEN_SOURCE_DIR;
 const fs::path kTarget = TIDEWARDEN_FUZZ_TARGET;
 
 // How many files of a folder were run; a property that does not hold ends the program.
@@ -36,11 +37,12 @@ int Replay(const fs::path& folder) {
 }
 
 TEST(FuzzReplay, TheSeedsHoldEveryProperty) {
-  EXPECT_GE(Replay(kSource / "fuzz" / "corpus" / kTarget), 10);
+  EXPECT_GE(Replay(tidewarden::test::SourceFolder() / "fuzz" / "corpus" / kTarget), 10);
 }
 
 TEST(FuzzReplay, FormerFindingsHoldEveryProperty) {
-  const fs::path findings = kSource / "tests" / "data" / "regress" / kTarget;
+  const fs::path findings =
+      tidewarden::test::SourceFolder() / "tests" / "data" / "regress" / kTarget;
   const auto expected = fs::exists(findings) ? std::distance(fs::directory_iterator(findings), {})
                                              : std::ptrdiff_t{0};
   EXPECT_EQ(Replay(findings), expected);

@@ -36,12 +36,24 @@ TEST(SettingsKeys, AnEmptyStoreAnswersEveryKeyAndKeepsItsDefault) {
       {kAlarmSound, "Options", "AlarmSound", "True", "true"},
       {kAlarmBeepEachMinute, "Options", "AlarmBeepEachMinute", "True", "true"},
       {kDisableAlarms, "Options", "DisableAlarms", "False", "false"},
+      {kQuotesPath, "Options", "QuotesPath", missing, ""},
+      {kShowDailyQuotes, "Options", "ShowDailyQuotes", "False", "false"},
       {kAlarmPath, "Options", "AlarmPath", missing, ""},
       {kAlarmMaximized, "Alarm", "Maximized", "False", "false"},
       {kAlarmLeft, "Alarm", "Left", missing, ""},
       {kAlarmTop, "Alarm", "Top", missing, ""},
       {kAlarmWidth, "Alarm", "Width", "4815", "4815"},
       {kAlarmHeight, "Alarm", "Height", "2550", "2550"},
+      {kEditLeft, "Edit", "Left", "-1", "-1"},
+      {kEditTop, "Edit", "Top", "-1", "-1"},
+      {kEditHeight, "Edit", "Height", "4845", "4845"},
+      {kLevelsOfBackup, "Options", "LevelsOfBackup", "0", "0"},
+      {kShowPopularObservancesArrow, "Options", "ShowPopularObservancesArrow", "True", "true"},
+      {kShowDateExample, "Options", "ShowDateExample", "True", "true"},
+      {kRememberLastAdvanceNotice, "Options", "RememberLastAdvanceNotice", "False", "false"},
+      {kRememberLastOccurs, "Options", "RememberLastOccurs", "False", "false"},
+      {kRememberLastAdvanceNoticeValue, "Options", "RememberLastAdvanceNoticeValue", missing, ""},
+      {kRememberLastOccursIndex, "Options", "RememberLastOccursIndex", missing, ""},
       {kShowTodaysDateWithReminders, "Options", "ShowTodaysDateWithReminders", missing, ""},
   };
   for (const KeyCase& c : cases) {
@@ -57,11 +69,26 @@ TEST(SettingsKeys, OnlyShownTextsAndPathsKeepTheirLetterCase) {
   for (const Setting& setting : {kPath, kTitlebarText, kPrefaceTodaysEvents}) {
     EXPECT_EQ(setting.mode, "KeepCaps") << setting.key;
   }
-  for (const Setting& setting :
-       {kShowLessThan, kSpellOutReminderMonths, kCapitalizeTodaysEvents, kListTodayWithEvents,
-        kShowDateDifferencesInDaysOnly, kShowDayOfWeek, kShowOnlyIfEventsInRange, kNewDateOffset,
-        kAlarmSound, kAlarmBeepEachMinute, kDisableAlarms, kAlarmPath, kAlarmMaximized, kAlarmLeft,
-        kAlarmTop, kAlarmWidth, kAlarmHeight, kShowTodaysDateWithReminders}) {
+  for (const Setting& setting : {kShowLessThan,
+                                 kSpellOutReminderMonths,
+                                 kCapitalizeTodaysEvents,
+                                 kListTodayWithEvents,
+                                 kShowDateDifferencesInDaysOnly,
+                                 kShowDayOfWeek,
+                                 kShowOnlyIfEventsInRange,
+                                 kNewDateOffset,
+                                 kAlarmSound,
+                                 kAlarmBeepEachMinute,
+                                 kDisableAlarms,
+                                 kQuotesPath,
+                                 kShowDailyQuotes,
+                                 kAlarmPath,
+                                 kAlarmMaximized,
+                                 kAlarmLeft,
+                                 kAlarmTop,
+                                 kAlarmWidth,
+                                 kAlarmHeight,
+                                 kShowTodaysDateWithReminders}) {
     EXPECT_EQ(setting.mode, "") << setting.key;
   }
 }

@@ -9,8 +9,9 @@ namespace tidewarden {
 namespace {
 
 constexpr StatusKind kFailures[] = {
-    StatusKind::kNotFound, StatusKind::kNoPermission, StatusKind::kIsFolder, StatusKind::kNotAFile,
-    StatusKind::kNotText,  StatusKind::kNoSpace,      StatusKind::kBusy,     StatusKind::kReadOnly,
+    StatusKind::kNotFound, StatusKind::kNoPermission, StatusKind::kIsFolder,
+    StatusKind::kNotAFile, StatusKind::kNotAFolder,   StatusKind::kNotText,
+    StatusKind::kNoSpace,  StatusKind::kBusy,         StatusKind::kReadOnly,
     StatusKind::kTooLarge, StatusKind::kInputOutput};
 
 TEST(Status, IsOkUnlessToldOtherwise) {

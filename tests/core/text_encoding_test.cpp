@@ -121,7 +121,13 @@ TEST(Encoding, Utf16IsRecognizedByItsMarkAndANul) {
   EXPECT_FALSE(LooksLikeUtf16(""));
   EXPECT_FALSE(LooksLikeUtf16("\xFF\xFE"));
   EXPECT_FALSE(LooksLikeUtf16("\xFF\xFE is also Windows-1252"));
-  EXPECT_FALSE(LooksLikeUtf16("1\0002\000"s));
+  // Without a mark by the NULs between the first letters.
+  EXPECT_TRUE(LooksLikeUtf16("1\0002\000"s));
+  EXPECT_TRUE(LooksLikeUtf16("\0001\0002"s));
+  EXPECT_FALSE(LooksLikeUtf16("1\0002"s));
+  EXPECT_FALSE(LooksLikeUtf16("1\000\n\000"s));
+  EXPECT_FALSE(LooksLikeUtf16("\000\000\0001"s));
+  EXPECT_FALSE(LooksLikeUtf16("12\000\000"s));
   EXPECT_FALSE(
       LooksLikeUtf16("\xEF\xBB\xBF"
                      "1\000"s));

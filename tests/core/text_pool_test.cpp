@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,6 +38,20 @@ TEST(TextPool, KeepsTheEmptyText) {
   EXPECT_EQ(pool.Keep({}), "");
   EXPECT_EQ(pool.Keep("a"), "a");
   EXPECT_EQ(pool.Keep(""), "");
+}
+
+TEST(TextPool, JoinsTextsIntoOne) {
+  TextPool pool;
+  const std::string longest(100'000, 'x');
+  const std::array<std::string_view, 4> texts{"12.25", "", " Christmas", longest};
+  const std::string_view before = pool.Keep("before");
+  const std::string_view joined = pool.Join(texts);
+  const std::string_view nothing = pool.Join({});
+  const std::string_view after = pool.Join(std::array<std::string_view, 1>{"after"});
+  EXPECT_EQ(before, "before");
+  EXPECT_EQ(joined, "12.25 Christmas" + longest);
+  EXPECT_EQ(nothing, "");
+  EXPECT_EQ(after, "after");
 }
 
 TEST(TextPool, MovingKeepsTheViews) {

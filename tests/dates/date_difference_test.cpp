@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <string>
-
 #include "tests/dates/data_rows.h"
 #include "tests/dates/naive_calendar.h"
+#include "tests/dates/naive_wording.h"
 #include "tests/support/layouts.h"
 
 namespace tidewarden::test {
@@ -69,77 +67,14 @@ TEST(CompareDatesTest, CountsYearsMonthsAndDays) {
   }
 }
 
-// The wording made step by step on texts: the pieces with their signs, the commas put in by
-// replacement, the signs taken out at the end.
-class WordingOnTexts {
- public:
-  std::string Compare(int from, int to, bool daysOnly) const {
-    const NaiveCalendar& pages = NaiveCalendar::Pages();
-    const int total = to - from;
-    std::string text;
-    if (daysOnly) {
-      text = "(" + std::to_string(total) + " days";
-    } else {
-      const NaiveDay& a = pages.At(from);
-      const NaiveDay& b = pages.At(to);
-      const int anchor = pages.IndexOf(b.year, b.month, 1) + a.day - 1;
-      int days = to - anchor;
-      int months = (b.year * 12 + b.month) - (a.year * 12 + a.month);
-      if (months < 0 && days > 0) {
-        ++months;
-        days = to - OneMonthFrom(anchor, 1);
-      } else if (months >= 1 && days < 0) {
-        --months;
-        days = to - OneMonthFrom(anchor, -1);
-      }
-      const int years = std::abs(months) / 12;
-      months = months % 12;
-      std::string pieces;
-      if (years != 0) pieces += Piece(years, " year");
-      if (months != 0) pieces += " " + Piece(months, " month");
-      if (days != 0) pieces += " " + Piece(days, " day");
-      text = "(" + pieces;
-      Replace(text, "r ", "r, ");
-      Replace(text, "h ", "h, ");
-      Replace(text, "s ", "s, ");
-    }
-    Replace(text, "( ", "(");
-    Replace(text, "-", "");
-    return text + (total == 0 ? "IS TODAY" : total > 0 ? " future" : " past") + ")";
-  }
-
- private:
-  static std::string Piece(int count, const std::string& unit) {
-    return std::to_string(count) + unit + (std::abs(count) >= 2 ? "s" : "");
-  }
-
-  static int OneMonthFrom(int index, int step) {
-    const NaiveCalendar& pages = NaiveCalendar::Pages();
-    NaiveDay day = pages.At(index);
-    day.month += step;
-    if (day.month == 13) day = {day.year + 1, 1, day.day, 0};
-    if (day.month == 0) day = {day.year - 1, 12, day.day, 0};
-    const int length = NaiveMonthLength(day.year, day.month);
-    return pages.IndexOf(day.year, day.month, day.day < length ? day.day : length);
-  }
-
-  static void Replace(std::string& text, const std::string& what, const std::string& by) {
-    for (std::size_t at = text.find(what); at != std::string::npos;
-         at = text.find(what, at + by.size())) {
-      text.replace(at, what.size(), by);
-    }
-  }
-};
-
 TEST(CompareDatesTest, IsTheWordingMadeOnTexts) {
   const NaiveCalendar& pages = NaiveCalendar::Pages();
-  const WordingOnTexts wording;
   const auto check = [&](int from, int to) {
     const CivilDate a = pages.At(from).ToDate();
     const CivilDate b = pages.At(to).ToDate();
-    ASSERT_EQ(CompareDates(a, b, kYears), wording.Compare(from, to, false))
+    ASSERT_EQ(CompareDates(a, b, kYears), WordingOnTexts(from, to, false))
         << TextOf(a) << " to " << TextOf(b);
-    ASSERT_EQ(CompareDates(a, b, kDays), wording.Compare(from, to, true))
+    ASSERT_EQ(CompareDates(a, b, kDays), WordingOnTexts(from, to, true))
         << TextOf(a) << " to " << TextOf(b);
   };
   const int first = pages.IndexOf(2015, 1, 1);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "tests/dates/data_rows.h"
@@ -67,6 +68,20 @@ TEST(NthWeekdayDateTest, CountsFromTheFirstOfTheMonthOrBackFromTheLast) {
   EXPECT_EQ(Text(NthWeekdayDate(2, 2015, 7, 0)), "2015-02-28");
   EXPECT_EQ(Text(NthWeekdayDate(10, 2015, 6, 0)), "2015-10-30");
   EXPECT_EQ(Text(NthWeekdayDate(2, 2016, 2, 0)), "2016-02-29");
+}
+
+TEST(NthWeekdayDateTest, AFifthWeekdayIsThereInSomeMonthsOnly) {
+  EXPECT_EQ(Text(NthWeekdayDate(3, 2015, 1, 5)), "2015-03-29");
+  EXPECT_EQ(Text(NthWeekdayDate(1, 2015, 5, 5)), "2015-01-29");
+  EXPECT_EQ(Text(NthWeekdayDate(1, 2015, 7, 5)), "2015-01-31");
+  EXPECT_EQ(Text(NthWeekdayDate(2, 2016, 2, 5)), "2016-02-29");
+  EXPECT_EQ(Text(NthWeekdayDate(2, 2016, 3, 5)), "-");
+  EXPECT_EQ(Text(NthWeekdayDate(3, 2015, 4, 5)), "-");
+  for (int weekday = 1; weekday <= 7; ++weekday) {
+    EXPECT_EQ(Text(NthWeekdayDate(2, 2015, weekday, 5)), "-") << weekday;
+    EXPECT_EQ(Text(NthWeekdayDate(3, 2015, weekday, 6)), "-") << weekday;
+    EXPECT_EQ(Text(NthWeekdayDate(3, 2015, weekday, std::numeric_limits<int>::max())), "-");
+  }
 }
 
 TEST(NthWeekdayDateTest, TheLastDayNeedsNoWeekday) {
@@ -223,6 +238,39 @@ TEST(IsMovedOnTest, IsTrueForWhatRepeats) {
 }
 
 // The limits that the header names.
+bool OneDate(const std::string& stored, const std::string& occurs) {
+  const EventFields e = Fields(stored, occurs);
+  return HasOneDate(e.field, e.occurs);
+}
+
+TEST(HasOneDateTest, IsTrueForCountersAndForNamedYears) {
+  for (const char* occurs : {"one2014", "tdo2014", "dp-2001", "df-2030"}) {
+    EXPECT_TRUE(OneDate("12.25", occurs)) << occurs;
+  }
+  for (const char* counter : {"dp-2001", "df-2030"}) {
+    EXPECT_TRUE(OneDate("xx.15", counter)) << counter;
+  }
+  for (const char* named : {"one2014", "tdo2014"}) {
+    EXPECT_FALSE(OneDate("xx.15", named)) << named;
+    EXPECT_FALSE(OneDate("05.xx", named)) << named;
+  }
+  for (const char* occurs :
+       {"yearly", "quarter", "monthly", "14-2014", "20~2014", "3rd mon", "las sun", "las day"}) {
+    EXPECT_FALSE(OneDate("12.25", occurs)) << occurs;
+    EXPECT_FALSE(OneDate("xx.xx", occurs)) << occurs;
+  }
+}
+
+TEST(HasOneDateTest, IsFalseForFeastsUnlessTheyAreCounted) {
+  for (const char* feast : {"_estr", "e+039", "_rosh", "_vict"}) {
+    for (const char* occurs : {"yearly", "one2014", "tdo2014", "14-2014"}) {
+      EXPECT_FALSE(OneDate(feast, occurs)) << feast << "," << occurs;
+    }
+    EXPECT_TRUE(OneDate(feast, "dp-2001")) << feast;
+    EXPECT_TRUE(OneDate(feast, "df-2030")) << feast;
+  }
+}
+
 TEST(NextOccurrenceTest, WorksOnTheFirstAndTheLastDayOfItsRange) {
   for (const CivilDate today : {On(1, 1, 1), On(9998, 12, 31)}) {
     SCOPED_TRACE(TextOf(today));

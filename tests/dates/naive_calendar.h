@@ -16,6 +16,9 @@ struct NaiveDay {
   int weekday = 0;  // Sunday = 1 to Saturday = 7
 
   [[nodiscard]] CivilDate ToDate() const { return MakeDate(year, month, day); }
+  [[nodiscard]] bool Is(CivilDate date) const {
+    return YearOf(date) == year && MonthOf(date) == month && DayOf(date) == day;
+  }
 };
 
 [[nodiscard]] bool NaiveIsLeapYear(int year);

@@ -49,6 +49,38 @@ TEST(MemoryFileSystem, ContentIsSeenAfterTheCommitOnly) {
   EXPECT_EQ(files.files["a"], "new");
 }
 
+TEST(MemoryFileSystem, NamesAreGivenAndTakenAway) {
+  MemoryFileSystem files;
+  files.files["a"] = "one";
+  EXPECT_TRUE(files.Link("a", "b").ok());
+  FileStamp a;
+  FileStamp b;
+  EXPECT_TRUE(files.GetStamp("a", a).ok() && files.GetStamp("b", b).ok());
+  EXPECT_EQ(a, b);
+  EXPECT_FALSE(files.Link("a", "b").ok());
+  EXPECT_EQ(files.Link("x", "y").kind(), StatusKind::kNotFound);
+  EXPECT_TRUE(ReplaceFile(files, "a", "two").ok());
+  EXPECT_EQ(files.files["b"], "one");
+  EXPECT_TRUE(files.Rename("a", "b").ok());
+  EXPECT_EQ(files.files["b"], "two");
+  EXPECT_EQ(files.Rename("a", "b").kind(), StatusKind::kNotFound);
+  EXPECT_TRUE(files.Remove("b").ok());
+  EXPECT_TRUE(files.Remove("b").ok());
+  EXPECT_TRUE(files.files.empty());
+}
+
+TEST(MemoryFileSystem, AFileWrittenInPlaceChangesUnderAllItsNames) {
+  MemoryFileSystem files;
+  files.files["a"] = "one";
+  EXPECT_TRUE(files.Link("a", "b").ok());
+  files.writesInPlace = true;
+  std::unique_ptr<StagedFile> staged;
+  EXPECT_TRUE(files.Stage("a", "two", staged).ok());
+  EXPECT_FALSE(staged->ReplacesAtOnce());
+  EXPECT_TRUE(staged->Commit().ok());
+  EXPECT_EQ(files.files["b"], "two");
+}
+
 TEST(MemoryFileSystem, AStampChangesWithEveryCommit) {
   MemoryFileSystem files;
   FileStamp first;
@@ -96,6 +128,21 @@ TEST(MemoryFileSystem, CreatingKeepsWhatIsThere) {
   EXPECT_EQ(files.files["b"], "");
 }
 
+TEST(MemoryFileSystem, ListsTheNamesInAFolder) {
+  MemoryFileSystem files;
+  files.files = {{"/b", ""}, {"/opt/b/x", ""}, {"/opt/b/y", ""}, {"/opt/B", ""}, {"/optional", ""}};
+  std::vector<std::string> names;
+  EXPECT_TRUE(files.ListNames("/opt", names).ok());
+  EXPECT_THAT(names, ElementsAre("B", "b"));
+  EXPECT_TRUE(files.ListNames("/", names).ok());
+  EXPECT_THAT(names, ElementsAre("b", "opt", "optional"));
+  EXPECT_EQ(files.ListNames("/op", names).kind(), StatusKind::kNotFound);
+  files.failures["/opt"] = StatusKind::kNoPermission;
+  EXPECT_EQ(files.ListNames("/opt", names).kind(), StatusKind::kNoPermission);
+  EXPECT_EQ(names.size(), 3);
+  EXPECT_EQ(files.CountCalls("list"), 4);
+}
+
 TEST(MemoryFileSystem, RecordsItsCalls) {
   MemoryFileSystem files;
   std::string content;
@@ -138,6 +185,19 @@ TEST(MemorySettingsStore, FailsAsItIsTold) {
   EXPECT_EQ(store.Delete("Edit", "Left").kind(), StatusKind::kNoPermission);
   EXPECT_EQ(store.At("Edit", "Left"), "1");
   EXPECT_EQ(store.writes, 0);
+}
+
+TEST(MemoryMessageBox, KeepsTheBoxesAndAnswersInOrder) {
+  MemoryMessageBox box;
+  box.answers = {MessageAnswer::kYes, MessageAnswer::kCancel};
+  EXPECT_EQ(box.Show("1", MessageButtons::kYesNo, MessageIcon::kNone), MessageAnswer::kYes);
+  EXPECT_EQ(box.Show("2", MessageButtons::kOkCancel, MessageIcon::kExclamation),
+            MessageAnswer::kCancel);
+  EXPECT_EQ(box.Show("3", MessageButtons::kOk, MessageIcon::kNone), MessageAnswer::kOk);
+  ASSERT_EQ(box.boxes.size(), 3);
+  EXPECT_EQ(box.boxes[1].text, "2");
+  EXPECT_EQ(box.boxes[1].buttons, MessageButtons::kOkCancel);
+  EXPECT_EQ(box.boxes[1].icon, MessageIcon::kExclamation);
 }
 
 TEST(MemoryMessageBox, KeepsTheTextsAndAnswersAsTold) {

@@ -22,7 +22,8 @@
 #include <thread>
 #include <vector>
 
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidewarden {
 namespace {
@@ -56,6 +57,8 @@ std::string Word(const Status& status) {
       return "folder";
     case StatusKind::kNotAFile:
       return "not a file";
+    case StatusKind::kNotAFolder:
+      return "not a folder";
     case StatusKind::kNotText:
       return "not text";
     case StatusKind::kNoSpace:
@@ -265,7 +268,8 @@ TEST_F(PosixFiles, CreatingHarmsNothingThatIsThere) {
   EXPECT_EQ(BytesOf(path_), kOld);
   EXPECT_EQ(ModeOf(path_), 0644);
   EXPECT_EQ(Word(files_.CreateEmpty(folder_.path())), "folder");
-  EXPECT_FALSE(files_.CreateEmpty(path_ + "/below").ok());
+  EXPECT_EQ(Word(files_.CreateEmpty(path_ + "/below")), "not a folder");
+  EXPECT_EQ(Word(files_.CreateEmpty(path_ + "/below/below")), "not a folder");
   const std::string fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   EXPECT_EQ(InChild([&] { return Word(files_.CreateEmpty(fifo)); }), "not a file");
@@ -757,14 +761,18 @@ bool MountTinyDisk(const std::string& folder) {
          ::mount("tidewarden", folder.c_str(), "tmpfs", 0, "size=64k,mode=0777") == 0;
 }
 
+// The same, or a limit on the size of files where nothing can be mounted. The result is the outcome
+// of a save that does not fit.
+std::string RunOutOfSpace(const std::string& folder) {
+  if (MountTinyDisk(folder)) return "no space";
+  std::fprintf(stderr, "NO DISK CAN BE MOUNTED HERE: a limit on the file's size stands in.\n");
+  LimitFileSize(32'768);
+  return "too large";
+}
+
 TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAndNothingElse) {
   const std::string answer = InChild([&]() -> std::string {
-    std::string expected = "no space";
-    if (!MountTinyDisk(folder_.path())) {
-      std::fprintf(stderr, "NO DISK CAN BE MOUNTED HERE: a limit on the file's size stands in.\n");
-      LimitFileSize(32'768);
-      expected = "too large";
-    }
+    const std::string expected = RunOutOfSpace(folder_.path());
     if (Replace(path_, kOld) != "ok") return "the first file does not fit";
     for (const std::size_t size : {70'000U, 62'000U, 66'000U, 200'000U}) {
       const std::string outcome = Replace(path_, std::string(size, 'x'));
@@ -779,12 +787,7 @@ TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAndNothingElse) {
 
 TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAlsoInAnUnwritableFolder) {
   const std::string answer = InChild([&]() -> std::string {
-    std::string expected = "no space";
-    if (!MountTinyDisk(folder_.path())) {
-      std::fprintf(stderr, "NO DISK CAN BE MOUNTED HERE: a limit on the file's size stands in.\n");
-      LimitFileSize(32'768);
-      expected = "too large";
-    }
+    const std::string expected = RunOutOfSpace(folder_.path());
     WriteBytes(path_, kOld);
     WriteBytes(folder_ / "other", std::string(20'000, 'y'));
     return InUnprivilegedChild(folder_.path(), [&]() -> std::string {
@@ -799,6 +802,66 @@ TEST_F(PosixFiles, AFullDiskLeavesTheOldContentAlsoInAnUnwritableFolder) {
 }
 
 // ---- Locks.
+
+TEST_F(PosixFiles, AFileIsRemovedOnceAndForAll) {
+  WriteBytes(folder_ / "a", "one");
+  EXPECT_TRUE(files_.Remove(folder_ / "a").ok());
+  EXPECT_TRUE(files_.Remove(folder_ / "a").ok());
+  EXPECT_THAT(NamesIn(folder_.path()), IsEmpty());
+  ASSERT_EQ(::mkdir((folder_ / "b").c_str(), 0700), 0);
+  EXPECT_FALSE(files_.Remove(folder_ / "b").ok());
+  EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("b"));
+}
+
+TEST_F(PosixFiles, ANewNameTakesThePlaceOfAnother) {
+  WriteBytes(folder_ / "a", "one");
+  WriteBytes(folder_ / "b", "two");
+  EXPECT_TRUE(files_.Rename(folder_ / "a", folder_ / "b").ok());
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+  EXPECT_THAT(NamesIn(folder_.path()), ElementsAre("b"));
+  EXPECT_EQ(files_.Rename(folder_ / "a", folder_ / "b").kind(), StatusKind::kNotFound);
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+}
+
+TEST_F(PosixFiles, ASecondNameKeepsTheOldContentWhenTheFileIsReplaced) {
+  WriteBytes(folder_ / "a", "one");
+  EXPECT_TRUE(files_.Link(folder_ / "a", folder_ / "b").ok());
+  FileStamp a;
+  FileStamp b;
+  EXPECT_TRUE(files_.GetStamp(folder_ / "a", a).ok());
+  EXPECT_TRUE(files_.GetStamp(folder_ / "b", b).ok());
+  EXPECT_EQ(a, b);
+  EXPECT_FALSE(files_.Link(folder_ / "a", folder_ / "b").ok());
+  EXPECT_EQ(files_.Link(folder_ / "x", folder_ / "y").kind(), StatusKind::kNotFound);
+  EXPECT_TRUE(ReplaceFile(files_, folder_ / "a", "two").ok());
+  EXPECT_EQ(BytesOf(folder_ / "a"), "two");
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+}
+
+TEST_F(PosixFiles, TheSecondNameOfALinkIsOneOfItsTarget) {
+  WriteBytes(folder_ / "real", "one");
+  ASSERT_EQ(::symlink("real", (folder_ / "a").c_str()), 0);
+  EXPECT_TRUE(files_.Link(folder_ / "a", folder_ / "b").ok());
+  EXPECT_TRUE(ReplaceFile(files_, folder_ / "a", "two").ok());
+  EXPECT_EQ(BytesOf(folder_ / "real"), "two");
+  EXPECT_EQ(BytesOf(folder_ / "b"), "one");
+}
+
+TEST_F(PosixFiles, OnlyInAnUnwritableFolderIsAFileNotReplacedAtOnce) {
+  WriteBytes(path_, "old");
+  std::unique_ptr<StagedFile> staged;
+  ASSERT_TRUE(files_.Stage(path_, "new", staged).ok());
+  EXPECT_TRUE(staged->ReplacesAtOnce());
+  staged.reset();
+  EXPECT_EQ(InUnprivilegedChild(folder_.path(),
+                                [&]() -> std::string {
+                                  ::chmod(folder_.path().c_str(), 0500);
+                                  std::unique_ptr<StagedFile> inPlace;
+                                  if (!files_.Stage(path_, "new", inPlace).ok()) return "refused";
+                                  return inPlace->ReplacesAtOnce() ? "at once" : "in place";
+                                }),
+            "in place");
+}
 
 TEST_F(PosixFiles, ALockIsHeldAgainstEverybodyElse) {
   const std::string path = folder_ / "settings.ini";

@@ -17,7 +17,7 @@
 
 #include "dates/date_text.h"
 #include "platform/system.h"
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
 
 namespace tidewarden {
 namespace {
@@ -133,6 +133,16 @@ INSTANTIATE_TEST_SUITE_P(
                       // The form that stands beside a day.
                       LocaleCase{"ru_RU.UTF-8", "31.12.1992", "dd.mm.yyyy",
                                  "янв фев мар апр мая июн июл авг сен окт ноя дек", "Воскресенье"},
+                      // Long forms of the date keep the separator of their day.
+                      LocaleCase{"nb_NO.UTF-8", "31.12.1992", "dd.mm.yyyy",
+                                 "jan feb mar apr mai jun jul aug sep okt nov des", "søndag"},
+                      LocaleCase{"nn_NO.UTF-8", "31.12.1992", "dd.mm.yyyy",
+                                 "jan feb mar apr mai jun jul aug sep okt nov des", "sundag"},
+                      LocaleCase{"is_IS.UTF-8", "31.12.1992", "dd.mm.yyyy",
+                                 "jan feb mar apr maí jún júl ágú sep okt nóv des", "sunnudagur"},
+                      // June and July are "ئىيۇن" and "ئىيۇل": eleven names differ.
+                      LocaleCase{"ug_CN.UTF-8", "31-12-1992", "dd-mm-yyyy",
+                                 "يان فېۋ مار ئاپ ماي ئىي ئىي ئاۋ سېن ئۆك نوي دېك", "يەكشەنبە"},
                       // A character set of single bytes.
                       LocaleCase{"de_DE.ISO-8859-1", "31.12.1992", "dd.mm.yyyy",
                                  "Jan Feb Mär Apr Mai Jun Jul Aug Sep Okt Nov Dez", "Sonntag"},

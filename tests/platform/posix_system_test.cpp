@@ -19,7 +19,8 @@
 #include "core/settings_keys.h"
 #include "dates/date_text.h"
 #include "platform/memory/memory_ports.h"
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidewarden {
 namespace {

@@ -19,6 +19,8 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/source_folder.h"
+
 namespace tidewarden {
 namespace {
 
@@ -204,7 +206,7 @@ TEST_F(SdlSoundPlayerTest, PlaysEverySampleOfTheOwnSound) {
 TEST_F(SdlSoundPlayerTest, PlaysTheOtherKindsOfFiles) {
   for (const char* const name : {"tone.flac", "tone.ogg", "tone.mp3"}) {
     SCOPED_TRACE(name);
-    player_.Play(fs::path(TIDEWARDEN_SOURCE_DIR) / "tests/data/sounds" / name, SoundKind::kOther);
+    player_.Play(test::SourceFolder() / "tests/data/sounds" / name, SoundKind::kOther);
     WaitForTheEnd();
     player_.Rest();
     EXPECT_THAT(complaints_, IsEmpty());

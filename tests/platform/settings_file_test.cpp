@@ -15,7 +15,8 @@
 #include "core/get_set_save_set.h"
 #include "core/ini_settings_store.h"
 #include "platform/posix/posix_file_system.h"
-#include "tests/platform/processes.h"
+#include "tests/support/processes.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidewarden {
 namespace {

@@ -1,7 +1,7 @@
 // Events followed day by day over some years, against what a person would expect on each day.
 #include <gmock/gmock.h>
 
-#include "tests/reminder/session_desk.h"
+#include "tests/reminder/builder_desk.h"
 
 namespace tidewarden::test {
 namespace {
@@ -69,7 +69,7 @@ TEST_F(CalendarWalk, NoticeReachesOverTheTurnOfTheYear) {
     const int days = DaysBetween(day, next);
     ASSERT_EQ(ListOn(day).size(), days <= 10 ? 1 : 0);
     if (days <= 10) {
-      EXPECT_EQ(desk_.session().rows()[0].daysToGo, days);
+      EXPECT_EQ(desk_.builder().rows()[0].daysToGo, days);
       EXPECT_TRUE(desk_.List()[0].starts_with("01/03/" + std::to_string(YearOf(next))));
     }
   });

@@ -4,7 +4,7 @@
 
 #include "core/line_splitter.h"
 #include "reminder/events_cleanup.h"
-#include "tests/reminder/session_desk.h"
+#include "tests/reminder/builder_desk.h"
 
 namespace tidewarden::test {
 namespace {
@@ -135,8 +135,8 @@ TEST_P(FailedRewrite, LeavesTheFileWholeAndTheListComplete) {
   EXPECT_THAT(desk.Listed(), ElementsAre(ExpectedRow{0, "12/22/2014   <TODAY>"},
                                          ExpectedRow{1, "12/23/2014 A (Tuesday, 1 day)"},
                                          ExpectedRow{3, "12/24/2014 B (Wednesday, 2 days)"}));
-  EXPECT_TRUE(desk.session().readStatus().ok());
-  EXPECT_EQ(desk.session().writeStatus().kind(), GetParam().kind());
+  EXPECT_TRUE(desk.builder().readStatus().ok());
+  EXPECT_EQ(desk.builder().writeStatus().kind(), GetParam().kind());
   EXPECT_THAT(desk.messages.shown, IsEmpty());
 }
 
@@ -147,9 +147,9 @@ TEST_P(FailedRewrite, IsTriedAgainAtTheNextBuild) {
   desk.files.writeFailures.clear();
   desk.files.commitFailures.clear();
   desk.Build();
-  EXPECT_TRUE(desk.session().writeStatus().ok());
+  EXPECT_TRUE(desk.builder().writeStatus().ok());
   EXPECT_EQ(desk.file(), "12.23,A,7,yearly\r\n06.01,Back,7,yearly\r\n12.24,B,7,yearly\r\n");
-  EXPECT_THAT(desk.session().ReminderLineMap(), ElementsAre(0, 0, 2));
+  EXPECT_THAT(desk.builder().ReminderLineMap(), ElementsAre(0, 0, 2));
 }
 
 TEST_P(FailedRewrite, IsToldForTheUnhideStepAlone) {
@@ -157,14 +157,14 @@ TEST_P(FailedRewrite, IsToldForTheUnhideStepAlone) {
   Fail(desk);
   desk.Build();
   EXPECT_EQ(desk.file(), "06.01,Back,7,yearly*\n");
-  EXPECT_EQ(desk.session().writeStatus().kind(), GetParam().kind());
+  EXPECT_EQ(desk.builder().writeStatus().kind(), GetParam().kind());
 }
 
 TEST_P(FailedRewrite, DoesNotMatterWhileNothingIsToBeWritten) {
   Desk desk("12.23,A,7,yearly\n12.21,Hidden,7,one2014*\n");
   Fail(desk);
   desk.Build();
-  EXPECT_TRUE(desk.session().writeStatus().ok());
+  EXPECT_TRUE(desk.builder().writeStatus().ok());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -210,8 +210,8 @@ TEST(BothRewrites, LeaveEachRowWithTheLineItCameFrom) {
   LineSplitter splitter;
   splitter.Take(desk.file(), [&](std::string_view line) { lines.emplace_back(line); });
   ASSERT_EQ(lines.size(), 200);
-  ASSERT_EQ(desk.session().rows().size(), 101);
-  for (const ReminderRow& row : desk.session().rows()) {
+  ASSERT_EQ(desk.builder().rows().size(), 101);
+  for (const ReminderRow& row : desk.builder().rows()) {
     if (row.kind == RowKind::kTodayLine) continue;
     SCOPED_TRACE(row.title);
     ASSERT_LT(row.line, 200);
@@ -225,13 +225,13 @@ TEST(LineNumbers, MayHaveSixDigits) {
   file += "12.24,Deep,7,yearly\n12.21,Gone,7,one2014\n12.24,Deep,7,yearly\n";
   Desk desk(file);
   desk.Build();
-  EXPECT_THAT(desk.session().ReminderLineMap(), ElementsAre(0, 100'000, 100'001));
+  EXPECT_THAT(desk.builder().ReminderLineMap(), ElementsAre(0, 100'000, 100'001));
 }
 
 TEST(RawLines, AreAsReadWhateverTheEncoding) {
   Desk desk("12.24,Caf\xE9,7,yearly\r\n12.25, x ,7, Yearly \n");
   desk.Build();
-  const auto& rows = desk.session().rows();
+  const auto& rows = desk.builder().rows();
   ASSERT_EQ(rows.size(), 3);
   EXPECT_EQ(rows[1].rawLine, "12.24,Caf\xE9,7,yearly");
   EXPECT_EQ(rows[2].rawLine, "12.25, x ,7, Yearly ");
@@ -241,7 +241,7 @@ TEST(RawLines, StayGoodAfterTheFileWasRewritten) {
   Desk desk(kPastAndTwoMore);
   desk.Build();
   desk.files.files.clear();
-  const auto& rows = desk.session().rows();
+  const auto& rows = desk.builder().rows();
   ASSERT_EQ(rows.size(), 3);
   EXPECT_EQ(rows[1].rawLine, "12.23,A,7,yearly");
   EXPECT_EQ(rows[2].rawLine, "12.24,B,7,yearly");

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "dates/regional_text.h"
+#include "tests/support/source_folder.h"
 
 namespace tidewarden::test {
 namespace {
@@ -189,7 +190,7 @@ std::vector<ListCase> ReadCases(const std::filesystem::path& path) {
 std::vector<ListCase> ReadAllCases() {
   std::set<std::filesystem::path> paths;
   for (const auto& entry :
-       std::filesystem::directory_iterator(TIDEWARDEN_SOURCE_DIR "/tests/data/lists")) {
+       std::filesystem::directory_iterator(SourceFolder() / "tests/data/lists")) {
     if (entry.path().extension() == ".txt") paths.insert(entry.path());
   }
   std::vector<ListCase> all;

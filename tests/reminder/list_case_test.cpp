@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "tests/reminder/session_desk.h"
+#include "tests/reminder/builder_desk.h"
 
 namespace tidewarden::test {
 namespace {
@@ -61,12 +61,12 @@ class ReminderListCase : public ::testing::TestWithParam<ListCase> {
 
   // What holds for every list.
   void CheckRows() {
-    const auto& rows = desk_.session().rows();
-    ASSERT_EQ(desk_.session().ReminderLineMap().size(), desk_.List().size());
+    const auto& rows = desk_.builder().rows();
+    ASSERT_EQ(desk_.builder().ReminderLineMap().size(), desk_.List().size());
     ASSERT_EQ(rows.size(), desk_.List().size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
       SCOPED_TRACE(rows[i].text);
-      EXPECT_EQ(rows[i].line, desk_.session().ReminderLineMap()[i]);
+      EXPECT_EQ(rows[i].line, desk_.builder().ReminderLineMap()[i]);
       EXPECT_EQ(desk_.List()[i].substr(0, rows[i].text.size()), rows[i].text);
       EXPECT_EQ(rows[i].daysToGo, DaysBetween(GetParam().now.date, rows[i].date));
     }
@@ -81,7 +81,7 @@ TEST_P(ReminderListCase, GivesTheListAndTheFile) {
   EXPECT_EQ(desk_.file(), GetParam().fileAfter);
   EXPECT_EQ(desk_.FileChanges() > 0, Changes());
   if (!GetParam().label.empty()) {
-    EXPECT_EQ(desk_.session().dateLabel(), GetParam().label);
+    EXPECT_EQ(desk_.builder().dateLabel(), GetParam().label);
   }
   EXPECT_THAT(desk_.messages.shown, IsEmpty());
   if (!Sets("ShowDayOfWeek")) {

@@ -8,7 +8,7 @@
 
 #include "dates/text.h"
 #include "dates/time_of_day.h"
-#include "tests/reminder/session_desk.h"
+#include "tests/reminder/builder_desk.h"
 
 namespace tidewarden::test {
 namespace {
@@ -82,7 +82,7 @@ TEST_P(RandomLists, AreSortedAsTheirSortTexts) {
   Desk desk(file);
   desk.access = FileAccess::kReadOnly;
   desk.Build();
-  const auto& rows = desk.session().rows();
+  const auto& rows = desk.builder().rows();
   ASSERT_GT(rows.size(), lines_ / 2);
 
   std::vector<std::string> given;
@@ -90,7 +90,7 @@ TEST_P(RandomLists, AreSortedAsTheirSortTexts) {
     if (rows[i].kind == RowKind::kTodayLine) continue;
     // Without the countdown, which is put on after sorting.
     std::string text = desk.List()[i];
-    const auto& indexes = desk.session().alarms().alarmItemIndexes();
+    const auto& indexes = desk.builder().alarms().alarmItemIndexes();
     const auto alarm = std::find(indexes.begin(), indexes.end(), static_cast<int>(i));
     if (alarm != indexes.end()) text.erase(text.rfind(" ("));
     given.push_back(SortText(rows[i], text));
@@ -111,8 +111,8 @@ TEST_P(RandomLists, HaveTheTodayLineAheadOfTodaysRows) {
     Desk desk(file);
     desk.format = layout.format;
     desk.Build();
-    ASSERT_EQ(desk.session().rows().size(), lines_ + 1);
-    EXPECT_EQ(desk.session().rows().front().kind, RowKind::kTodayLine);
+    ASSERT_EQ(desk.builder().rows().size(), lines_ + 1);
+    EXPECT_EQ(desk.builder().rows().front().kind, RowKind::kTodayLine);
   }
 }
 

@@ -7,7 +7,7 @@
 #include <locale>
 #include <sstream>
 
-#include "tests/reminder/session_desk.h"
+#include "tests/reminder/builder_desk.h"
 
 namespace tidewarden::test {
 namespace {
@@ -91,8 +91,8 @@ TEST(ProcessLocaleOfTheList, HasNoInfluence) {
     desk.Build();
     EXPECT_THAT(desk.Listed(), ElementsAreArray(plain.Listed()));
     EXPECT_EQ(desk.file(), plain.file());
-    EXPECT_TRUE(desk.session().options().alarmSound);
-    EXPECT_EQ(desk.session().alarms().alarmTitles(), plain.session().alarms().alarmTitles());
+    EXPECT_TRUE(desk.builder().options().alarmSound);
+    EXPECT_EQ(desk.builder().alarms().alarmTitles(), plain.builder().alarms().alarmTitles());
   }
 }
 

@@ -142,7 +142,7 @@ void FrmAlarmPlacementTest::opensMaximized() {
   world.Ring({"Dentist"});
   QVERIFY(world.window.isMaximized());
   const QSize maximized = world.window.size();
-  QVERIFY(maximized.width() > 400);
+  QVERIFY(maximized.width() > 4815 / kTwips);
   QCOMPARE(PlaceOf(world.Find<QWidget>("cmdOK"), &world.window).left(),
            maximized.width() * kTwips - 1335);
   world.window.close();

@@ -1,48 +1,16 @@
 // The reminder window, offscreen, with everything around it in memory.
+#include <QAbstractButton>
+#include <QAction>
 #include <QLabel>
-#include <QListView>
-#include <QTest>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QToolButton>
 
-#include "platform/memory/memory_ports.h"
-#include "reminder/frm_reminder.h"
-#include "reminder/reminder_session.h"
-#include "tests/support/layouts.h"
+#include "tests/windows/reminder_world.h"
 
 namespace tidewarden {
-namespace {
-
-constexpr char kPath[] = "/home/someone/dates.txt";
-
-struct World {
-  MemorySettingsStore settings;
-  MemoryFileSystem files;
-  MemoryClock clock;
-  MemoryMessageBox messages;
-  MemoryShiftKey shiftKey;
-  ReminderSession session{
-      {settings, files, clock, messages, shiftKey}, test::MonthFirst(), kPath, FileAccess::kUpdate};
-
-  explicit World(const std::string& events) {
-    files.files[kPath] = events;
-    session.ReadTodayPreface();
-  }
-};
-
-template <typename Widget>
-Widget* Find(const frmReminder& window, const char* name) {
-  return window.findChild<Widget*>(QString::fromLatin1(name));
-}
-
-QStringList RowsOf(const frmReminder& window) {
-  QStringList rows;
-  const auto* const list = Find<QListView>(window, "List1");
-  for (int row = 0; row < list->model()->rowCount(); ++row) {
-    rows << list->model()->index(row, 0).data().toString();
-  }
-  return rows;
-}
-
-}  // namespace
 
 class FrmReminderTest : public QObject {
   Q_OBJECT
@@ -56,13 +24,18 @@ class FrmReminderTest : public QObject {
   void listsManyRowsWithoutDelay();
   void tellsWhenTheProgramIsToEnd();
   void namesEveryControlForScreenReaders();
+  void goesThroughTheControlsInTheirOrderOnTheScreen();
+  void marksNoRowBeforeOneIsChosen();
+  void carriesItsTextsAndTooltips();
+  void hidesTheDateWhenTheUserDoesNotWantIt();
+  void startsItsTimersOnlyWhenItIsStarted();
   void showsTheNewListAfterARebuild();
 };
 
 void FrmReminderTest::showsTheListOfTheSession() {
   World world("12.25,Christmas,14,yearly\r\n12.22,Dentist 3:30pm,0,yearly\r\n");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   const QStringList expected{
       QStringLiteral("12/22/2014   <TODAY>"),
       QStringLiteral("12/22/2014 Today is DENTIST 3:30PM (1:05 to go)"),
@@ -73,27 +46,27 @@ void FrmReminderTest::showsTheListOfTheSession() {
 
 void FrmReminderTest::showsTodaysDateUnderTheList() {
   World world("");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QCOMPARE(Find<QLabel>(window, "sknDate")->text(), QStringLiteral("12/22/2014"));
 }
 
 void FrmReminderTest::takesItsCaptionFromTheSettings() {
   World world("");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QCOMPARE(window.windowTitle(), QStringLiteral("Your Tidewarden Upcoming Events"));
 
-  QVERIFY(world.settings.Write("Options", "TitlebarText", "Ours [*] & <b>more</b>").ok());
-  QVERIFY(window.Rebuild());
+  world.Set("Options", "TitlebarText", "Ours [*] & <b>more</b>");
+  window.RestoreFromTray();
   QVERIFY(!window.isWindowModified());
   QCOMPARE(window.windowTitle(), QStringLiteral("Ours [*][*] & <b>more</b>"));
 }
 
 void FrmReminderTest::showsMarkupAsItWasTyped() {
   World world("12.25,<b>x</b>,14,yearly\r\n");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QVERIFY(RowsOf(window).contains(QStringLiteral("12/25/2014 <b>x</b> (Thursday, 3 days)")));
   QCOMPARE(Find<QLabel>(window, "sknDate")->textFormat(), Qt::PlainText);
 }
@@ -103,11 +76,11 @@ void FrmReminderTest::listsManyRowsWithoutDelay() {
   for (int i = 0; i < 100'000; ++i)
     events += "12.25,Christmas " + std::to_string(i) + ",14,yearly\r\n";
   World world(events);
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   window.show();
   QVERIFY(QTest::qWaitForWindowExposed(&window));
-  auto* const list = Find<QListView>(window, "List1");
+  auto* const list = ListOf(window);
   QCOMPARE(list->model()->rowCount(), 100'001);
   const QModelIndex last = list->model()->index(100'000, 0);
   QTRY_VERIFY_WITH_TIMEOUT((list->scrollTo(last), list->visualRect(last).isValid()), 20'000);
@@ -115,30 +88,123 @@ void FrmReminderTest::listsManyRowsWithoutDelay() {
 }
 
 void FrmReminderTest::tellsWhenTheProgramIsToEnd() {
-  World world("06.01,Far away,7,yearly\r\n");
-  QVERIFY(world.settings.Write("Options", "ShowOnlyIfEventsInRange", "True").ok());
+  World world("12.25,Christmas,14,yearly\r\n");
+  world.Set("Options", "ShowOnlyIfEventsInRange", "True");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(!window.Rebuild());
+  QSignalSpy ended(&window, &frmReminder::Ended);
+  window.Start();
   world.shiftKey.down = true;
-  QVERIFY(window.Rebuild());
-  QCOMPARE(RowsOf(window), QStringList{QStringLiteral("12/22/2014   <TODAY>")});
+  world.TickOn(window, MakeDate(2015, 1, 1));
+  QCOMPARE(ended.count(), 0);
+  QCOMPARE(RowsOf(window), QStringList{QStringLiteral("01/01/2015   <TODAY>")});
+  world.shiftKey.down = false;
+  world.TickOn(window, MakeDate(2015, 1, 2));
+  QCOMPARE(ended.count(), 1);
+  QVERIFY(!window.isVisible());
 }
 
+// Whatever can be read or has the keyboard, also what comes later; Qt's own parts have names that
+// begin with "qt_".
 void FrmReminderTest::namesEveryControlForScreenReaders() {
   World world("");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  for (const char* const name : {"List1", "sknDate"}) {
-    QVERIFY2(!Find<QWidget>(window, name)->accessibleName().isEmpty(), name);
+  QStringList named;
+  for (const QWidget* const control : window.findChildren<QWidget*>()) {
+    const bool counts = control->focusPolicy() != Qt::NoFocus ||
+                        qobject_cast<const QLabel*>(control) != nullptr ||
+                        qobject_cast<const QAbstractButton*>(control) != nullptr ||
+                        qobject_cast<const QMenu*>(control) != nullptr;
+    if (!counts || control->objectName().startsWith(QStringLiteral("qt_"))) continue;
+    QVERIFY2(!control->objectName().isEmpty(), control->metaObject()->className());
+    QVERIFY2(!control->accessibleName().isEmpty(), qPrintable(control->objectName()));
+    QVERIFY2(!control->accessibleName().contains(u'&'), qPrintable(control->objectName()));
+    named << control->objectName();
   }
+  for (const char* const name :
+       {"List1", "sknDate", "cmdGoToEdit", "cmdTray", "txtDailyQuote", "mnuPop"}) {
+    QVERIFY2(named.contains(QString::fromLatin1(name)), name);
+  }
+  for (const QAction* const action : Find<QMenu>(window, "mnuPop")->actions()) {
+    QVERIFY2(action->isSeparator() || !action->text().isEmpty(), qPrintable(action->objectName()));
+  }
+}
+
+void FrmReminderTest::goesThroughTheControlsInTheirOrderOnTheScreen() {
+  World world("");
+  world.files.files[kQuotesPath] = "One\r\n";
+  world.Set("Options", "ShowDailyQuotes", "True");
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  ListOf(window)->setFocus();
+  QStringList order;
+  for (int i = 0; i < 4; ++i) {
+    order << QApplication::focusWidget()->objectName();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  const QStringList expected{QStringLiteral("List1"), QStringLiteral("cmdTray"),
+                             QStringLiteral("cmdGoToEdit"), QStringLiteral("txtDailyQuote")};
+  QCOMPARE(order, expected);
+  QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("List1"));
+}
+
+void FrmReminderTest::marksNoRowBeforeOneIsChosen() {
+  World world("12.25,Christmas,14,yearly\r\n");
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  ListOf(window)->setFocus();
+  QTRY_VERIFY(ListOf(window)->hasFocus());
+  QVERIFY(!ListOf(window)->currentIndex().isValid());
+  QTest::keyClick(ListOf(window), Qt::Key_Down);
+  QCOMPARE(world.session.selectedRow(), 0);
+  QTest::keyClick(ListOf(window), Qt::Key_Down);
+  QCOMPARE(world.session.selectedRow(), 1);
+  window.RestoreFromTray();
+  QCOMPARE(world.session.selectedRow(), ReminderSession::kNoRow);
+  QVERIFY(ListOf(window)->selectionModel()->selectedIndexes().isEmpty());
+}
+
+void FrmReminderTest::carriesItsTextsAndTooltips() {
+  World world("");
+  QVERIFY(world.Load());
+  const frmReminder window(world.session);
+  QCOMPARE(Find<QPushButton>(window, "cmdGoToEdit")->text(), QStringLiteral("&EDIT"));
+  QCOMPARE(Find<QPushButton>(window, "cmdGoToEdit")->toolTip(),
+           QStringLiteral("Open the Events Editor (Alt + E)"));
+  QCOMPARE(Find<QToolButton>(window, "cmdTray")->toolTip(), QStringLiteral("Send to the tray"));
+  QVERIFY(!Find<QToolButton>(window, "cmdTray")->icon().isNull());
+}
+
+void FrmReminderTest::hidesTheDateWhenTheUserDoesNotWantIt() {
+  World world("");
+  world.Set("Options", "ShowTodaysDateBeneathReminders", "False");
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  QVERIFY(!Find<QLabel>(window, "sknDate")->isVisible());
+  QVERIFY(Find<QPushButton>(window, "cmdGoToEdit")->isVisible());
+}
+
+void FrmReminderTest::startsItsTimersOnlyWhenItIsStarted() {
+  World world("");
+  world.Set("Settings", "TimerInterval", "500");
+  QVERIFY(world.Load());
+  frmReminder window(world.session);
+  auto* const timer = Find<QTimer>(window, "tmrAlarm");
+  QVERIFY(!timer->isActive());
+  window.Start();
+  QTRY_VERIFY(timer->isActive());
+  QCOMPARE(timer->interval(), 1000);
+  QCOMPARE(timer->timerType(), Qt::PreciseTimer);
+  QVERIFY(Find<QTimer>(window, "tmrMinute")->isActive());
 }
 
 void FrmReminderTest::showsTheNewListAfterARebuild() {
   World world("12.25,Christmas,14,yearly\r\n");
+  QVERIFY(world.Load());
   frmReminder window(world.session);
-  QVERIFY(window.Rebuild());
   QCOMPARE(RowsOf(window).size(), 2);
-  world.clock.now.date = MakeDate(2015, 1, 1);
-  QVERIFY(window.Rebuild());
+  world.TickOn(window, MakeDate(2015, 1, 1));
   QCOMPARE(RowsOf(window), QStringList{QStringLiteral("01/01/2015   <TODAY>")});
   QCOMPARE(Find<QLabel>(window, "sknDate")->text(), QStringLiteral("01/01/2015"));
 }

@@ -1,0 +1,95 @@
+#include "app/arguments.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <array>
+#include <cstdio>
+
+#include "dates/regional_text.h"
+#include "dates/text.h"
+
+namespace tidewarden {
+namespace {
+
+struct Option {
+  const char* name;
+  const char* description;
+  const char* value;
+};
+
+constexpr std::array<Option, 6> kOptions{
+    {{"file", "The events file; else the one in the settings.", "path"},
+     {"settings", "A settings file in place of your own; created when missing.", "path"},
+     {"today", "Start on this day; the clock runs on from there.", "YYYY-MM-DD"},
+     {"now", "Start at this time of day; the clock runs on from there.", "HH:MM[:SS]"},
+     {"short-date", "Write dates like this, for example dd.MM.yyyy.", "pattern"},
+     {"grab", "Write a picture of the reminder window and end.", "FILE.png"}}};
+
+// "HH:MM" or "HH:MM:SS" as seconds since midnight.
+std::optional<int> ReadSeconds(std::string_view text) {
+  int seconds = 0;
+  if (text.size() == 8 && text[5] == ':') {
+    seconds = DigitsValue(text.substr(6));
+    text = text.substr(0, 5);
+  }
+  const auto time = ReadClockTime(text);
+  if (!time || seconds < 0 || seconds > 59) return std::nullopt;
+  return (*time / 100 * 60 + *time % 100) * 60 + seconds;
+}
+
+}  // namespace
+
+void Complain(const std::string& text) {
+  const std::string line = "tidewarden: " + text + "\n";
+  // Nobody is left to hear that standard error is closed.
+  static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
+}
+
+std::optional<ExitCode> ReadArguments(Arguments& out) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Tidewarden shows what is coming."));
+  parser.addHelpOption();
+  parser.addVersionOption();
+  for (const Option& option : kOptions) {
+    parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.description),
+                      QString::fromLatin1(option.value)});
+  }
+  if (!parser.parse(QCoreApplication::arguments())) {
+    Complain(parser.errorText().toStdString() + "; --help tells what there is");
+    return kUsage;
+  }
+  if (parser.isSet(QStringLiteral("help"))) parser.showHelp(kDone);
+  if (parser.isSet(QStringLiteral("version"))) parser.showVersion();
+  if (!parser.positionalArguments().isEmpty()) {
+    Complain("\"" + parser.positionalArguments().constFirst().toStdString() +
+             "\" is not an option; an events file is named by --file");
+    return kUsage;
+  }
+  const auto value = [&](const char* name) { return parser.value(QString::fromLatin1(name)); };
+  for (const Option& option : kOptions) {
+    // An empty text is more likely a slip in a script than an option left out on purpose.
+    if (parser.isSet(QString::fromLatin1(option.name)) && value(option.name).isEmpty()) {
+      Complain(std::string("--") + option.name + " must not be empty");
+      return kUsage;
+    }
+  }
+  out.file = value("file");
+  out.settings = value("settings");
+  out.shortDate = value("short-date");
+  out.grab = value("grab");
+  const std::string today = value("today").toStdString();
+  const std::string now = value("now").toStdString();
+  out.today = ReadIsoDate(today);
+  out.now = ReadSeconds(now);
+  if (!today.empty() && (!out.today || YearOf(*out.today) < 1 || YearOf(*out.today) >= kLastYear)) {
+    Complain("--today takes a date such as 2026-12-31, not \"" + today + "\"");
+    return kUsage;
+  }
+  if (!now.empty() && !out.now) {
+    Complain("--now takes a time such as 08:30, not \"" + now + "\"");
+    return kUsage;
+  }
+  return std::nullopt;
+}
+
+}  // namespace tidewarden

@@ -1,0 +1,147 @@
+#include "app/desktop.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QPixmap>
+
+#include "alarm/frm_alarm.h"
+#include "core/ini_settings_store.h"
+#include "platform/qt/program_icon.h"
+#include "platform/qt/qt_screens.h"
+#include "platform/system.h"
+#include "reminder/frm_reminder.h"
+#include "tidewarden_version.h"
+
+namespace tidewarden {
+namespace {
+
+std::unique_ptr<SettingsStore> SettingsOf(const Arguments& arguments, FileSystem& files) {
+  if (arguments.settings.isEmpty()) return MakeSystemSettings(files);
+  return std::make_unique<IniSettingsStore>(files, arguments.settings.toStdString());
+}
+
+}  // namespace
+
+MessageAnswer Desktop::StandardErrorMessages::Show(const std::string& text,
+                                                   MessageButtons /*buttons*/,
+                                                   MessageIcon /*icon*/) {
+  Complain(text);
+  return MessageAnswer::kOk;
+}
+
+Desktop::Desktop(const Arguments& arguments)
+    : arguments_(arguments),
+      files_(MakeSystemFiles()),
+      systemClock_(MakeSystemClock()),
+      clock_(*systemClock_, arguments.today, arguments.now),
+      formats_(MakeSystemFormats(arguments.shortDate.toStdString())),
+      settings_(SettingsOf(arguments, *files_)),
+      instance_(MakePreviousInstance(*files_, arguments.settings.toStdString())),
+      sound_(&QApplication::beep, Complain),
+      editor_({*settings_, *files_, clock_, Messages()}),
+      alarms_({*settings_, *files_, sound_, Messages()}, SystemFolders()),
+      session_({*settings_, *files_, clock_, Messages(), shiftKey_, *formats_, Instance(), Area(),
+                random_, editor_, alarms_, SystemFolders()}) {
+  session_.Complain = Complain;
+}
+
+Desktop::~Desktop() = default;
+
+// A picture can be taken beside a running program, and leaves no trace on the desktop.
+MessageBox& Desktop::Messages() {
+  return OnlyPicture() ? static_cast<MessageBox&>(lines_) : boxes_;
+}
+
+PreviousInstance& Desktop::Instance() {
+  return OnlyPicture() ? static_cast<PreviousInstance&>(noInstance_) : *instance_;
+}
+
+NotificationArea& Desktop::Area() {
+  return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : area_;
+}
+
+int Desktop::Run() {
+  if (const auto code = LookAtSettings()) return *code;
+  if (session_.Load(DesktopScreens(), arguments_.file.toStdString()) == WindowChange::kEnd) {
+    return kDone;
+  }
+  return ShowWindows();
+}
+
+int Desktop::ShowWindows() {
+  frmReminder window(session_);
+  if (OnlyPicture()) return Grab(window);
+  ConnectTray(window);
+  session_.ShowAlarm = [this] { ShowAlarm(); };
+  editor_.MakeParts = [this, &window] { return EditorParts(window); };
+  QObject::connect(&window, &frmReminder::Ended, [this] {
+    CloseAlarm();
+    QApplication::exit(kDone);
+  });
+  window.Start();
+  return QApplication::exec();
+}
+
+void Desktop::ConnectTray(frmReminder& window) {
+  TrayIcon& icon = session_.tIcon();
+  icon.Icon(area_.AddIcon(ProgramIcon()));
+  icon.MouseUp = [&window](TrayButton /*button*/) { window.RestoreFromTray(); };
+  area_.Mouse = [&icon](IconMouseMessage message) {
+    icon.HandleCallback(static_cast<double>(message), 1);
+  };
+}
+
+EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
+  EditorOfProgram::Parts parts;
+  parts.hooks.showReminder = [&window] { window.Return(); };
+  parts.format = session_.builder().format();
+  parts.setup.eventsFilePath = session_.EventsFilePath();
+  parts.setup.rescueFolder = SystemFolders().userData;
+  parts.setup.majorVersion = TIDEWARDEN_VERSION_MAJOR;
+  parts.setup.minorVersion = TIDEWARDEN_VERSION_MINOR;
+  parts.skin = session_.skin();
+  return parts;
+}
+
+void Desktop::ShowAlarm() {
+  if (!alarmWindow_) {
+    alarmWindow_ = std::make_unique<frmAlarm>(alarms_);
+    alarmWindow_->ApplySkin(QString::fromStdString(session_.skin()));
+  }
+  alarmWindow_->ShowMessages();
+}
+
+// Messages that nobody has acknowledged go with the program.
+void Desktop::CloseAlarm() {
+  if (alarmWindow_) alarmWindow_->close();
+}
+
+// A settings file that was asked for must be readable; without the user's own the program runs
+// with defaults and says so.
+std::optional<ExitCode> Desktop::LookAtSettings() {
+  std::string anyValue;
+  const Status status = settings_->Read("Settings", "Path", anyValue);
+  if (status.ok()) return std::nullopt;
+  if (!arguments_.settings.isEmpty()) {
+    Complain(arguments_.settings.toStdString() + ": " + DescribeStatus(status));
+    return kCannotRead;
+  }
+  Complain("your settings cannot be read, so the defaults are used: " + DescribeStatus(status));
+  return std::nullopt;
+}
+
+// The picture shows the user's events, so it is for the user alone, like every file made here.
+int Desktop::Grab(frmReminder& window) {
+  window.Start();
+  QApplication::processEvents();
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  if (window.grab().save(&buffer, "PNG") &&
+      ReplaceFile(*files_, arguments_.grab.toStdString(), bytes.toStdString()).ok()) {
+    return kDone;
+  }
+  Complain(arguments_.grab.toStdString() + ": the picture cannot be written");
+  return kCannotWrite;
+}
+
+}  // namespace tidewarden

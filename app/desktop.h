@@ -1,0 +1,75 @@
+// The desktop program put together: the adapters, the sessions and the windows.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "alarm/alarm_session.h"
+#include "app/arguments.h"
+#include "app/editor_of_program.h"
+#include "app/start_clock.h"
+#include "platform/memory/memory_notification_area.h"
+#include "platform/memory/memory_reminder.h"
+#include "platform/qt/qt_notification_area.h"
+#include "platform/qt/qt_ports.h"
+#include "platform/sdl/sdl_sound_player.h"
+#include "reminder/reminder_session.h"
+
+namespace tidewarden {
+
+class frmAlarm;
+class frmReminder;
+
+// Needs a running QApplication.
+class Desktop {
+ public:
+  explicit Desktop(const Arguments& arguments);
+  ~Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
+
+  // Runs the program to its end and gives its exit code.
+  [[nodiscard]] int Run();
+
+ private:
+  // A message is a line on standard error in a run that only takes a picture: there is nobody to
+  // press OK.
+  class StandardErrorMessages : public MessageBox {
+   public:
+    MessageAnswer Show(const std::string& text, MessageButtons buttons, MessageIcon icon) override;
+  };
+
+  [[nodiscard]] bool OnlyPicture() const { return !arguments_.grab.isEmpty(); }
+  [[nodiscard]] MessageBox& Messages();
+  [[nodiscard]] PreviousInstance& Instance();
+  [[nodiscard]] NotificationArea& Area();
+  [[nodiscard]] std::optional<ExitCode> LookAtSettings();
+  [[nodiscard]] int Grab(frmReminder& window);
+  [[nodiscard]] int ShowWindows();
+  [[nodiscard]] EditorOfProgram::Parts EditorParts(frmReminder& window);
+  void ConnectTray(frmReminder& window);
+  void ShowAlarm();
+  void CloseAlarm();
+
+  const Arguments& arguments_;
+  std::unique_ptr<FileSystem> files_;
+  std::unique_ptr<Clock> systemClock_;
+  StartClock clock_;
+  std::unique_ptr<RegionalFormats> formats_;
+  std::unique_ptr<SettingsStore> settings_;
+  QtMessageBox boxes_;
+  StandardErrorMessages lines_;
+  QtShiftKey shiftKey_;
+  std::unique_ptr<PreviousInstance> instance_;
+  MemoryPreviousInstance noInstance_;
+  QtNotificationArea area_;
+  MemoryNotificationArea noArea_;
+  SplitMixNumbers random_;
+  SdlSoundPlayer sound_;
+  EditorOfProgram editor_;
+  AlarmSession alarms_;
+  ReminderSession session_;
+  std::unique_ptr<frmAlarm> alarmWindow_;  // once the first alarm has gone off
+};
+
+}  // namespace tidewarden

@@ -1,0 +1,524 @@
+#include "editor/edit_session.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "core/event_line.h"
+#include "core/events_file.h"
+#include "core/settings_keys.h"
+#include "dates/text.h"
+#include "editor/event_checks.h"
+#include "editor/event_list.h"
+#include "editor/events_writer.h"
+#include "editor/observances.h"
+
+namespace tidewarden {
+
+using modGetSetSaveSet::Get;
+using modGetSetSaveSet::isNotFalse;
+using modGetSetSaveSet::isTrue;
+
+namespace {
+
+constexpr int kDonateGlyphs = 14;  // "0" to "="
+
+// The whole part of a remembered number; a text without one gives 0.
+int WholeNumber(std::string_view text) {
+  constexpr double kMost = 1e6;
+  return static_cast<int>(std::clamp(LeadingNumber(text), -kMost, kMost));
+}
+
+void Run(const std::function<void()>& hook) {
+  if (hook) hook();
+}
+
+std::optional<TodayCase> TodayRowWanted(SettingsStore& settings) {
+  const bool capitals = isNotFalse(Get(settings, settings::kCapitalizeTodaysEvents));
+  if (!isNotFalse(Get(settings, settings::kListTodayWithEvents))) return std::nullopt;
+  return capitals ? TodayCase::kCapitals : TodayCase::kSmall;
+}
+
+}  // namespace
+
+// A row that comes, a row that goes, or both.
+struct EditSession::Change {
+  std::optional<EventRow> added;
+  bool removesSelected = false;
+  std::optional<std::size_t> removed{};  // where the selected row was found
+};
+
+EditSession::EditSession(EditPorts ports, EditorHooks hooks, RegionalDateFormat format,
+                         EditorSetup setup)
+    : ports_(ports),
+      hooks_(std::move(hooks)),
+      format_(std::move(format)),
+      setup_(std::move(setup)),
+      entry_(format_),
+      cmdAdd_{"&ADD", "Add a New Event (Alt + A)"},
+      cmdEdit_{"&EDIT", "Edit an Existing Event (Alt + E)"},
+      cmdClose_{"&CLOSE", "Return to Reminders (Alt + C)"},
+      cmdHelp_{"Help (F1)", ""},
+      cmdPrint_{"P", "Send to Web Browser for Printing (Alt + P)"},
+      cmdOptions_{"O", "Options (Alt + O)"},
+      cmdDonate_{"0", "Simple $10 Donation (Alt + D)"} {
+  observances_ = PopularObservances(format_);
+}
+
+// --- Opening and closing.
+
+void EditSession::Request(long requestedEditLine, std::string rawLine, bool requestedAdd) {
+  RequestedEditLine_ = requestedEditLine;
+  requestedRawLine_ = std::move(rawLine);
+  RequestedAdd_ = requestedAdd;
+  if (!isShown_) return;
+  if (isEntryUnderWay()) {
+    RequestedEditLine_ = -1;
+    RequestedAdd_ = false;
+  } else {
+    OpenRequested();
+  }
+}
+
+WindowArea EditSession::Load(const std::vector<WindowArea>& screens) {
+  const LocalTime now = ports_.clock.Now();
+  isLoaded_ = true;
+  warned_ = false;
+  entry_ = EventEntry(format_);
+  // The window is shown before the events are read, and shows none of an earlier opening.
+  List1_.clear();
+  EditorLineMap_.clear();
+  ++listVersion_;
+  List1Tag_.reset();
+  SelectedRowText_.clear();
+  random_ = setup_.seed + static_cast<std::uint64_t>(DayCount{now.date}.time_since_epoch().count());
+  random_ = random_ * 86'400 + static_cast<std::uint64_t>(now.FourDigit() * 60 + now.second);
+  DrawDonateGlyph();
+  const WindowArea place = LoadEditorPlacement(ports_.settings, screens);
+  static_cast<void>(LevelsOfBackup(ports_.settings));
+  EntryHints hints;
+  hints.popularArrow = isTrue(Get(ports_.settings, settings::kShowPopularObservancesArrow));
+  hints.dateExample = isTrue(Get(ports_.settings, settings::kShowDateExample));
+  entry_.SetHints(hints);
+  caption_ = "Events Editor - Tidewarden v" + std::to_string(setup_.majorVersion) + "." +
+             std::to_string(setup_.minorVersion);
+  wantsSkin_ = isNotFalse(Get(ports_.settings, settings::kUseSkin));
+  SetEntryMode(false);
+  return place;
+}
+
+void EditSession::Shown() {
+  isShown_ = true;
+  RemoveLeftovers(ports_.files, setup_.eventsFilePath, setup_.rescueFolder);
+  OpenRequested();
+}
+
+void EditSession::OpenRequested() {
+  LoadEventLines(ports_.clock.Now().date);
+  EnableEventList(true);
+  if (RequestedEditLine_ > -1) SelectRequestedEvent();
+  if (RequestedAdd_) Add();
+}
+
+void EditSession::Closed(const std::optional<EditorPlace>& place, EditorClosing why) {
+  isLoaded_ = false;
+  isShown_ = false;
+  if (place) SaveEditorPlacement(ports_.settings, *place);
+  if (isEntryUnderWay()) entry_.End();
+  if (why == EditorClosing::kReturnToReminders) Run(hooks_.showReminder);
+}
+
+void EditSession::LeftNormalState() const {
+  Run(hooks_.showReminder);
+}
+
+void EditSession::Reload() {
+  if (!isShown_ || isEntryUnderWay()) return;
+  LoadEventLines(ports_.clock.Now().date);
+  selectedRow_ = std::min(selectedRow_, static_cast<int>(List1_.size()) - 1);
+}
+
+// --- The list.
+
+void EditSession::LoadEventLines(CivilDate today) {
+  std::string content;
+  readStatus_ = ReadFile(ports_.files, setup_.eventsFilePath, content);
+  if (readStatus_.kind() == StatusKind::kNotFound) {
+    // The message of a missing file is the only one; a file that cannot be created is missing again
+    // at the next reading.
+    static_cast<void>(
+        CreateNewEventsFile(ports_.files, ports_.messages, setup_.eventsFilePath).ok());
+    readStatus_ = Status();
+  }
+  FillEventList(std::move(content), today);
+  if (!readStatus_.ok()) ShowReadFailure();
+}
+
+void EditSession::FillEventList(std::string content, CivilDate today) {
+  const auto todayRow = TodayRowWanted(ports_.settings);
+  EventList list;
+  Status status = ReadEventList(content, format_, today, todayRow,
+                                {RequestedEditLine_, requestedRawLine_}, list);
+  if (readStatus_.ok() && !status.ok()) {
+    readStatus_ = std::move(status);
+    status = ReadEventList({}, format_, today, todayRow, {}, list);
+  }
+  content_ = std::move(content);
+  rescue_ = list.rescue;
+  wantedLine_ = list.wantedLine;
+  settled_ = list.settled;
+  List1_ = std::move(list.rows);
+  NumberRows();
+}
+
+void EditSession::NumberRows() {
+  EditorLineMap_.clear();
+  EditorLineMap_.reserve(List1_.size());
+  for (const EventRow& row : List1_) EditorLineMap_.push_back(row.isToday ? kTodayRowLine : row.line);
+  ++listVersion_;
+}
+
+void EditSession::EnableEventList(bool enable) {
+  isListEnabled_ = enable;
+  if (!enable) {
+    selectedRow_ = -1;
+    return;
+  }
+  const int rows = static_cast<int>(List1_.size());
+  selectedRow_ = std::min(List1Tag_.value_or(0), rows - 1);
+  List1Tag_.reset();
+  focus_ = EditorFocus::kList1;
+}
+
+void EditSession::SelectRequestedEvent() {
+  for (std::size_t i = 0; i < List1_.size(); ++i) {
+    if (List1_[i].isToday || wantedLine_ < 0 || List1_[i].line != wantedLine_) continue;
+    selectedRow_ = static_cast<int>(i);
+    RequestedEditLine_ = -1;
+    Edit();
+    return;
+  }
+}
+
+bool EditSession::IsEditableSelection() {
+  const auto refuse = [&](const char* text) {
+    ports_.messages.Show(text, MessageButtons::kOk, MessageIcon::kNone);
+    if (isListEnabled_) focus_ = EditorFocus::kList1;
+    return false;
+  };
+  if (selectedRow_ < 0) return refuse("Please select which event you would like to edit!");
+  const std::string& text = List1_[static_cast<std::size_t>(selectedRow_)].text;
+  if (Characters(text, 8, 14) == "<TODAY>") {
+    return refuse("Today is not an event which you can edit!");
+  }
+  return true;
+}
+
+void EditSession::RowSelected(int row) {
+  if (isListEnabled_ && row >= 0 && row < static_cast<int>(List1_.size())) selectedRow_ = row;
+}
+
+void EditSession::ListEnterPressed() {
+  if (selectedRow_ >= 0) Edit();
+}
+
+void EditSession::ListDeleteReleased() {
+  if (selectedRow_ >= 0) PopupDelete();
+}
+
+bool EditSession::RowRightPressed(int row) {
+  if (!isListEnabled_) return false;
+  selectedRow_ = row >= 0 && row < static_cast<int>(List1_.size()) ? row : -1;
+  return true;
+}
+
+void EditSession::PopupDelete() {
+  if (isEntryUnderWay()) return;
+  SelectedRowText_ =
+      selectedRow_ < 0 ? std::string() : List1_[static_cast<std::size_t>(selectedRow_)].text;
+  if (!IsEditableSelection()) return;
+  Edit();
+  Delete();
+}
+
+void EditSession::PopupCancel() {
+  if (!isEntryUnderWay()) EnableEventList(true);
+}
+
+// --- Starting and ending an entry.
+
+void EditSession::SetEntryMode(bool on) {
+  EnableEventList(!on);
+  cmdHelp_.enabled = !on;
+  for (ButtonState* const button :
+       {&cmdHelp_, &cmdPrint_, &cmdOptions_, &cmdClose_, &cmdDonate_, &cmdAdd_, &cmdEdit_}) {
+    button->enabled = cmdHelp_.enabled;
+    button->visible = cmdHelp_.enabled;
+  }
+  // Without a page to open there is nothing to press.
+  if (!hooks_.donate) cmdDonate_.visible = false;
+}
+
+void EditSession::Add() {
+  if (isEntryUnderWay()) return;
+  SelectedRowText_.clear();
+  std::string date;
+  if (RequestedAdd_) {
+    const CivilDate today = ports_.clock.Now().date;
+    date = ShownDate(MonthOf(today), DayOf(today), format_);
+    RequestedAdd_ = false;
+  }
+  std::string advance;
+  const int days = WholeNumber(Get(ports_.settings, settings::kRememberLastAdvanceNoticeValue));
+  const bool keepsAdvance = isTrue(Get(ports_.settings, settings::kRememberLastAdvanceNotice));
+  if (keepsAdvance && days >= 1 && days <= 365) AppendNumber(advance, days);
+  const int index = WholeNumber(Get(ports_.settings, settings::kRememberLastOccursIndex));
+  const bool keepsOccurs = isTrue(Get(ports_.settings, settings::kRememberLastOccurs));
+  const bool valid = keepsOccurs && index >= 0 && index < kOccurrenceKinds;
+  SetEntryMode(true);
+  entry_.StartAdd(date, advance, valid ? index : kYearlyKind);
+  focus_ = EditorFocus::kEventInput;
+}
+
+void EditSession::Edit() {
+  if (isEntryUnderWay() || !IsEditableSelection()) return;
+  List1Tag_ = selectedRow_;
+  SelectedRowText_ = List1_[static_cast<std::size_t>(selectedRow_)].text;
+  SetEntryMode(true);
+  entry_.StartEdit(SelectedRowText_);
+  focus_ = EditorFocus::kEventInput;
+}
+
+void EditSession::Cancel() {
+  if (!isEntryUnderWay()) return;
+  DrawDonateGlyph();
+  entry_.End();
+  SetEntryMode(false);
+}
+
+void EditSession::EscapeReleased() {
+  Cancel();
+}
+
+void EditSession::DrawDonateGlyph() {
+  // The generator of Steele, Lea and Flood, "Fast Splittable Pseudorandom Number Generators",
+  // OOPSLA 2014 (SplitMix64).
+  random_ += 0x9E3779B97F4A7C15;
+  std::uint64_t mixed = random_;
+  mixed = (mixed ^ (mixed >> 30U)) * 0xBF58476D1CE4E5B9;
+  mixed = (mixed ^ (mixed >> 27U)) * 0x94D049BB133111EB;
+  mixed ^= mixed >> 31U;
+  cmdDonate_.caption = std::string(1, static_cast<char>('0' + mixed % kDonateGlyphs));
+}
+
+// --- Saving and deleting.
+
+void EditSession::Save() {
+  if (!isEntryUnderWay()) return;
+  const CivilDate today = ports_.clock.Now().date;
+  EventChecks checks(entry_, ports_.messages, format_, today, warned_);
+  auto event = checks.Run();
+  focus_ = checks.focus();
+  if (!event) return;
+  const bool isEdit = entry_.mode() == EntryMode::kEdit;
+  if (!WriteChange({std::move(event->row), isEdit}, today)) return;
+  modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastAdvanceNoticeValue,
+                         entry_.row().txtAdvanceInput.text);
+  modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastOccursIndex,
+                         std::to_string(entry_.occursIndex()));
+  FindEventRowByTitle(event->title);
+  Cancel();
+}
+
+void EditSession::Delete() {
+  if (entry_.mode() != EntryMode::kEdit) return;
+  const std::string title(Trim(Characters(SelectedRowText_, 7, 44)));
+  const MessageAnswer answer =
+      ports_.messages.Show("Are you sure you want to delete the event \"" + title + "\"???",
+                           MessageButtons::kYesNo, MessageIcon::kNone);
+  if (answer == MessageAnswer::kYes &&
+      !WriteChange({std::nullopt, true}, ports_.clock.Now().date)) {
+    return;
+  }
+  Cancel();
+}
+
+// The row that is being edited, among rows that may have been read afresh.
+std::optional<std::size_t> EditSession::FindSelectedRow(const std::vector<EventRow>& rows) const {
+  const auto isSelected = [&](const EventRow& row) { return row.text == SelectedRowText_; };
+  const auto tag = static_cast<std::size_t>(List1Tag_.value_or(0));
+  if (tag < rows.size() && isSelected(rows[tag])) return tag;
+  const auto found = std::find_if(rows.begin(), rows.end(), isSelected);
+  if (found == rows.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - rows.begin());
+}
+
+// Applies a change to the file as it now is. False when it could not be written; everything is
+// then as it was.
+bool EditSession::WriteChange(Change change, CivilDate today) {
+  const std::string& path = setup_.eventsFilePath;
+  std::string current;
+  Status status = ReadFile(ports_.files, path, current);
+  // A file that has vanished is written again with all that was in it.
+  const bool exists = status.kind() != StatusKind::kNotFound;
+  if (!exists) {
+    if (!readStatus_.ok()) content_.clear();
+    current = content_;
+    status = Status();
+  }
+  const bool unchanged = readStatus_.ok() && current == content_;
+  EventList fresh;
+  if (status.ok() && !unchanged) {
+    status = ReadEventList(current, format_, today, TodayRowWanted(ports_.settings), {}, fresh);
+  }
+  if (!status.ok()) {
+    readStatus_ = std::move(status);
+    ShowReadFailure();
+    return false;
+  }
+  const std::vector<EventRow>& rows = unchanged ? List1_ : fresh.rows;
+  if (change.removesSelected) change.removed = FindSelectedRow(rows);
+  // Somebody else has deleted the event already.
+  if (change.removesSelected && !change.removed && !change.added) {
+    FillAfterWriting(std::move(current), today);
+    return true;
+  }
+  RowsToWrite events{rows, change.removed};
+  if (change.added) {
+    events.added = &*change.added;
+    events.place = PlaceFor(rows, *change.added);
+  }
+  std::string content = EventsFileContent(events, format_, current);
+  const RescueNeed rescue = unchanged ? rescue_ : fresh.rescue;
+  if (!WriteContent({current, content, rescue, exists})) return false;
+  if (unchanged && settled_) {
+    ChangeEventList(change, std::move(content), today);
+  } else {
+    FillAfterWriting(std::move(content), today);
+  }
+  return true;
+}
+
+bool EditSession::WriteContent(const EventsChange& change) {
+  const int levels = LevelsOfBackup(ports_.settings);
+  const WriteResult result =
+      WriteEventsFile(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, levels, change);
+  // With backups the user is not told; the entry that stays open says it.
+  if (!result.status.ok() && levels == 0) {
+    ports_.messages.Show("Tidewarden could not save the events file:\n" + result.path + "\n" +
+                             DescribeStatus(result.status),
+                         MessageButtons::kOk, MessageIcon::kNone);
+  }
+  return result.status.ok();
+}
+
+// Shows what reading the file again would show, without reading it: all rows but the changed one
+// are as they were, and their lines follow each other.
+void EditSession::ChangeEventList(const Change& change, std::string content, CivilDate today) {
+  if (change.removed) List1_.erase(List1_.begin() + static_cast<std::ptrdiff_t>(*change.removed));
+  std::erase_if(List1_, [](const EventRow& row) { return row.isToday; });
+  const auto insert = [&](EventRow row) {
+    const auto place = static_cast<std::ptrdiff_t>(PlaceFor(List1_, row));
+    List1_.insert(List1_.begin() + place, std::move(row));
+  };
+  if (change.added) {
+    const std::string line = EventLineOf(change.added->text, format_);
+    const auto event = ParseEventLine(line, format_, YearOf(today));
+    insert(event ? MakeRow(*event, 0, format_) : *change.added);
+  }
+  long number = 0;
+  for (EventRow& row : List1_) row.line = number++;
+  if (const auto todayRow = TodayRowWanted(ports_.settings)) {
+    insert(MakeTodayRow(today, *todayRow, format_));
+  }
+  content_ = std::move(content);
+  rescue_ = RescueNeed::kNone;
+  wantedLine_ = -1;
+  NumberRows();
+}
+
+void EditSession::FillAfterWriting(std::string content, CivilDate today) {
+  readStatus_ = Status();
+  FillEventList(std::move(content), today);
+}
+
+void EditSession::FindEventRowByTitle(std::string_view title) {
+  const auto found = std::find_if(List1_.begin(), List1_.end(), [&](const EventRow& row) {
+    return WithoutFirstCharacters(row.text, kTitleColumn - 1).starts_with(title);
+  });
+  List1Tag_ = static_cast<int>(found - List1_.begin());
+}
+
+void EditSession::ShowReadFailure() {
+  ports_.messages.Show("Tidewarden could not read the events file:\n" + setup_.eventsFilePath +
+                           "\n" + DescribeStatus(readStatus_),
+                       MessageButtons::kOk, MessageIcon::kNone);
+}
+
+// --- What other parts of the program do.
+
+void EditSession::Print() const {
+  Run(hooks_.print);
+}
+void EditSession::Help() const {
+  Run(hooks_.help);
+}
+void EditSession::Options() const {
+  Run(hooks_.options);
+}
+void EditSession::Donate() const {
+  Run(hooks_.donate);
+}
+
+void EditSession::HiddenSave() {
+  if (entry().cmdSave.enabled) Save();
+}
+void EditSession::HiddenPrint() const {
+  if (cmdPrint_.enabled) Print();
+}
+void EditSession::HiddenOptions() const {
+  if (cmdOptions_.enabled) Options();
+}
+void EditSession::HiddenDonate() const {
+  if (cmdDonate_.enabled) Donate();
+}
+
+// --- The entry row.
+
+void EditSession::EventInputTyped(std::string_view text) {
+  if (isEntryUnderWay()) entry_.EventInputTyped(text);
+}
+void EditSession::DateInputTyped(std::string_view text) {
+  if (isEntryUnderWay()) entry_.DateInputTyped(text);
+}
+void EditSession::AdvanceInputTyped(std::string_view text) {
+  if (isEntryUnderWay()) entry_.AdvanceInputTyped(text);
+}
+void EditSession::EveryInputTyped(std::string_view text) {
+  if (isEntryUnderWay()) entry_.EveryInputTyped(text);
+}
+KeyUse EditSession::DateInputKey(std::string_view character) {
+  return isEntryUnderWay() ? entry_.DateInputKey(character) : KeyUse::kPassOn;
+}
+void EditSession::DateInputLeft() {
+  if (isEntryUnderWay()) entry_.DateInputLeft();
+}
+void EditSession::EveryMonthClicked(bool checked) {
+  if (isEntryUnderWay()) entry_.EveryMonthClicked(checked);
+}
+void EditSession::OccursPicked(int index) {
+  if (isEntryUnderWay()) entry_.SelectOccurs(index);
+}
+
+void EditSession::PopularPicked(int index) {
+  const bool known = index >= 0 && index < static_cast<int>(observances_.size());
+  if (entry_.mode() != EntryMode::kAdd || !known) return;
+  entry_.PopularPicked(index, ReadObservance(observances_[static_cast<std::size_t>(index)]));
+  focus_ = EditorFocus::kAdvanceInput;
+}
+
+EditorFocus EditSession::TakeFocus() {
+  return std::exchange(focus_, EditorFocus::kNone);
+}
+
+}  // namespace tidewarden

@@ -1,0 +1,101 @@
+#include "reminder/frm_reminder_list.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QToolTip>
+
+#include "reminder/frm_reminder_look.h"
+
+namespace tidewarden {
+
+ReminderListView::ReminderListView(QWidget* parent) : QListView(parent) {
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setLayoutMode(QListView::Batched);
+  setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+int ReminderListView::SelectedRow() const {
+  const QModelIndexList selected = selectedIndexes();
+  return selected.isEmpty() ? kNoRow : selected.first().row();
+}
+
+void ReminderListView::Select(int row) {
+  if (row == kNoRow) {
+    clearSelection();
+  } else {
+    setCurrentIndex(model()->index(row, 0));
+  }
+}
+
+void ReminderListView::selectionChanged(const QItemSelection& selected,
+                                        const QItemSelection& deselected) {
+  QListView::selectionChanged(selected, deselected);
+  Q_EMIT RowSelected(SelectedRow());
+}
+
+void ReminderListView::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex index = indexAt(event->position().toPoint());
+  if (event->button() == Qt::RightButton) {
+    Q_EMIT MenuWanted(index.isValid() ? index.row() : kNoRow, event->globalPosition().toPoint());
+  } else if (index.isValid()) {
+    QListView::mousePressEvent(event);
+  }
+  // A click beside the rows leaves the selection as it is.
+}
+
+void ReminderListView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) {
+    Q_EMIT OpenWanted();
+  } else {
+    mousePressEvent(event);
+  }
+}
+
+void ReminderListView::keyPressEvent(QKeyEvent* event) {
+  const bool menuKey = event->key() == Qt::Key_Menu ||
+                       (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+  if (!menuKey) {
+    QListView::keyPressEvent(event);
+    return;
+  }
+  const int row = SelectedRow();
+  const QModelIndex index = model()->index(row, 0);
+  if (index.isValid()) scrollTo(index);
+  const QRect place = visualRect(index).intersected(viewport()->rect());
+  Q_EMIT MenuWanted(row, viewport()->mapToGlobal(place.bottomLeft()));
+}
+
+// The base class would mark the first row, as if somebody had chosen it.
+void ReminderListView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void ReminderListView::resizeEvent(QResizeEvent* event) {
+  // In a low list the bar would take the place of the few rows that it serves; dots then tell
+  // that a row goes on.
+  constexpr int kRowsBesideBar = 12;
+  const bool hasRoom = height() >= kRowsBesideBar * fontMetrics().height();
+  setHorizontalScrollBarPolicy(hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  setTextElideMode(hasRoom ? Qt::ElideNone : Qt::ElideRight);
+  QListView::resizeEvent(event);
+}
+
+bool ReminderListView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
+  ShowWholeRow(static_cast<const QHelpEvent*>(event));
+  return true;
+}
+
+// A row that is wider than the window can be read without widening it.
+void ReminderListView::ShowWholeRow(const QHelpEvent* help) {
+  const QModelIndex index = indexAt(help->pos());
+  const QRect row = visualRect(index);
+  const bool isCut =
+      row.left() < 0 || row.left() + sizeHintForIndex(index).width() > viewport()->width();
+  QToolTip::showText(help->globalPos(), isCut ? PlainToolTip(index.data().toString()) : QString(),
+                     viewport(), row);
+}
+
+}  // namespace tidewarden

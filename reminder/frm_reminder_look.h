@@ -1,0 +1,31 @@
+// What the reminder window's controls look like: sheets, fonts and the small picture that Qt does
+// not bring along. Only the window itself uses it.
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+#include "reminder/list_appearance.h"
+
+class QToolButton;
+
+namespace tidewarden {
+
+// A rule for the list itself, so that the user's colours win over a skin. A selected row has the
+// colours the other way round: whoever can read the list can read that too.
+[[nodiscard]] QString ListSheet(const ListColours& colours);
+
+// A size of 0 gives the size that the controls were designed with. The face may be one that is
+// not installed; Qt then takes another one for it.
+[[nodiscard]] QFont FontOf(const ListFont& font);
+
+// As a tooltip that shows every character as it is.
+[[nodiscard]] QString PlainToolTip(const QString& text);
+
+// Small, round and orange on every desktop, with an arrow pointing down to the panel. Where the
+// window has a skin, the skin gives the colours.
+inline constexpr int kTrayButtonSize = 20;
+enum class Skin { kNone, kApplied };
+void DressTrayButton(QToolButton& button, Skin skin);
+
+}  // namespace tidewarden

@@ -1,0 +1,398 @@
+// The editor's real save on real files, in a process that is killed before every system call and
+// in which every system call fails in every way: after a restart no event is missing, "saved" was
+// only said when it was, and nothing is left lying about.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "core/ini_settings_store.h"
+#include "editor/edit_session.h"
+#include "editor/events_writer.h"
+#include "platform/memory/memory_ports.h"
+#include "platform/posix/posix_file_system.h"
+#include "tests/editor/faulty_calls.h"
+#include "tests/support/layouts.h"
+#include "tests/support/processes.h"
+
+namespace tidewarden {
+namespace {
+
+using test::BytesOf;
+using test::Fault;
+using test::InUnprivilegedChild;
+using test::NamesIn;
+using test::StartChild;
+using test::TemporaryFolder;
+using test::WaitFor;
+using test::WriteBytes;
+
+namespace fs = std::filesystem;
+
+// Thousands of files are made and renamed here, which a disk in memory does without delay.
+class FastFolder {
+ public:
+  [[nodiscard]] const std::string& path() const { return folder_.path(); }
+
+ private:
+  test::ScopedVariable variable_{
+      "TMPDIR", ::access("/dev/shm", W_OK | X_OK) == 0 ? "/dev/shm" : std::getenv("TMPDIR")};
+  TemporaryFolder folder_;
+};
+
+enum class Deed { kAdd, kEdit, kDelete };
+enum class Place { kPlain, kBehindLink, kReadOnlyFolder };
+
+constexpr int kSaved = 10;
+constexpr int kToldOff = 11;  // not saved, and the user was told
+constexpr int kSilent = 12;   // not saved, without a word
+
+// How many processes were killed, how many calls failed, and what went wrong.
+struct Tally {
+  int kills = 0;
+  int errors = 0;
+  int saved = 0;
+  int notSaved = 0;
+  std::vector<std::string> complaints;
+
+  void Complain(const std::string& what) {
+    if (complaints.size() < 20) complaints.push_back(what);
+  }
+};
+
+// One folder with an events file, its backups and settings, and one deed of a user.
+class Trial {
+ public:
+  Trial(const std::string& root, Place place, Deed deed, int levels, std::string old)
+      : root_(root), place_(place), deed_(deed), levels_(levels), old_(std::move(old)) {
+    for (const char* const folder : {"events", "real", "settings", "rescue"}) {
+      fs::create_directories(root_ + "/" + folder);
+    }
+    SetUp();
+    IniSettingsStore settings(files_, SettingsPath());
+    static_cast<void>(settings.Write("Options", "LevelsOfBackup", std::to_string(levels_)).ok());
+    // Without a fault: what the file holds afterwards, and how many calls that takes.
+    const int outcome = RunChild(Fault());
+    saves_ = outcome == kSaved;
+    new_ = BytesOf(Path());
+    const pid_t child = StartChild([&] {
+      SetUp();
+      test::Inject(Fault());
+      static_cast<void>(DoDeed());
+      ::_exit(std::min(test::CallsMade(), 250));
+    });
+    const int status = WaitFor(child);
+    calls_ = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
+  }
+
+  [[nodiscard]] bool saves() const { return saves_ && new_ != old_ && calls_ > 20 && calls_ < 250; }
+  [[nodiscard]] int calls() const { return calls_; }
+
+  void Run(const Fault& fault, Tally& tally) {
+    SetUp();
+    const int outcome = RunChild(fault);
+    const std::string name = Name(fault);
+    const bool killed = outcome < 0;
+    const std::string content = BytesOf(Path());
+    const bool isOld = content == old_;
+    const bool isNew = content == new_;
+    // Only a file that is written in place may be torn, and then the old bytes are elsewhere.
+    const bool rescued = BytesOf(RescuePath(root_ + "/rescue", Path())) == old_;
+    if (!isOld && !isNew && !(place_ == Place::kReadOnlyFolder && rescued)) {
+      tally.Complain(name + ": the file is neither old nor new: " + content);
+    }
+    if (outcome == kSaved) {
+      ++tally.saved;
+      if (!isNew) tally.Complain(name + ": said to be saved, but it is not");
+    } else if (!killed) {
+      ++tally.notSaved;
+      if (!isOld && !rescued) tally.Complain(name + ": not saved, but the file has changed");
+      if (levels_ == 0 && outcome != kToldOff) tally.Complain(name + ": not saved without a word");
+    }
+    if (killed && fault.killBefore == 0) tally.Complain(name + ": the process has crashed");
+    CheckBackups(name, fault, tally);
+    CheckAfterRestart(name, isOld || isNew, tally);
+    ++(fault.killBefore != 0 ? tally.kills : tally.errors);
+  }
+
+ private:
+  [[nodiscard]] std::string Path() const { return root_ + "/events/dates.txt"; }
+  [[nodiscard]] std::string SettingsPath() const { return root_ + "/settings/settings.ini"; }
+
+  [[nodiscard]] static std::string OldBackup(int number) {
+    return "07.0" + std::to_string(number) + ",Older " + std::to_string(number) + ",1,yearly\r\n";
+  }
+
+  void SetUp() {
+    const std::string events = root_ + "/events";
+    ::chmod(events.c_str(), 0700);
+    for (const std::string folder : {"events", "real", "rescue"}) {
+      for (const std::string& name : NamesIn(root_ + "/" + folder)) {
+        fs::remove(root_ + "/" + folder + "/" + name);
+      }
+    }
+    if (place_ == Place::kBehindLink) {
+      WriteBytes(root_ + "/real/dates.txt", old_);
+      fs::create_symlink("../real/dates.txt", Path());
+    } else {
+      WriteBytes(Path(), old_);
+    }
+    for (int k = 1; k <= levels_; ++k) WriteBytes(BackupPath(Path(), k), OldBackup(k));
+    if (place_ == Place::kReadOnlyFolder) ::chmod(events.c_str(), 0500);
+  }
+
+  // Opens the editor, adds, edits or deletes an event, and tells how that ended.
+  int DoDeed() {
+    IniSettingsStore settings(files_, SettingsPath());
+    MemoryClock clock;
+    MemoryMessageBox messages;
+    messages.answer = MessageAnswer::kYes;
+    EditSession session({settings, files_, clock, messages}, {}, test::MonthFirst(),
+                        {Path(), root_ + "/rescue", 1, 0, 0});
+    static_cast<void>(session.Load({{0, 0, 28800, 16200}}));
+    session.Shown();
+    if (deed_ == Deed::kAdd) {
+      session.Add();
+      session.EventInputTyped("Christmas Day");
+      session.DateInputTyped("12.25");
+    } else {
+      const auto& rows = session.List1();
+      const auto found = std::find_if(rows.begin(), rows.end(), [](const EventRow& row) {
+        return row.text.find("Summer") != std::string::npos;
+      });
+      // The file could not be read, as the user has been told.
+      if (found == rows.end()) return kToldOff;
+      session.RowSelected(static_cast<int>(found - rows.begin()));
+      session.Edit();
+      session.EventInputTyped("Summer begins");
+    }
+    messages.boxes.clear();
+    if (deed_ == Deed::kDelete) {
+      session.Delete();
+    } else {
+      session.Save();
+    }
+    if (!session.isEntryUnderWay()) return kSaved;
+    const std::size_t questions = deed_ == Deed::kDelete ? 1 : 0;
+    return messages.boxes.size() > questions ? kToldOff : kSilent;
+  }
+
+  // The exit code of the process that does the deed, or a negative number when it was killed.
+  int RunChild(const Fault& fault) {
+    const int status = WaitFor(StartChild([&] {
+      test::Inject(fault);
+      const int outcome = DoDeed();
+      ::_exit(outcome);
+    }));
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  // A killed process leaves every backup but the oldest, and none of them torn.
+  void CheckBackups(const std::string& name, const Fault& fault, Tally& tally) {
+    std::vector<std::string> held;
+    for (int k = 1; k <= kMostBackups + 1; ++k) {
+      const std::string content = BytesOf(BackupPath(Path(), k));
+      if (content == "(unreadable)") continue;
+      held.push_back(content);
+      bool known = content == old_;
+      for (int i = 1; i <= levels_; ++i) known = known || content == OldBackup(i);
+      if (!known || k > levels_) tally.Complain(name + ": backup " + std::to_string(k) + " is odd");
+    }
+    if (fault.killBefore == 0) return;
+    for (int k = 1; k < levels_; ++k) {
+      if (std::find(held.begin(), held.end(), OldBackup(k)) == held.end()) {
+        tally.Complain(name + ": backup " + std::to_string(k) + " is gone");
+      }
+    }
+  }
+
+  void CheckAfterRestart(const std::string& name, bool isWhole, Tally& tally) {
+    IniSettingsStore settings(files_, SettingsPath());
+    MemoryClock clock;
+    MemoryMessageBox messages;
+    EditSession session({settings, files_, clock, messages}, {}, test::MonthFirst(),
+                        {Path(), root_ + "/rescue", 1, 0, 0});
+    static_cast<void>(session.Load({{0, 0, 28800, 16200}}));
+    session.Shown();
+    if (!messages.shown.empty()) tally.Complain(name + ": after a restart: " + messages.shown[0]);
+    if (isWhole) {
+      // The day before, and "Summer" in one of its forms unless it was deleted.
+      std::string all;
+      for (const EventRow& row : session.List1()) all += row.text + "\n";
+      for (const std::string event : {"New Year", "Café", "Ferns", "Summer"}) {
+        const bool deleted = event == "Summer" && deed_ == Deed::kDelete;
+        if (!deleted && all.find(event) == std::string::npos) {
+          tally.Complain(name + ": after a restart " + event + " is missing");
+        }
+      }
+    }
+    for (const std::string folder : {"events", "real", "rescue"}) {
+      for (const std::string& entry : NamesIn(root_ + "/" + folder)) {
+        if (entry.front() == '.') tally.Complain(name + ": " + entry + " stays in " + folder);
+      }
+    }
+  }
+
+  [[nodiscard]] std::string Name(const Fault& fault) const {
+    const std::string what = fault.killBefore != 0
+                                 ? "killed before call " + std::to_string(fault.killBefore)
+                                 : "error " + std::to_string(fault.error) + " at call " +
+                                       std::to_string(fault.failAt) +
+                                       (fault.lasting ? " and after" : "");
+    const char* const deeds[] = {"add", "edit", "delete"};
+    const char* const places[] = {"", " behind a link", " in a read-only folder"};
+    return std::string(deeds[static_cast<int>(deed_)]) + places[static_cast<int>(place_)] +
+           " with " + std::to_string(levels_) + " backups, " + what;
+  }
+
+  PosixFileSystem files_;
+  std::string root_;
+  Place place_;
+  Deed deed_;
+  int levels_;
+  std::string old_;
+  std::string new_;
+  bool saves_ = false;
+  int calls_ = 0;
+};
+
+const std::string kPlainOld =
+    "01.01,New Year,1,yearly\r\n04.05,Café,7,yearly\r\n06.01,Ferns,3,20~2014\r\n"
+    "06.21,Summer,1,yearly\r\n";
+// Holds what a save drops: a hidden mark and a line that is no event.
+const std::string kUntidyOld =
+    "01.01,New Year,1,yearly*\r\nsee also the other file\r\n04.05,Café,7,yearly\r\n"
+    "06.01,Ferns,3,20~2014\r\n06.21,Summer,1,yearly\r\n";
+
+void KillEverywhere(Trial& trial, Tally& tally, std::size_t atMost = 1'000'000) {
+  // In small pieces there are more calls.
+  const int last = atMost < 100 ? 2 * trial.calls() : trial.calls() + 1;
+  for (int at = 1; at <= last; ++at) {
+    Fault fault;
+    fault.killBefore = at;
+    fault.atMost = atMost;
+    trial.Run(fault, tally);
+  }
+}
+
+void FailEverywhere(Trial& trial, Tally& tally) {
+  for (int at = 1; at <= trial.calls(); ++at) {
+    for (const int error : {ENOSPC, EIO, EACCES, EINTR}) trial.Run({0, at, error}, tally);
+    // A disk that is full from then on, or broken.
+    for (const int error : {ENOSPC, EIO}) trial.Run({0, at, error, true}, tally);
+  }
+}
+
+std::string Report(const Tally& tally) {
+  std::string report;
+  for (const std::string& complaint : tally.complaints) report += complaint + "\n";
+  return report;
+}
+
+void Print(const std::string& what, const Tally& tally) {
+  std::cout << what << ": " << tally.kills << " kill points, " << tally.errors << " error points ("
+            << tally.saved << " saved, " << tally.notSaved << " not saved)\n";
+}
+
+TEST(SaveFaults, NoKillAndNoErrorLosesAnEvent) {
+  const FastFolder folder;
+  Tally tally;
+  for (const int levels : {0, 1, 3, 8}) {
+    for (const Deed deed : {Deed::kAdd, Deed::kEdit, Deed::kDelete}) {
+      Trial trial(folder.path(), Place::kPlain, deed, levels, kPlainOld);
+      ASSERT_TRUE(trial.saves()) << trial.calls();
+      KillEverywhere(trial, tally);
+      FailEverywhere(trial, tally);
+    }
+  }
+  EXPECT_EQ(Report(tally), "");
+  EXPECT_GE(tally.kills, 400);
+  EXPECT_GE(tally.errors, 5000);
+  EXPECT_GT(tally.saved, 1000);
+  EXPECT_GT(tally.notSaved, 1000);
+  Print("0, 1, 3 and 8 backups", tally);
+}
+
+TEST(SaveFaults, SmallPiecesBehindALinkAndWithARescueCopyAreNoDifferent) {
+  const FastFolder folder;
+  Tally tally;
+  {
+    Trial pieces(folder.path(), Place::kPlain, Deed::kAdd, 1, kPlainOld);
+    ASSERT_TRUE(pieces.saves());
+    KillEverywhere(pieces, tally, 50);
+  }
+  for (const int levels : {0, 3}) {
+    Trial linked(folder.path(), Place::kBehindLink, Deed::kEdit, levels, kPlainOld);
+    ASSERT_TRUE(linked.saves());
+    KillEverywhere(linked, tally);
+    FailEverywhere(linked, tally);
+    Trial untidy(folder.path(), Place::kPlain, Deed::kAdd, levels, kUntidyOld);
+    ASSERT_TRUE(untidy.saves());
+    KillEverywhere(untidy, tally);
+    FailEverywhere(untidy, tally);
+  }
+  EXPECT_EQ(Report(tally), "");
+  Print("in pieces, behind a link, with a rescue copy", tally);
+}
+
+TEST(SaveFaults, InAReadOnlyFolderTheOldBytesSurviveSomewhere) {
+  const FastFolder folder;
+  const std::string answer = InUnprivilegedChild(folder.path(), [&]() -> std::string {
+    Tally tally;
+    for (const int levels : {0, 3}) {
+      Trial trial(folder.path(), Place::kReadOnlyFolder, Deed::kAdd, levels, kPlainOld);
+      if (!trial.saves()) return "no save, " + std::to_string(trial.calls()) + " calls";
+      KillEverywhere(trial, tally);
+      KillEverywhere(trial, tally, 50);
+      FailEverywhere(trial, tally);
+    }
+    Print("in a read-only folder", tally);
+    std::cout.flush();
+    return Report(tally);
+  });
+  EXPECT_EQ(answer, "");
+}
+
+// The wrappers know every call that the adapter makes.
+TEST(SaveFaults, EverySystemCallOfTheAdapterIsWrapped) {
+  const std::string command = std::string(TIDEWARDEN_NM) + " -u " + TIDEWARDEN_SYSTEM_LIBRARY;
+  FILE* const output = ::popen(command.c_str(), "r");
+  ASSERT_NE(output, nullptr);
+  std::string symbols;
+  char buffer[4096];
+  for (std::size_t got = 0; (got = std::fread(buffer, 1, sizeof buffer, output)) > 0;) {
+    symbols.append(buffer, got);
+  }
+  ASSERT_EQ(::pclose(output), 0);
+  const std::size_t begin = symbols.find("posix_file_system.cpp.o:");
+  ASSERT_NE(begin, std::string::npos);
+  const std::string own = symbols.substr(begin, symbols.find("\n\n", begin) - begin);
+  const std::vector<std::string> harmless{"geteuid", "memcmp",   "memcpy", "memmove",
+                                          "memset",  "strerror", "strlen"};
+  int calls = 0;
+  for (std::size_t at = own.find(" U "); at != std::string::npos; at = own.find(" U ", at + 1)) {
+    const std::string name = own.substr(at + 3, own.find('\n', at) - at - 3);
+    if (name.front() == '_') continue;
+    const auto& wrapped = test::WrappedCalls();
+    const bool known = std::find(wrapped.begin(), wrapped.end(), name) != wrapped.end();
+    if (known) ++calls;
+    EXPECT_TRUE(known || std::find(harmless.begin(), harmless.end(), name) != harmless.end())
+        << name;
+  }
+  EXPECT_GE(calls, 20);
+}
+
+}  // namespace
+}  // namespace tidewarden
