@@ -28,10 +28,11 @@ constexpr int kAfterFullMinute = 50;
 // and back again.
 constexpr std::size_t kRememberedDays = 7;
 
-constexpr std::int64_t kMinutesInDay = 24 * 60;
+constexpr std::int64_t kMinutesInDay = 1440;
 
 std::int64_t MinuteCount(CivilDate date, int hour, int minute) {
-  return DayCount{date}.time_since_epoch().count() * kMinutesInDay + hour * 60 + minute;
+  return DayCount{date}.time_since_epoch().count() * kMinutesInDay + std::int64_t{hour} * 60 +
+         minute;
 }
 
 std::int64_t MinuteCount(const LocalTime& time) {

@@ -34,11 +34,14 @@ WindowArea InTwips(const QRect& area) {
 frmAlarm::frmAlarm(AlarmSession& session, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::WindowStaysOnTopHint),
       session_(session),
+      placeLater_(new QTimer(this)),
       Picture1(new AlarmPanel(this)),
       Label1(new QLabel(Picture1)),
       messages_(new QScrollArea(Picture1)),
       lblAlarmMessage(new AlarmMessageLabel(nullptr)),
       cmdOK(new QPushButton(this)) {
+  placeLater_->setSingleShot(true);
+  connect(placeLater_, &QTimer::timeout, this, &frmAlarm::PlaceNormally);
   setObjectName(QStringLiteral("frmAlarm"));
   setWindowTitle(tr("Your Tidewarden Alarm Messages."));
   // The program waits in the notification area while this may be its only window.
@@ -175,7 +178,7 @@ void frmAlarm::changeEvent(QEvent* event) {
   // It has never been normal before, and not every system then knows how large that is. Later, when
   // the system has done what it does.
   opensMaximized_ = false;
-  QTimer::singleShot(0, this, &frmAlarm::PlaceNormally);
+  placeLater_->start(0);
 }
 
 void frmAlarm::mouseReleaseEvent(QMouseEvent* event) {

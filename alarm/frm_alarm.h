@@ -12,6 +12,7 @@
 class QLabel;
 class QPushButton;
 class QScrollArea;
+class QTimer;
 
 namespace tidewarden {
 
@@ -56,6 +57,7 @@ class frmAlarm : public QWidget {
   [[nodiscard]] AlarmWindowState StateNow() const;
 
   AlarmSession& session_;
+  QTimer* placeLater_;
   bool isLoaded_ = false;
   bool layoutReady_ = false;
   bool isMaximizedKnown_ = false;

@@ -83,12 +83,12 @@ int AlarmMessageLabel::heightForWidth(int width) const {
 }
 
 void AlarmMessageLabel::paintEvent(QPaintEvent* event) {
-  QFrame::paintEvent(event);
+  QPainter painter(this);
+  drawFrame(&painter);
   QAbstractTextDocumentLayout::PaintContext context;
   context.palette = palette();
   context.palette.setColor(QPalette::Text, palette().color(foregroundRole()));
   context.clip = event->rect();
-  QPainter painter(this);
   painter.setClipRect(event->rect());
   LaidOut(width()).documentLayout()->draw(&painter, context);
 }

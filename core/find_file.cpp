@@ -18,16 +18,14 @@ class Search {
     const std::size_t slash = rest.find('/');
     if (slash == 0) return Below(folder + "/", rest.substr(1));
     const std::string_view name = rest.substr(0, slash);
-    for (const std::string& candidate : Candidates(folder, name)) {
+    const std::vector<std::string> candidates = Candidates(folder, name);
+    return std::any_of(candidates.begin(), candidates.end(), [&](const std::string& candidate) {
       const std::string path = folder + candidate;
-      if (slash != std::string_view::npos) {
-        if (Below(path + "/", rest.substr(slash + 1))) return true;
-      } else if (TryToRead(files_, path).ok()) {
-        found_ = path;
-        return true;
-      }
-    }
-    return false;
+      if (slash != std::string_view::npos) return Below(path + "/", rest.substr(slash + 1));
+      if (!TryToRead(files_, path).ok()) return false;
+      found_ = path;
+      return true;
+    });
   }
 
   // Reads the beginning: only that tells a file from a folder or a pipe.

@@ -1,120 +1,23 @@
-// The alarm window, offscreen, with everything around it in memory.
+// The alarm window, offscreen: its messages, how it closes, its looks.
 #include <QDir>
-#include <QLabel>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QTest>
-#include <QTimer>
 
-#include "alarm/alarm_session.h"
-#include "alarm/frm_alarm.h"
-#include "platform/memory/memory_ports.h"
-#include "platform/memory/memory_sound.h"
-#include "tests/support/layouts.h"
+#include "tests/windows/alarm_world.h"
 
 namespace tidewarden {
-namespace {
 
-constexpr int kTwips = 15;
-
-struct World {
-  MemorySettingsStore settings;
-  MemoryFileSystem files;
-  MemorySoundPlayer sound;
-  MemoryMessageBox messages;
-  AlarmSession session{{settings, files, sound, messages},
-                       {"/opt/tidewarden", "/home/ann/.data", PathStyle::kPosix}};
-  AlarmSchedule schedule;
-  std::vector<std::string_view> list;
-  LocalTime now{test::On(2014, 12, 22), 8, 0, 0, 0};
-  frmAlarm window{session};
-
-  // Lets alarms go off in the next minute. Their titles get the time of day.
-  void Ring(const std::vector<std::string>& titles) {
-    ++now.minute;
-    schedule.Clear();
-    const std::string time = " 8:" + std::string(now.minute < 10 ? "0" : "");
-    for (const std::string& title : titles) {
-      schedule.ScheduleAlarm(title + time + std::to_string(now.minute), now.date);
-    }
-    session.ListBuilt(schedule, now);
-    QVERIFY(session.Tick(schedule, list, {}, now).showsMessages);
-    window.ShowMessages();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-  }
-
-  void Store(const char* name, const std::string& value) {
-    QVERIFY(settings.Write("Alarm", name, value).ok());
-  }
-
-  void StorePlacement(int left, int top, int width, int height) {
-    Store("Left", std::to_string(left));
-    Store("Top", std::to_string(top));
-    Store("Width", std::to_string(width));
-    Store("Height", std::to_string(height));
-  }
-
-  [[nodiscard]] QString Stored(const char* name) const {
-    return QString::fromStdString(settings.At("Alarm", name));
-  }
-
-  template <typename Widget>
-  [[nodiscard]] Widget* Find(const char* name) const {
-    return window.findChild<Widget*>(QString::fromLatin1(name));
-  }
-  [[nodiscard]] QString Text() const { return Find<QLabel>("lblAlarmMessage")->text(); }
-  [[nodiscard]] QScrollBar* Bar() const {
-    return Find<QScrollArea>("scrAlarmMessage")->verticalScrollBar();
-  }
-};
-
-QSize InPixels(int width, int height) {
-  return QSize(width / kTwips, height / kTwips);
-}
-
-QString Twips(int pixels) {
-  return QString::number(pixels * kTwips);
-}
-
-// Where a control lies, in twips from the corner of `in`.
-QRect PlaceOf(const QWidget* control, const QWidget* in) {
-  const QPoint corner = control->mapTo(in, QPoint(0, 0));
-  return QRect(corner * kTwips, control->size() * kTwips);
-}
-
-std::vector<std::string> Many(int count) {
-  std::vector<std::string> titles;
-  for (int i = 1; i <= count; ++i) titles.push_back("Number " + std::to_string(i));
-  return titles;
-}
-
-}  // namespace
+using namespace test;
 
 class FrmAlarmTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void opensInItsFirstSizeWhenNothingIsStored();
-  void opensAtItsStoredPlace();
-  void ignoresAStoredWidthBelowTheLeast();
   void staysAboveOtherWindowsAndTakesTheFocusWithoutRisk();
   void showsEveryMessageFollowedByAnEmptyLine();
   void aFurtherAlarmOnlyChangesTheText();
   void startsAFreshListAfterItWasClosed();
   void keepsTheMessagesWhenItIsOnlyHidden();
   void closesInEveryWayByTheSameSteps();
-  void laysOutItsControls_data();
-  void laysOutItsControls();
-  void growsToItsLeastSizeWhenTheUserResizesIt();
-  void theProgramsOwnResizingIsNoneOfTheUser();
-  void writesMaximizedAtOnceAndTheRestWhenClosing();
-  void opensMaximized();
-  void savesItsPlaceWhenTheMouseIsReleasedOnItsSurface();
-  void doesNotSaveWhenTheMouseIsReleasedOnAControl();
-  void keepsItsPlaceOverManyOpenings();
   void hasTheFontOfTheList();
   void keepsTheDesignedSizeForASizeThatIsNone();
   void showsMarkupAndAmpersandsAsTheyWereTyped();
@@ -129,41 +32,8 @@ class FrmAlarmTest : public QObject {
   void drawsABell();
 };
 
-void FrmAlarmTest::opensInItsFirstSizeWhenNothingIsStored() {
-  World world;
-  world.Ring({"Dentist"});
-  const QSize screen = QGuiApplication::primaryScreen()->size() * kTwips;
-  QCOMPARE(world.window.size(), InPixels(4455, 2130));
-  const QPoint centred((screen.width() - 4815) / 2, (screen.height() - 2550) / 2);
-  QVERIFY(std::abs(world.window.x() * kTwips - centred.x()) <= kTwips);
-  QVERIFY(std::abs(world.window.y() * kTwips - centred.y()) <= kTwips);
-  world.window.close();
-  QCOMPARE(world.Stored("Width"), QStringLiteral("4455"));
-  QCOMPARE(world.Stored("Height"), QStringLiteral("2130"));
-  QCOMPARE(world.Stored("Maximized"), QStringLiteral("False"));
-  // Until the user resizes it, it opens like this again.
-  world.Ring({"Bus"});
-  QCOMPARE(world.window.size(), InPixels(4455, 2130));
-}
-
-void FrmAlarmTest::opensAtItsStoredPlace() {
-  World world;
-  world.StorePlacement(300, 450, 6000, 3000);
-  world.Ring({"Dentist"});
-  QCOMPARE(world.window.pos(), QPoint(20, 30));
-  QCOMPARE(world.window.size(), QSize(400, 200));
-}
-
-void FrmAlarmTest::ignoresAStoredWidthBelowTheLeast() {
-  World world;
-  world.StorePlacement(300, 450, 4814, 3000);
-  world.Ring({"Dentist"});
-  QCOMPARE(world.window.size(), InPixels(4455, 2130));
-  QVERIFY(world.window.pos() != QPoint(20, 30));
-}
-
 void FrmAlarmTest::staysAboveOtherWindowsAndTakesTheFocusWithoutRisk() {
-  World world;
+  AlarmWorld world;
   world.Ring({"Dentist"});
   QVERIFY(world.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
   QVERIFY(world.window.isActiveWindow());
@@ -182,7 +52,7 @@ void FrmAlarmTest::staysAboveOtherWindowsAndTakesTheFocusWithoutRisk() {
 }
 
 void FrmAlarmTest::showsEveryMessageFollowedByAnEmptyLine() {
-  World world;
+  AlarmWorld world;
   world.Ring({"Dentist", "Bus"});
   QCOMPARE(world.Text(), QStringLiteral("\nDentist 8:01\n\nBus 8:01\n"));
   QCOMPARE(world.window.windowTitle(), QStringLiteral("Your Tidewarden Alarm Messages."));
@@ -192,7 +62,7 @@ void FrmAlarmTest::showsEveryMessageFollowedByAnEmptyLine() {
 }
 
 void FrmAlarmTest::aFurtherAlarmOnlyChangesTheText() {
-  World world;
+  AlarmWorld world;
   world.StorePlacement(300, 450, 6000, 3000);
   world.Ring({"Dentist"});
   world.window.move(100, 110);
@@ -209,7 +79,7 @@ void FrmAlarmTest::aFurtherAlarmOnlyChangesTheText() {
 }
 
 void FrmAlarmTest::startsAFreshListAfterItWasClosed() {
-  World world;
+  AlarmWorld world;
   world.Ring({"Dentist"});
   QTest::mouseClick(world.Find<QPushButton>("cmdOK"), Qt::LeftButton);
   QVERIFY(!world.window.isVisible());
@@ -220,7 +90,7 @@ void FrmAlarmTest::startsAFreshListAfterItWasClosed() {
 }
 
 void FrmAlarmTest::keepsTheMessagesWhenItIsOnlyHidden() {
-  World world;
+  AlarmWorld world;
   world.Ring({"Dentist"});
   world.window.hide();
   QVERIFY(!world.session.AlarmText().empty());
@@ -238,7 +108,7 @@ void FrmAlarmTest::closesInEveryWayByTheSameSteps() {
     AlarmSession session({settings, files, sound, messages}, {});
     AlarmSchedule schedule;
     std::vector<std::string_view> list;
-    const LocalTime now{test::On(2014, 12, 22), 9, 0, 0, 0};
+    const LocalTime now{On(2014, 12, 22), 9, 0, 0, 0};
     schedule.ScheduleAlarm("Tea 9:00", now.date);
     QVERIFY(session.Tick(schedule, list, {}, now).showsMessages);
     auto window = std::make_unique<frmAlarm>(session);
@@ -258,151 +128,8 @@ void FrmAlarmTest::closesInEveryWayByTheSameSteps() {
   }
 }
 
-void FrmAlarmTest::laysOutItsControls_data() {
-  QTest::addColumn<QSize>("size");
-  QTest::newRow("first") << InPixels(4455, 2130);
-  QTest::newRow("least") << InPixels(4815, 2550);
-  QTest::newRow("larger") << QSize(640, 480);
-}
-
-void FrmAlarmTest::laysOutItsControls() {
-  QFETCH(QSize, size);
-  World world;
-  world.Ring({"Dentist"});
-  world.window.resize(size);
-  const int width = world.window.width() * kTwips;
-  const int height = world.window.height() * kTwips;
-  const QRect picture = PlaceOf(world.Find<QWidget>("Picture1"), &world.window);
-  QCOMPARE(picture, QRect(120, 120, width - 240, height - 720));
-  const QRect message =
-      PlaceOf(world.Find<QWidget>("lblAlarmMessage"), world.Find<QWidget>("Picture1"));
-  QCOMPARE(message, QRect(345, 480, picture.width() - 570, picture.height() - 720));
-  const QRect ok = PlaceOf(world.Find<QWidget>("cmdOK"), &world.window);
-  QCOMPARE(ok, QRect(width - 1335, height - 495, 1215, 375));
-  const QRect heading = PlaceOf(world.Find<QWidget>("Label1"), world.Find<QWidget>("Picture1"));
-  QCOMPARE(heading.topLeft(), QPoint(345, 60));
-  QVERIFY(heading.bottom() < message.top());
-  QVERIFY(heading.right() < picture.width());
-}
-
-void FrmAlarmTest::growsToItsLeastSizeWhenTheUserResizesIt() {
-  const struct {
-    QSize wanted, got;
-  } cases[] = {
-      {{300, 150}, {321, 170}}, {{296, 142}, {321, 170}}, {{320, 170}, {321, 170}},
-      {{321, 169}, {321, 170}}, {{321, 170}, {321, 170}}, {{322, 171}, {322, 171}},
-      {{600, 100}, {600, 170}}, {{100, 600}, {321, 600}},
-  };
-  for (const auto& [wanted, got] : cases) {
-    World world;
-    world.Ring({"Dentist"});
-    world.window.resize(wanted);
-    QTRY_COMPARE(world.window.size(), got);
-    world.window.resize(wanted);  // and again
-    QTRY_COMPARE(world.window.size(), got);
-    world.window.close();
-    QCOMPARE(world.Stored("Width"), Twips(got.width()));
-    QCOMPARE(world.Stored("Height"), Twips(got.height()));
-  }
-}
-
-void FrmAlarmTest::theProgramsOwnResizingIsNoneOfTheUser() {
-  World world;
-  world.Ring({"Dentist"});
-  QTest::qWait(50);
-  QCOMPARE(world.window.size(), InPixels(4455, 2130));
-  world.window.hide();
-  world.window.show();
-  QVERIFY(QTest::qWaitForWindowExposed(&world.window));
-  QCOMPARE(world.window.size(), InPixels(4455, 2130));
-}
-
-void FrmAlarmTest::writesMaximizedAtOnceAndTheRestWhenClosing() {
-  World world;
-  world.StorePlacement(300, 450, 6000, 3000);
-  world.Ring({"Dentist"});
-  QCOMPARE(world.Stored("Maximized"), QStringLiteral("False"));
-  world.window.showMaximized();
-  QTRY_COMPARE(world.Stored("Maximized"), QStringLiteral("True"));
-  QCOMPARE(world.Stored("Width"), QStringLiteral("6000"));
-  world.window.showNormal();
-  QTRY_COMPARE(world.window.size(), QSize(400, 200));
-  QCOMPARE(world.Stored("Maximized"), QStringLiteral("True"));
-  world.window.resize(420, 210);
-  world.window.close();
-  QCOMPARE(world.Stored("Maximized"), QStringLiteral("False"));
-  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
-  QCOMPARE(world.Stored("Width"), Twips(420));
-  QCOMPARE(world.Stored("Height"), Twips(210));
-}
-
-void FrmAlarmTest::opensMaximized() {
-  World world;
-  world.StorePlacement(300, 450, 6000, 3000);
-  world.Store("Maximized", "True");
-  world.Ring({"Dentist"});
-  QVERIFY(world.window.isMaximized());
-  const QSize maximized = world.window.size();
-  QVERIFY(maximized.width() > 400);
-  QCOMPARE(PlaceOf(world.Find<QWidget>("cmdOK"), &world.window).left(),
-           maximized.width() * kTwips - 1335);
-  world.window.close();
-  QCOMPARE(world.Stored("Maximized"), QStringLiteral("True"));
-  QCOMPARE(world.Stored("Width"), QStringLiteral("6000"));
-  world.Ring({"Bus"});
-  QVERIFY(world.window.isMaximized());
-  world.window.showNormal();
-  QTRY_COMPARE(world.window.size(), InPixels(4455, 2130));
-}
-
-void FrmAlarmTest::savesItsPlaceWhenTheMouseIsReleasedOnItsSurface() {
-  World world;
-  world.StorePlacement(300, 450, 6000, 3000);
-  world.Ring({"Dentist"});
-  world.window.move(60, 90);
-  world.window.resize(450, 240);
-  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
-  for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
-    QTest::mouseClick(&world.window, button, {}, QPoint(2, 2));
-    QCOMPARE(world.Stored("Left"), Twips(60));
-    QCOMPARE(world.Stored("Top"), Twips(90));
-    QCOMPARE(world.Stored("Width"), Twips(450));
-    QCOMPARE(world.Stored("Height"), Twips(240));
-    world.Store("Left", "300");
-  }
-  QVERIFY(!world.session.AlarmText().empty());
-}
-
-void FrmAlarmTest::doesNotSaveWhenTheMouseIsReleasedOnAControl() {
-  World world;
-  world.StorePlacement(300, 450, 6000, 3000);
-  world.Ring({"Dentist"});
-  world.window.move(60, 90);
-  for (const char* const name : {"Picture1", "Label1", "lblAlarmMessage", "scrAlarmMessage"}) {
-    QTest::mouseClick(world.Find<QWidget>(name), Qt::LeftButton);
-    QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
-  }
-  QTest::mousePress(world.Find<QWidget>("cmdOK"), Qt::LeftButton);
-  QTest::mouseRelease(world.Find<QWidget>("cmdOK"), Qt::LeftButton, {}, QPoint(-30, -30));
-  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
-  QVERIFY(world.window.isVisible());
-}
-
-void FrmAlarmTest::keepsItsPlaceOverManyOpenings() {
-  World world;
-  world.StorePlacement(300, 450, 6000, 3000);
-  for (int i = 0; i < 10; ++i) {
-    world.Ring({"Dentist"});
-    world.window.close();
-  }
-  QCOMPARE(world.Stored("Left"), QStringLiteral("300"));
-  QCOMPARE(world.Stored("Top"), QStringLiteral("450"));
-  QCOMPARE(world.Stored("Width"), QStringLiteral("6000"));
-  QCOMPARE(world.Stored("Height"), QStringLiteral("3000"));
-}
-
 void FrmAlarmTest::hasTheFontOfTheList() {
-  World world;
+  AlarmWorld world;
   QVERIFY(world.settings.Write("Settings", "FontName", "DejaVu Sans").ok());
   QVERIFY(world.settings.Write("Settings", "FontBold", "true").ok());
   QVERIFY(world.settings.Write("Settings", "FontItalic", "True").ok());
@@ -425,7 +152,7 @@ void FrmAlarmTest::hasTheFontOfTheList() {
 }
 
 void FrmAlarmTest::keepsTheDesignedSizeForASizeThatIsNone() {
-  World world;
+  AlarmWorld world;
   QVERIFY(world.settings.Write("Settings", "FontSize", "0").ok());
   QVERIFY(world.settings.Write("Settings", "FontName", "No Such Face").ok());
   world.Ring({"Dentist"});
@@ -434,7 +161,7 @@ void FrmAlarmTest::keepsTheDesignedSizeForASizeThatIsNone() {
 }
 
 void FrmAlarmTest::showsMarkupAndAmpersandsAsTheyWereTyped() {
-  World world;
+  AlarmWorld world;
   world.StorePlacement(300, 450, 9000, 6000);
   world.Ring({"<b>x</b> & <img src=x.png>"});
   auto* const label = world.Find<QLabel>("lblAlarmMessage");
@@ -448,7 +175,7 @@ void FrmAlarmTest::showsMarkupAndAmpersandsAsTheyWereTyped() {
 }
 
 void FrmAlarmTest::scrollsToWhatDoesNotFit() {
-  World world;
+  AlarmWorld world;
   world.Ring({"Dentist"});
   QVERIFY(!world.Bar()->isVisible());
   world.window.close();
@@ -473,7 +200,7 @@ void FrmAlarmTest::scrollsToWhatDoesNotFit() {
 }
 
 void FrmAlarmTest::breaksWordsThatAreWiderThanTheWindow() {
-  World world;
+  AlarmWorld world;
   world.Ring({std::string(300, 'W')});
   const auto* const label = world.Find<QLabel>("lblAlarmMessage");
   const int lines =
@@ -485,7 +212,7 @@ void FrmAlarmTest::breaksWordsThatAreWiderThanTheWindow() {
 }
 
 void FrmAlarmTest::bringsNewMessagesIntoView() {
-  World world;
+  AlarmWorld world;
   world.Ring(Many(10));
   const int first = world.Bar()->value();
   world.Ring({"The newest"});
@@ -497,7 +224,7 @@ void FrmAlarmTest::bringsNewMessagesIntoView() {
 }
 
 void FrmAlarmTest::staysQuickWithThousandsOfMessages() {
-  World world;
+  AlarmWorld world;
   world.Ring(Many(5'000));
   world.Bar()->setValue(world.Bar()->maximum() / 2);
   QVERIFY(!world.window.grab().isNull());
@@ -506,7 +233,7 @@ void FrmAlarmTest::staysQuickWithThousandsOfMessages() {
 }
 
 void FrmAlarmTest::canBeClosedWhileAMessageBoxWaits() {
-  World world;
+  AlarmWorld world;
   QMessageBox box;
   box.setText(QStringLiteral("A question"));
   box.setModal(true);
@@ -523,7 +250,7 @@ void FrmAlarmTest::canBeClosedWhileAMessageBoxWaits() {
 }
 
 void FrmAlarmTest::doesNotEndTheProgram() {
-  World world;
+  AlarmWorld world;
   QWidget reminder;
   reminder.show();
   world.Ring({"Dentist"});
@@ -537,7 +264,7 @@ void FrmAlarmTest::doesNotEndTheProgram() {
 }
 
 void FrmAlarmTest::takesASkin() {
-  World world;
+  AlarmWorld world;
   world.window.ApplySkin(
       QStringLiteral("#Picture1 { background: #102030; }"
                      "#Picture1 QLabel { color: #FFEEDD; }"));
@@ -561,7 +288,7 @@ void FrmAlarmTest::takesASkin() {
 }
 
 void FrmAlarmTest::namesEveryControlForScreenReaders() {
-  World world;
+  AlarmWorld world;
   world.Ring({"Dentist", "Bus"});
   for (const char* const name : {"Picture1", "Label1", "scrAlarmMessage", "cmdOK"}) {
     QVERIFY2(!world.Find<QWidget>(name)->accessibleName().isEmpty(), name);
@@ -572,7 +299,7 @@ void FrmAlarmTest::namesEveryControlForScreenReaders() {
 
 void FrmAlarmTest::drawsABell() {
   for (const bool dark : {false, true}) {
-    World world;
+    AlarmWorld world;
     QPalette palette = QApplication::palette();
     palette.setColor(QPalette::Base, dark ? QColor(30, 30, 30) : QColor(Qt::white));
     world.window.setPalette(palette);
