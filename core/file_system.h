@@ -81,10 +81,6 @@ class FileSystem {
   // folders; waits a few seconds at most, then kBusy. The system frees it when a process dies.
   virtual Status Lock(const std::string& path, std::unique_ptr<FileLock>& out) = 0;
 
-  // The names of what a folder holds, without "." and "..", in no particular order. On failure
-  // `names` is unchanged.
-  virtual Status ListFolder(const std::string& folder, std::vector<std::string>& names) = 0;
-
   // Removes a file. kOk also when there is none.
   virtual Status Remove(const std::string& path) = 0;
 

@@ -42,7 +42,7 @@ class Search {
     if (!isStep && listings_ < kMostListings) {
       ++listings_;
       // A folder that cannot be listed may still let its entries be opened.
-      static_cast<void>(files_.ListFolder(folder.empty() ? "." : folder, names));
+      static_cast<void>(files_.ListNames(folder.empty() ? "." : folder, names));
     }
     std::erase_if(names, [&](const std::string& entry) { return !EqualIgnoringCase(entry, name); });
     if (names.empty()) names.emplace_back(name);

@@ -1,5 +1,6 @@
 #include "reminder/daily_quote.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -7,7 +8,7 @@
 #include <utility>
 
 #include "core/events_file.h"
-#include "core/find_ignoring_case.h"
+#include "core/find_file.h"
 #include "core/settings_keys.h"
 
 namespace tidewarden {
@@ -48,6 +49,15 @@ class QuoteCollector : public EventLineVisitor {
   std::vector<std::string>& quotes_;
 };
 
+// The setting is read in lower case; only Windows does not mind.
+std::string QuotesFile(FileSystem& files, std::string stored, PathStyle style) {
+  if (style == PathStyle::kWindows) return stored;
+  std::replace(stored.begin(), stored.end(), '\\', '/');
+  std::string found;
+  static_cast<void>(FindFileInAnyCase(files, stored, found).ok());
+  return found;
+}
+
 }  // namespace
 
 DailyQuote::DailyQuote(SettingsStore& settings, FileSystem& files, RandomNumbers& random,
@@ -56,13 +66,13 @@ DailyQuote::DailyQuote(SettingsStore& settings, FileSystem& files, RandomNumbers
 
 void DailyQuote::LoadDailyQuote(LocalTime now) {
   isVisible_ = false;
-  const std::string stored =
+  std::string stored =
       modGetSetSaveSet::Get(settings_, settings::kQuotesPath, DefaultPath(folders_));
   const std::string show = modGetSetSaveSet::Get(settings_, settings::kShowDailyQuotes);
   quotes_.clear();
   if (stored.empty() || !modGetSetSaveSet::isTrue(show)) return;
 
-  const std::string path = FindIgnoringCase(files_, stored, folders_.style);
+  const std::string path = QuotesFile(files_, std::move(stored), folders_.style);
   FileStamp stamp;
   if (!files_.GetStamp(path, stamp).ok() || stamp.size > kMostBytes) return;
   QuoteCollector collector(quotes_);

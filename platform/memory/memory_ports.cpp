@@ -73,15 +73,17 @@ Status MemoryFileSystem::ListNames(const std::string& folder, std::vector<std::s
   calls.push_back("list " + folder);
   Status status = Failure(failures, folder);
   if (!status.ok()) return status;
-  const std::string prefix = folder.ends_with('/') ? folder : folder + "/";
-  std::set<std::string> names;
+  std::string prefix = folder == "." ? std::string() : folder;
+  if (!prefix.empty() && !prefix.ends_with('/')) prefix += '/';
+  std::set<std::string> entries;
   for (const auto& [path, content] : files) {
-    if (path.starts_with(prefix)) {
-      names.insert(path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size()));
-    }
+    if (!path.starts_with(prefix)) continue;
+    const std::string entry =
+        path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size());
+    if (!entry.empty()) entries.insert(entry);
   }
-  if (names.empty()) return Status(StatusKind::kNotFound);
-  out.assign(names.begin(), names.end());
+  if (entries.empty()) return Status(StatusKind::kNotFound);
+  out.assign(entries.begin(), entries.end());
   return status;
 }
 
@@ -105,24 +107,6 @@ Status MemoryFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>
   calls.push_back("lock " + path);
   out = std::make_unique<MemoryLock>();
   return {};
-}
-
-Status MemoryFileSystem::ListFolder(const std::string& folder, std::vector<std::string>& names) {
-  calls.push_back("list " + folder);
-  Status status = Failure(failures, folder);
-  if (!status.ok()) return status;
-  std::string prefix = folder == "." ? std::string() : folder;
-  if (!prefix.empty() && !prefix.ends_with('/')) prefix += '/';
-  std::set<std::string> entries;
-  for (const auto& [path, content] : files) {
-    if (!path.starts_with(prefix)) continue;
-    const std::string entry =
-        path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size());
-    if (!entry.empty()) entries.insert(entry);
-  }
-  if (entries.empty()) return Status(StatusKind::kNotFound);
-  names.assign(entries.begin(), entries.end());
-  return status;
 }
 
 Status MemoryFileSystem::Remove(const std::string& path) {

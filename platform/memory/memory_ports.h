@@ -40,7 +40,6 @@ class MemoryFileSystem : public FileSystem {
   Status Stage(const std::string& path, std::string_view content,
                std::unique_ptr<StagedFile>& out) override;
   Status Lock(const std::string& path, std::unique_ptr<FileLock>& out) override;
-  Status ListFolder(const std::string& folder, std::vector<std::string>& names) override;
   Status Remove(const std::string& path) override;
   Status Rename(const std::string& from, const std::string& to) override;
   Status Link(const std::string& from, const std::string& to) override;

@@ -416,21 +416,6 @@ Status PosixFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>&
   return Status(StatusKind::kBusy);
 }
 
-Status PosixFileSystem::ListFolder(const std::string& folder, std::vector<std::string>& names) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), &::closedir);
-  if (!open) return FromErrno(errno);
-  std::vector<std::string> found;
-  errno = 0;
-  while (const dirent* entry = ::readdir(open.get())) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") found.emplace_back(name);
-    errno = 0;
-  }
-  if (errno != 0) return FromErrno(errno);
-  names = std::move(found);
-  return {};
-}
-
 Status PosixFileSystem::Remove(const std::string& path) {
   if (::unlink(path.c_str()) == 0 || errno == ENOENT) return {};
   return FromErrno(errno);

@@ -304,18 +304,18 @@ TEST_F(PosixFiles, NothingIsCreatedWhereTheUserMayNot) {
 TEST_F(PosixFiles, ListsWhatAFolderHolds) {
   const std::vector<std::string> before{"unchanged"};
   std::vector<std::string> names = before;
-  EXPECT_EQ(files_.ListFolder(folder_ / "missing", names).kind(), StatusKind::kNotFound);
+  EXPECT_EQ(files_.ListNames(folder_ / "missing", names).kind(), StatusKind::kNotFound);
   WriteBytes(path_, "");
-  EXPECT_EQ(files_.ListFolder(path_, names).kind(), StatusKind::kNotFound);
+  EXPECT_EQ(files_.ListNames(path_, names).kind(), StatusKind::kNotFound);
   EXPECT_EQ(names, before);
   const std::string folder = folder_ / "listed";
   ASSERT_EQ(::mkdir(folder.c_str(), 0700), 0);
-  EXPECT_TRUE(files_.ListFolder(folder, names).ok());
+  EXPECT_TRUE(files_.ListNames(folder, names).ok());
   EXPECT_THAT(names, IsEmpty());
   WriteBytes(folder + "/a b", "");
   WriteBytes(folder + "/.hidden", "");
   ASSERT_EQ(::mkdir((folder + "/Inner").c_str(), 0700), 0);
-  EXPECT_TRUE(files_.ListFolder(folder, names).ok());
+  EXPECT_TRUE(files_.ListNames(folder, names).ok());
   EXPECT_THAT(names, ::testing::UnorderedElementsAre("a b", ".hidden", "Inner"));
 }
 

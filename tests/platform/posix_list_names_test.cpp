@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/find_ignoring_case.h"
+#include "core/find_file.h"
 #include "platform/posix/posix_file_system.h"
 #include "tests/support/processes.h"
 #include "tests/support/temporary_folder.h"
@@ -20,6 +20,12 @@ using test::TemporaryFolder;
 using test::WriteBytes;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+
+std::string Found(const std::string& path) {
+  PosixFileSystem files;
+  std::string found;
+  return FindFileInAnyCase(files, path, found).ok() ? found : "(none)";
+}
 
 TEST(ListNames, GivesEveryNameInCodePointOrder) {
   const TemporaryFolder folder;
@@ -58,27 +64,23 @@ TEST(ListNames, TellsWhenTheSystemRefuses) {
     PosixFileSystem files;
     std::vector<std::string> names;
     if (files.ListNames(locked, names).kind() != StatusKind::kNoPermission) return "it listed";
-    return FindIgnoringCase(files, folder / "locked/a", PathStyle::kPosix) == locked + "/a"
-               ? "found"
-               : "not found";
+    return Found(folder / "locked/a") == locked + "/a" ? "found" : "not found";
   });
   ::chmod((folder / "Locked").c_str(), 0700);
   EXPECT_EQ(answer, "found");
 }
 
-TEST(FindIgnoringCase, FindsRealFiles) {
+TEST(FindFileInAnyCase, FindsRealFiles) {
   const TemporaryFolder folder;
   ASSERT_EQ(::mkdir((folder / "Quotes").c_str(), 0700), 0);
   const std::string path = folder / "Quotes/Inspiration.txt";
   WriteBytes(path, "");
   PosixFileSystem files;
-  EXPECT_EQ(FindIgnoringCase(files, folder / "quotes/inspiration.txt", PathStyle::kPosix), path);
-  EXPECT_EQ(
-      FindIgnoringCase(files, folder / "QUOTES/../quotes\\Inspiration.TXT", PathStyle::kPosix),
-      folder / "Quotes/../Quotes/Inspiration.txt");
+  EXPECT_EQ(Found(folder / "quotes/inspiration.txt"), path);
+  EXPECT_EQ(Found(folder / "QUOTES/../quotes/Inspiration.TXT"),
+            folder / "Quotes/../Quotes/Inspiration.txt");
   ASSERT_EQ(::chdir(folder.path().c_str()), 0);
-  EXPECT_EQ(FindIgnoringCase(files, "quotes/inspiration.txt", PathStyle::kPosix),
-            "Quotes/Inspiration.txt");
+  EXPECT_EQ(Found("quotes/inspiration.txt"), "Quotes/Inspiration.txt");
   ASSERT_EQ(::chdir("/"), 0);
 }
 

@@ -14,6 +14,7 @@
 #include "platform/memory/memory_sound.h"
 #include "reminder/frm_reminder.h"
 #include "reminder/reminder_session.h"
+#include "tests/support/source_folder.h"
 
 namespace tidewarden {
 
@@ -110,7 +111,7 @@ inline QPoint BesideTheRows(const frmReminder& window) {
 }
 
 inline std::string SkinOfTheProgram() {
-  QFile file(QStringLiteral(TIDEWARDEN_SOURCE_DIR "/skin/winaqua.skn"));
+  QFile file(QString::fromStdString((test::SourceFolder() / "skin/winaqua.skn").string()));
   return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 
