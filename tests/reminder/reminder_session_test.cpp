@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,9 +16,7 @@
 namespace tidewarden::test {
 namespace {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 const std::string kChristmas = "12.25,Christmas,14,yearly\r\n";
@@ -386,6 +385,30 @@ TEST(Editor, TheTodayLineIsKnownInAnyLetterCase) {
   desk.session.SelectRow(desk.RowWith("   <Today is Monday>"));
   EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kHide);
   EXPECT_EQ(desk.editor.request(), std::pair(-1L, true));
+}
+
+TEST(Editor, OnlyThreeBlanksMakeATitleLookLikeTodaysLine) {
+  SessionDesk desk("12.24,Two  <today,9,yearly\r\n12.24,Three   <Today,9,yearly\r\n");
+  desk.Start();
+  desk.session.SelectRow(desk.RowWith("Two  <today"));
+  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kHide);
+  EXPECT_EQ(desk.editor.request(), std::pair(0L, false));
+  desk.session.SelectRow(desk.RowWith("Three   <Today"));
+  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kHide);
+  EXPECT_EQ(desk.editor.request(), std::pair(-1L, true));
+}
+
+TEST(Editor, IsToldTheBytesOfTheLine) {
+  SessionDesk desk("12.25,No\xEBl,14,yearly\r\n");
+  desk.Start();
+  desk.session.SelectRow(desk.RowWith("Noël"));
+  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kHide);
+  EXPECT_EQ(desk.editor.requests.back().rawLine, "12.25,No\xEBl,14,yearly");
+  desk.session.SelectRow(desk.RowWith("<TODAY>"));
+  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kHide);
+  EXPECT_EQ(desk.editor.requests.back().rawLine, "");
+  EXPECT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  EXPECT_EQ(desk.editor.requests.back().rawLine, "");
 }
 
 TEST(Editor, WithoutASelectedRowADoubleClickDoesNothing) {
