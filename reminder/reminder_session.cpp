@@ -214,8 +214,8 @@ void ReminderSession::SurfaceReleased(const WindowPlacement& window) {
   SaveWindowPlacement(ports_.settings, window, screens_);
 }
 
-WindowChange ReminderSession::SendToTray() {
-  return WindowChange::kMinimize;
+WindowChange ReminderSession::SendToTray() const {
+  return inTray_ ? WindowChange::kNone : WindowChange::kMinimize;
 }
 
 WindowChange ReminderSession::Restore() {

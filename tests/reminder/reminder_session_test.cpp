@@ -212,6 +212,7 @@ TEST(Tray, TakesAMinimizedWindowAndSavesNoPlacement) {
   EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
   EXPECT_TRUE(desk.area.isShown);
   EXPECT_TRUE(desk.session.tIcon().Visible());
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kNone);
   EXPECT_EQ(desk.area.calls.back().tooltip,
             "For \"always on\" computers,\r\nTidewarden reminders pop up each day.");
   EXPECT_EQ(desk.settings.writes, 0);
