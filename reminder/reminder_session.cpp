@@ -214,8 +214,8 @@ void ReminderSession::SurfaceReleased(const WindowPlacement& window) {
   SaveWindowPlacement(ports_.settings, window, screens_);
 }
 
-WindowChange ReminderSession::SendToTray() {
-  return WindowChange::kMinimize;
+WindowChange ReminderSession::SendToTray() const {
+  return inTray_ ? WindowChange::kNone : WindowChange::kMinimize;
 }
 
 WindowChange ReminderSession::Restore() {
@@ -315,6 +315,8 @@ WindowChange ReminderSession::ChangeTarget(Status (*change)(FileSystem&, const s
     ports_.messages.Show("The events file could not be changed:\n" + EventsFilePath(),
                          MessageButtons::kOk, MessageIcon::kExclamation);
   }
+  // An editor that stands minimized or beside this window would go on with the old rows.
+  if (status.ok() && ports_.editor.IsLoaded()) ports_.editor.Reload();
   return Rebuild();
 }
 

@@ -122,8 +122,8 @@ class ReminderSession {
   // The mouse was released over the bare window.
   void SurfaceReleased(const WindowPlacement& window);
 
-  // Into the notification area, by the button `cmdTray`.
-  [[nodiscard]] WindowChange SendToTray();
+  // Into the notification area, by the button `cmdTray`. Nothing when the window is there already.
+  [[nodiscard]] WindowChange SendToTray() const;
 
   // A click on the icon in the notification area, and the editor's return.
   [[nodiscard]] WindowChange Restore();

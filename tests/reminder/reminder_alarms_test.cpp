@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 
 #include "reminder/reminder_session.h"
@@ -87,7 +88,9 @@ TEST(SessionAlarms, WaitForTheEndOfABuildButNotForAnotherMessage) {
   building.Start();
   building.files.files.clear();
   building.messages.whileOpen = [&] {
+    const int rests = building.sound.rests;
     static_cast<void>(building.TickAt(2014, 12, 22, 15, 30));
+    EXPECT_EQ(building.sound.rests, rests) << "no tick reaches the alarms";
     building.files.files[kSessionPath] = kDentist;
   };
   building.SetNow(2014, 12, 22, 15, 29);

@@ -202,6 +202,23 @@ TEST(Delete, MayEndTheProgram) {
   EXPECT_EQ(desk.session.DeleteThis(), WindowChange::kEnd);
 }
 
+TEST(Delete, ALoadedEditorSeesTheFileAsItIsNow) {
+  for (const bool hides : {true, false}) {
+    SessionDesk desk(kChristmas);
+    desk.Start();
+    desk.editor.loaded = true;
+    desk.MenuOn("Christmas");
+    EXPECT_EQ(hides ? desk.session.HideThis() : desk.session.DeleteThis(), WindowChange::kNone);
+    EXPECT_EQ(desk.editor.reloads, 1);
+    EXPECT_EQ(desk.session.builds(), 2);
+  }
+  SessionDesk desk(kChristmas);
+  desk.Start();
+  desk.MenuOn("Christmas");
+  EXPECT_EQ(desk.session.DeleteThis(), WindowChange::kNone);
+  EXPECT_EQ(desk.editor.reloads, 0) << "none is loaded";
+}
+
 // ---- A file that has changed since the list was built.
 
 struct StaleCase {

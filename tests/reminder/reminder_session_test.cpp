@@ -1,11 +1,11 @@
-// The life of the reminder window after its start: new days, the notification area, the editor,
-// alarms, and closing.
+// The life of the reminder window after its start: new days, the notification area, and closing.
 #include "reminder/reminder_session.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,9 +15,7 @@
 namespace tidewarden::test {
 namespace {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 const std::string kChristmas = "12.25,Christmas,14,yearly\r\n";
@@ -214,6 +212,7 @@ TEST(Tray, TakesAMinimizedWindowAndSavesNoPlacement) {
   EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
   EXPECT_TRUE(desk.area.isShown);
   EXPECT_TRUE(desk.session.tIcon().Visible());
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kNone);
   EXPECT_EQ(desk.area.calls.back().tooltip,
             "For \"always on\" computers,\r\nTidewarden reminders pop up each day.");
   EXPECT_EQ(desk.settings.writes, 0);
@@ -335,131 +334,6 @@ TEST(WindowStates, AReleaseOverTheBareWindowSavesItsPlace) {
       desk.Logged("set"),
       ElementsAre("set Settings/Maximized=False", "set Settings/Left=1500", "set Settings/Top=3000",
                   "set Settings/Width=6000", "set Settings/Height=4500"));
-}
-
-// ---- The editor.
-
-TEST(Editor, OpensAfterThePlacementIsSavedAndHidesTheWindow) {
-  SessionDesk desk(kChristmas);
-  desk.Start();
-  EXPECT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
-  EXPECT_THAT(desk.log, ElementsAre("set Settings/Maximized=False", "set Settings/Left=1500",
-                                    "set Settings/Top=3000", "set Settings/Width=6000",
-                                    "set Settings/Height=4500", "editor opens"));
-  EXPECT_EQ(desk.editor.request(), std::pair(-1L, false));
-  // A hidden window that calls itself minimized is not in the tray.
-  EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kNone);
-  EXPECT_FALSE(desk.area.isShown);
-
-  desk.files.files[kSessionPath] += "12.26,Boxing Day,14,yearly\r\n";
-  desk.editor.loaded = false;
-  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
-  EXPECT_NE(desk.RowWith("Boxing Day"), ReminderSession::kNoRow);
-  EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
-}
-
-TEST(Editor, EveryWayOfOpeningSetsBothRequests) {
-  SessionDesk desk("hello\r\n" + kChristmas + "12.20,Pay rent,7,tdo2014\r\n");
-  desk.Start();
-  const auto open = [&](std::string_view text) {
-    desk.session.SelectRow(desk.RowWith(text));
-    return desk.session.DoubleClick(desk.here);
-  };
-  EXPECT_EQ(open("<TODAY>"), WindowChange::kHide);
-  EXPECT_EQ(desk.editor.request(), std::pair(-1L, true));
-  EXPECT_EQ(open("Christmas"), WindowChange::kHide);
-  EXPECT_EQ(desk.editor.request(), std::pair(1L, false));
-  EXPECT_EQ(open("<TODAY>"), WindowChange::kHide);
-  EXPECT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
-  EXPECT_EQ(desk.editor.request(), std::pair(-1L, false));
-  desk.MenuOn("Pay rent");
-  EXPECT_EQ(desk.session.EditEvent(desk.here), WindowChange::kHide);
-  EXPECT_EQ(desk.editor.request(), std::pair(2L, false));
-  EXPECT_EQ(desk.editor.requests.size(), 5U);
-}
-
-TEST(Editor, TheTodayLineIsKnownInAnyLetterCase) {
-  SessionDesk desk(kChristmas);
-  desk.Set("Options", "CapitalizeTodaysEvents", "False");
-  desk.Set("Options", "ShowDayOfWeek", "True");
-  desk.Start();
-  desk.session.SelectRow(desk.RowWith("   <Today is Monday>"));
-  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kHide);
-  EXPECT_EQ(desk.editor.request(), std::pair(-1L, true));
-}
-
-TEST(Editor, WithoutASelectedRowADoubleClickDoesNothing) {
-  SessionDesk desk(kChristmas);
-  desk.Start();
-  for (const int row : {ReminderSession::kNoRow, 2, 99}) {
-    desk.session.SelectRow(row);
-    EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kNone);
-  }
-  EXPECT_THAT(desk.editor.requests, IsEmpty());
-  EXPECT_THAT(desk.log, IsEmpty());
-}
-
-TEST(Editor, ARebuildSelectsNothing) {
-  SessionDesk desk(kChristmas);
-  desk.Start();
-  desk.session.SelectRow(1);
-  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
-  EXPECT_EQ(desk.session.selectedRow(), ReminderSession::kNoRow);
-  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kNone);
-}
-
-TEST(Editor, AnEventThatHasMovedInTheFileIsOpenedWhereItIsNow) {
-  SessionDesk desk(kChristmas + "12.26,Boxing Day,14,yearly\r\n");
-  desk.Start();
-  desk.session.SelectRow(desk.RowWith("Boxing Day"));
-  desk.files.files[kSessionPath] = "12.24,New,14,yearly\n" + desk.file();
-  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kHide);
-  EXPECT_EQ(desk.editor.request(), std::pair(2L, false));
-}
-
-TEST(Editor, AnEventThatIsGoneIsNotOpenedButTheListIsBuiltAnew) {
-  SessionDesk desk(kChristmas);
-  desk.Start();
-  desk.session.SelectRow(desk.RowWith("Christmas"));
-  desk.files.files[kSessionPath] = "12.24,New,14,yearly\r\n";
-  EXPECT_EQ(desk.session.DoubleClick(desk.here), WindowChange::kNone);
-  EXPECT_THAT(desk.editor.requests, IsEmpty());
-  EXPECT_EQ(desk.session.builds(), 2);
-  EXPECT_NE(desk.RowWith("New"), ReminderSession::kNoRow);
-}
-
-TEST(Editor, WhereItCannotBeShownTheWindowStays) {
-  SessionDesk desk(kChristmas);
-  desk.editor.canBeShown = false;
-  desk.Start();
-  EXPECT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kNone);
-  EXPECT_EQ(desk.editor.requests.size(), 1U);
-  EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
-}
-
-TEST(Editor, WhileItIsLoadedABuildLeavesTheFileAndTheProgramAlone) {
-  SessionDesk desk(kChristmas);
-  desk.Set("Options", "ShowOnlyIfEventsInRange", "True");
-  desk.Start();
-  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
-  desk.editor.entryUnderWay = true;
-  const std::string events = "12.21,Gone,7,one2014\r\n12.20,Over,1,yearly*\r\n";
-  desk.files.files[kSessionPath] = events;
-  EXPECT_EQ(desk.TickAt(2014, 12, 23, 0, 0), WindowChange::kNone);
-  EXPECT_EQ(desk.session.builds(), 2);
-  EXPECT_EQ(desk.file(), events);
-  EXPECT_EQ(desk.files.CountCalls("stage"), 0);
-  EXPECT_THAT(desk.List(), ElementsAre("12/23/2014   <TODAY>"));
-  // A minimized editor hands back too, and stays loaded.
-  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
-  EXPECT_EQ(desk.file(), events);
-
-  desk.editor.loaded = false;
-  desk.shiftKey.down = true;
-  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
-  EXPECT_EQ(desk.file(), "12.20,Over,1,yearly\r\n");
-  desk.shiftKey.down = false;
-  EXPECT_EQ(desk.session.Restore(), WindowChange::kEnd);
 }
 
 // ---- Closing.

@@ -210,9 +210,9 @@ TEST(ReminderStart, EventsGoToTheUsersFolderWhereTheProgramsTakesNoFiles) {
 TEST(ReminderStart, AFileThatIsNamedByTheCallerLeavesThePathAlone) {
   SessionDesk desk;
   desk.Set("Settings", "Path", "mydates");
-  desk.files.files["/tmp/other"] = "12.25,Christmas,14,yearly\r\n";
-  EXPECT_EQ(desk.session.Load(desk.screens, "/tmp/other"), WindowChange::kNone);
-  EXPECT_EQ(desk.session.EventsFilePath(), "/tmp/other");
+  desk.files.files["/home/ann/other"] = "12.25,Christmas,14,yearly\r\n";
+  EXPECT_EQ(desk.session.Load(desk.screens, "/home/ann/other"), WindowChange::kNone);
+  EXPECT_EQ(desk.session.EventsFilePath(), "/home/ann/other");
   EXPECT_EQ(desk.Stored("Path"), "mydates");
   EXPECT_EQ(desk.List().size(), 2U);
 }

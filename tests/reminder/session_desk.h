@@ -172,7 +172,7 @@ class LoggedRandom : public MemoryRandomNumbers {
   Log& log_;
 };
 
-// "editor opens", "editor closes". Where it cannot be shown it stays unloaded.
+// "editor opens", "editor reloads", "editor closes". Where it cannot be shown it stays unloaded.
 class LoggedEditor : public MemoryEditorWindow {
  public:
   explicit LoggedEditor(Log& log) : log_(log) {}
@@ -183,6 +183,10 @@ class LoggedEditor : public MemoryEditorWindow {
     log_.emplace_back("editor opens");
     MemoryEditorWindow::Open(request);
     loaded = canBeShown;
+  }
+  void Reload() override {
+    log_.emplace_back("editor reloads");
+    MemoryEditorWindow::Reload();
   }
   void Unload() override {
     log_.emplace_back("editor closes");
