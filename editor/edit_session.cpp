@@ -1,13 +1,11 @@
 #include "editor/edit_session.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 #include "core/events_file.h"
 #include "core/settings_keys.h"
 #include "dates/text.h"
-#include "editor/event_checks.h"
 #include "editor/event_list.h"
 #include "editor/events_writer.h"
 #include "editor/observances.h"
@@ -32,19 +30,7 @@ void Run(const std::function<void()>& hook) {
   if (hook) hook();
 }
 
-std::optional<TodayCase> TodayRowWanted(SettingsStore& settings) {
-  const bool capitals = isNotFalse(Get(settings, settings::kCapitalizeTodaysEvents));
-  if (!isNotFalse(Get(settings, settings::kListTodayWithEvents))) return std::nullopt;
-  return capitals ? TodayCase::kCapitals : TodayCase::kSmall;
-}
-
 }  // namespace
-
-// A row that comes, a row that goes, or both.
-struct EditSession::Change {
-  std::optional<EventRow> added;
-  bool removesSelected = false;
-};
 
 EditSession::EditSession(EditPorts ports, EditorHooks hooks, RegionalDateFormat format,
                          EditorSetup setup)
@@ -83,6 +69,10 @@ TwipsRectangle EditSession::Load(const std::vector<TwipsRectangle>& screens) {
   isLoaded_ = true;
   warned_ = false;
   entry_ = EventEntry(format_);
+  // The window is shown before the events are read, and shows none of an earlier opening.
+  List1_.clear();
+  EditorLineMap_.clear();
+  ++listVersion_;
   List1Tag_.reset();
   SelectedRowText_.clear();
   random_ = setup_.seed + static_cast<std::uint64_t>(DayCount{now.date}.time_since_epoch().count());
@@ -122,7 +112,7 @@ void EditSession::Closed(const std::optional<EditorPlace>& place, EditorClosing 
   if (why == EditorClosing::kReturnToReminders) Run(hooks_.showReminder);
 }
 
-void EditSession::LeftNormalState() {
+void EditSession::LeftNormalState() const {
   Run(hooks_.showReminder);
 }
 
@@ -149,7 +139,7 @@ void EditSession::LoadEventLines(CivilDate today) {
 }
 
 void EditSession::FillEventList(std::string content, CivilDate today) {
-  const auto todayRow = TodayRowWanted(ports_.settings);
+  const auto todayRow = TodayRowWanted();
   EventList list;
   Status status = ReadEventList(content, format_, today, todayRow,
                                 {RequestedEditLine_, requestedRawLine_}, list);
@@ -160,11 +150,22 @@ void EditSession::FillEventList(std::string content, CivilDate today) {
   content_ = std::move(content);
   rescue_ = list.rescue;
   wantedLine_ = list.wantedLine;
+  settled_ = list.settled;
   List1_ = std::move(list.rows);
+  NumberRows();
+}
+
+void EditSession::NumberRows() {
   EditorLineMap_.clear();
   EditorLineMap_.reserve(List1_.size());
   for (const EventRow& row : List1_) EditorLineMap_.push_back(row.isToday ? kTodayLine : row.line);
   ++listVersion_;
+}
+
+std::optional<TodayCase> EditSession::TodayRowWanted() const {
+  const bool capitals = isNotFalse(Get(ports_.settings, settings::kCapitalizeTodaysEvents));
+  if (!isNotFalse(Get(ports_.settings, settings::kListTodayWithEvents))) return std::nullopt;
+  return capitals ? TodayCase::kCapitals : TodayCase::kSmall;
 }
 
 void EditSession::EnableEventList(bool enable) {
@@ -298,114 +299,6 @@ void EditSession::DrawDonateGlyph() {
   mixed = (mixed ^ (mixed >> 27U)) * 0x94D049BB133111EB;
   mixed ^= mixed >> 31U;
   cmdDonate_.caption = std::string(1, static_cast<char>('0' + mixed % kDonateGlyphs));
-}
-
-// --- Saving and deleting.
-
-void EditSession::Save() {
-  if (!isEntryUnderWay()) return;
-  const CivilDate today = ports_.clock.Now().date;
-  EventChecks checks(entry_, ports_.messages, format_, today, warned_);
-  auto event = checks.Run();
-  focus_ = checks.focus();
-  if (!event) return;
-  const bool isEdit = entry_.mode() == EntryMode::kEdit;
-  if (!WriteChange({std::move(event->row), isEdit}, today)) return;
-  modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastAdvanceNoticeValue,
-                         entry_.row().txtAdvanceInput.text);
-  modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastOccursIndex,
-                         std::to_string(entry_.occursIndex()));
-  FindEventRowByTitle(event->title);
-  Cancel();
-}
-
-void EditSession::Delete() {
-  if (entry_.mode() != EntryMode::kEdit) return;
-  const std::string title(Trim(Characters(SelectedRowText_, 7, 44)));
-  const MessageAnswer answer =
-      ports_.messages.Show("Are you sure you want to delete the event \"" + title + "\"???",
-                           MessageButtons::kYesNo, MessageIcon::kNone);
-  if (answer == MessageAnswer::kYes &&
-      !WriteChange({std::nullopt, true}, ports_.clock.Now().date)) {
-    return;
-  }
-  Cancel();
-}
-
-// The row that is being edited, among rows that may have been read afresh.
-std::optional<std::size_t> EditSession::FindSelectedRow(const std::vector<EventRow>& rows) const {
-  const auto isSelected = [&](const EventRow& row) { return row.text == SelectedRowText_; };
-  const auto tag = static_cast<std::size_t>(List1Tag_.value_or(0));
-  if (tag < rows.size() && isSelected(rows[tag])) return tag;
-  const auto found = std::find_if(rows.begin(), rows.end(), isSelected);
-  if (found == rows.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - rows.begin());
-}
-
-// Applies a change to the file as it now is. False when it could not be written; everything is
-// then as it was.
-bool EditSession::WriteChange(Change change, CivilDate today) {
-  const std::string& path = setup_.eventsFilePath;
-  std::string current;
-  Status status = ReadFile(ports_.files, path, current);
-  // A file that has vanished is written again with all that was in it.
-  const bool exists = status.kind() != StatusKind::kNotFound;
-  if (!exists) {
-    if (!readStatus_.ok()) content_.clear();
-    current = content_;
-    status = Status();
-  }
-  EventList list;
-  if (status.ok() && readStatus_.ok() && current == content_) {
-    list.rows = List1_;
-    list.rescue = rescue_;
-  } else if (status.ok()) {
-    status = ReadEventList(current, format_, today, TodayRowWanted(ports_.settings), {}, list);
-  }
-  if (!status.ok()) {
-    readStatus_ = std::move(status);
-    ShowReadFailure();
-    return false;
-  }
-  if (change.removesSelected) {
-    const auto selected = FindSelectedRow(list.rows);
-    if (selected) list.rows.erase(list.rows.begin() + static_cast<std::ptrdiff_t>(*selected));
-    // Somebody else has deleted the event already.
-    if (!selected && !change.added) {
-      FillAfterWriting(std::move(current), today);
-      return true;
-    }
-  }
-  if (change.added) list.rows.insert(list.rows.begin(), std::move(*change.added));
-  SortEventRows(list.rows);
-
-  std::string content = EventsFileContent(list.rows, format_, current);
-  const int levels = LevelsOfBackup(ports_.settings);
-  const WriteResult result = WriteEventsFile(ports_.files, path, setup_.rescueFolder, levels,
-                                             {current, content, list.rescue, exists});
-  if (!result.status.ok()) {
-    // With backups the user is not told; the entry that stays open says it.
-    if (levels == 0) {
-      ports_.messages.Show("Tidewarden could not save the events file:\n" + result.path + "\n" +
-                               DescribeStatus(result.status),
-                           MessageButtons::kOk, MessageIcon::kNone);
-    }
-    return false;
-  }
-  FillAfterWriting(std::move(content), today);
-  return true;
-}
-
-void EditSession::FillAfterWriting(std::string content, CivilDate today) {
-  readStatus_ = Status();
-  FillEventList(std::move(content), today);
-}
-
-void EditSession::FindEventRowByTitle(std::string_view title) {
-  const auto found = std::find_if(List1_.begin(), List1_.end(), [&](const EventRow& row) {
-    return WithoutFirstCharacters(row.text, kTitleColumn - 1).starts_with(title);
-  });
-  List1Tag_ = static_cast<int>(found - List1_.begin());
 }
 
 void EditSession::ShowReadFailure() {

@@ -88,7 +88,7 @@ class EditSession {
 
   // The window was minimized or maximized, once for each such change: the reminder window comes
   // back; nothing is saved and an entry stays open.
-  void LeftNormalState();
+  void LeftNormalState() const;
 
   // Reads the file again when no entry is under way, for example after the reminder window has
   // changed it. The selected row keeps its index.
@@ -176,7 +176,12 @@ class EditSession {
   [[nodiscard]] const Status& readStatus() const { return readStatus_; }
 
  private:
-  struct Change;
+  // A row that comes, a row that goes, or both.
+  struct Change {
+    std::optional<EventRow> added;
+    bool removesSelected = false;
+    std::optional<std::size_t> removed{};  // where the selected row was found
+  };
 
   void OpenRequested();
   void SetEntryMode(bool on);
@@ -184,7 +189,11 @@ class EditSession {
   void LoadEventLines(CivilDate today);
   void FillEventList(std::string content, CivilDate today);
   void FillAfterWriting(std::string content, CivilDate today);
+  [[nodiscard]] std::optional<TodayCase> TodayRowWanted() const;
+  void NumberRows();
   [[nodiscard]] bool WriteChange(Change change, CivilDate today);
+  [[nodiscard]] bool WriteContent(const EventsChange& change);
+  void ChangeEventList(const Change& change, std::string content, CivilDate today);
   [[nodiscard]] std::optional<std::size_t> FindSelectedRow(const std::vector<EventRow>& rows) const;
   void SelectRequestedEvent();
   [[nodiscard]] bool IsEditableSelection();
@@ -215,6 +224,7 @@ class EditSession {
 
   std::string content_;                    // the file as last read or written
   RescueNeed rescue_ = RescueNeed::kNone;  // of content_
+  bool settled_ = true;                    // whether its rows are read back as they are
   long wantedLine_ = -1;                   // where the requested line was found in content_
   Status readStatus_;
   long RequestedEditLine_ = -1;

@@ -292,10 +292,11 @@ void EventEntry::ReplaceMonthName() {
     const std::string& name = format_.MonthNames[month];
     const auto at = FindIgnoringCase(characters, name);
     if (!at) continue;
-    std::string number = std::to_string(month);
-    number = format_.IsMonthFirst() ? number + "." : "." + number;
-    box.text = Joined(characters, 0, *at) + number +
-               Joined(characters, *at + CountCharacters(name), characters.size());
+    std::string text = Joined(characters, 0, *at);
+    if (!format_.IsMonthFirst()) text += '.';
+    text += std::to_string(month);
+    if (format_.IsMonthFirst()) text += '.';
+    box.text = text + Joined(characters, *at + CountCharacters(name), characters.size());
     return;
   }
 }

@@ -22,7 +22,10 @@ class ListReader : public EventLineVisitor {
   void Visit(long number, std::string_view rawLine, std::string_view text) override {
     LookForWanted(number, rawLine);
     const auto event = ParseEventLine(text, format_, currentYear_);
-    if (event) out_.rows.push_back(MakeRow(*event, number, format_));
+    if (event) {
+      out_.rows.push_back(MakeRow(*event, number, format_));
+      out_.settled = out_.settled && IsSettled(*event);
+    }
     if (Drops(event, text)) out_.rescue = RescueNeed::kDropsSomething;
   }
 
@@ -41,6 +44,11 @@ class ListReader : public EventLineVisitor {
       out_.wantedLine = number;
       ++same_;
     }
+  }
+
+  [[nodiscard]] bool IsSettled(const EventRecord& event) const {
+    if (event.EventTitle.starts_with(' ')) return false;
+    return format_.IsMonthFirst() || event.dateField.isFeast || event.EventDateAsStored[2] == '.';
   }
 
   static bool Drops(const std::optional<EventRecord>& event, std::string_view text) {

@@ -25,6 +25,9 @@ struct EventList {
   // Whether the file holds something that the rows do not: a rejected line that is not blank, the
   // mark of a hidden event, the end of a title beyond 38 characters.
   RescueNeed rescue = RescueNeed::kNone;
+  // Whether every row would be read back as it is from the line that it is written as. Not so for
+  // a title that begins with a blank, which is not written.
+  bool settled = true;
   // Where the wanted line is now: the line itself while its bytes are the same, else the one other
   // line with these bytes, else -1.
   long wantedLine = -1;

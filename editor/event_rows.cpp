@@ -64,6 +64,24 @@ void AppendHalf(std::string& out, int value) {
   }
 }
 
+std::string JoinedHalves(int first, int second) {
+  std::string date;
+  AppendHalf(date, first);
+  date += '.';
+  AppendHalf(date, second);
+  return date;
+}
+
+// The days of notice at the start of their cells; "(always)" gives 0.
+int AdvanceOf(std::string_view cells) {
+  int value = 0;
+  for (const char c : Trim(cells)) {
+    if (c < '0' || c > '9') break;
+    value = 10 * value + (c - '0');
+  }
+  return value;
+}
+
 }  // namespace
 
 std::string_view Characters(std::string_view row, std::size_t from, std::size_t to) {
@@ -80,14 +98,26 @@ RowCells CellsOf(std::string_view row) {
 
 RowFields FieldsOf(std::string_view row) {
   RowFields fields;
-  fields.date = FirstCharacters(row, kDateLength);
-  fields.title = Trim(Characters(row, kTitleColumn - 1, kAdvanceColumn - 2));
-  fields.advance =
-      static_cast<int>(LeadingNumber(Characters(row, kAdvanceColumn, kAdvanceColumn + 2)));
+  const bool ascii = IsAscii(row);
+  const std::size_t length = ascii ? row.size() : CountCharacters(row);
+  if (ascii && length >= kOccursColumn) {
+    // Characters are bytes, as in most rows.
+    fields.date = row.substr(0, kDateLength);
+    fields.title = Trim(row.substr(kTitleColumn - 2, kTitleCells));
+    fields.advance = AdvanceOf(row.substr(kAdvanceColumn - 1, 3));
+  } else {
+    fields.date = FirstCharacters(row, kDateLength);
+    fields.title = Trim(Characters(row, kTitleColumn - 1, kAdvanceColumn - 2));
+    fields.advance = AdvanceOf(Characters(row, kAdvanceColumn, kAdvanceColumn + 2));
+  }
   // A code longer than the usual ones is kept whole.
-  const bool usual = CountCharacters(row) <= kUsualRowLength;
-  fields.occurs = Trim(usual ? LastCharacters(row, kUsualCodeLength)
-                             : WithoutFirstCharacters(row, kOccursColumn - 1));
+  if (length > kUsualRowLength) {
+    fields.occurs = Trim(WithoutFirstCharacters(row, kOccursColumn - 1));
+  } else {
+    fields.occurs =
+        Trim(ascii && length >= kUsualCodeLength ? row.substr(length - kUsualCodeLength)
+                                                 : LastCharacters(row, kUsualCodeLength));
+  }
   return fields;
 }
 
@@ -101,15 +131,12 @@ std::string_view EditorDatePatternOf(const RegionalDateFormat& format) {
 }
 
 std::string StoredDate(int month, int day) {
-  std::string date;
-  AppendHalf(date, month);
-  date += '.';
-  AppendHalf(date, day);
-  return date;
+  return JoinedHalves(month, day);
 }
 
 std::string ShownDate(int month, int day, const RegionalDateFormat& format) {
-  return format.IsMonthFirst() ? StoredDate(month, day) : StoredDate(day, month);
+  const bool monthFirst = format.IsMonthFirst();
+  return JoinedHalves(monthFirst ? month : day, monthFirst ? day : month);
 }
 
 std::string SwapForRow(std::string_view date, const RegionalDateFormat& format) {
@@ -154,6 +181,11 @@ EventRow MakeTodayRow(CivilDate today, TodayCase letters, const RegionalDateForm
   return row;
 }
 
+std::size_t PlaceFor(const std::vector<EventRow>& rows, const EventRow& row) {
+  return static_cast<std::size_t>(std::lower_bound(rows.begin(), rows.end(), row, ComesBefore) -
+                                  rows.begin());
+}
+
 void SortEventRows(std::vector<EventRow>& rows) {
   // The editor writes the file in this order, so mostly nothing is to be done.
   if (!std::is_sorted(rows.begin(), rows.end(), ComesBefore)) {
@@ -161,12 +193,22 @@ void SortEventRows(std::vector<EventRow>& rows) {
   }
 }
 
-std::string EventLineOf(std::string_view row, const RegionalDateFormat& format) {
+void AppendEventLine(std::string& out, std::string_view row, const RegionalDateFormat& format) {
   const RowFields fields = FieldsOf(row);
-  std::string line = SwapForRow(fields.date, format);
-  line.append(",").append(fields.title).append(",");
-  AppendNumber(line, fields.advance);
-  return line.append(",").append(fields.occurs);
+  if (format.IsMonthFirst()) {
+    out += fields.date;
+  } else {
+    out += SwapForRow(fields.date, format);
+  }
+  out.append(",").append(fields.title).append(",");
+  AppendNumber(out, fields.advance);
+  out.append(",").append(fields.occurs);
+}
+
+std::string EventLineOf(std::string_view row, const RegionalDateFormat& format) {
+  std::string line;
+  AppendEventLine(line, row, format);
+  return line;
 }
 
 }  // namespace tidewarden

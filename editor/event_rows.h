@@ -87,6 +87,9 @@ enum class TodayCase { kCapitals, kSmall };
 [[nodiscard]] EventRow MakeTodayRow(CivilDate today, TodayCase letters,
                                     const RegionalDateFormat& format);
 
+// Where a row belongs among sorted rows: before the first one that does not come before it.
+[[nodiscard]] std::size_t PlaceFor(const std::vector<EventRow>& rows, const EventRow& row);
+
 // Sorts rows by key and text, letter case ignored, by code points, "_" before the digits. Equal
 // rows keep their order.
 void SortEventRows(std::vector<EventRow>& rows);
@@ -94,5 +97,6 @@ void SortEventRows(std::vector<EventRow>& rows);
 // The line of a row in the events file, without its end. Fields of an event that the parser
 // accepts give a line that it accepts.
 [[nodiscard]] std::string EventLineOf(std::string_view row, const RegionalDateFormat& format);
+void AppendEventLine(std::string& out, std::string_view row, const RegionalDateFormat& format);
 
 }  // namespace tidewarden

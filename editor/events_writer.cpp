@@ -83,12 +83,19 @@ std::string RescuePath(const std::string& rescueFolder, const std::string& path)
   return (rescueFolder + joint).append(WithoutEnding(name)).append(".rescue.txt");
 }
 
-std::string EventsFileContent(const std::vector<EventRow>& rows, const RegionalDateFormat& format,
+std::string EventsFileContent(const RowsToWrite& events, const RegionalDateFormat& format,
                               std::string_view old) {
   std::string text;
-  for (const EventRow& row : rows) {
-    if (!row.isToday) text.append(EventLineOf(row.text, format)).append(kLineEnd);
+  text.reserve(old.size() + old.size() / 4);
+  const auto append = [&](const EventRow& row) {
+    AppendEventLine(text, row.text, format);
+    text += kLineEnd;
+  };
+  for (std::size_t i = 0; i < events.rows.size(); ++i) {
+    if (events.added != nullptr && i == events.place) append(*events.added);
+    if (!events.rows[i].isToday && i != events.removed) append(events.rows[i]);
   }
+  if (events.added != nullptr && events.place >= events.rows.size()) append(*events.added);
   if (text.empty() || IsAscii(old)) return text;
   if (DetectEncoding(old) == TextEncoding::kUtf8) {
     if (old.starts_with(kByteOrderMark)) text.insert(0, kByteOrderMark);

@@ -5,6 +5,8 @@
 // path without its last four characters, "bk", k and ".txt".
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,10 +29,19 @@ inline constexpr int kMostBackups = 8;
 // named after the events file ("dates.rescue.txt").
 [[nodiscard]] std::string RescuePath(const std::string& rescueFolder, const std::string& path);
 
-// The bytes of a file that holds the rows' events, in their order, as the successor of a file with
+// The events that a file is to hold: those of `rows`, in their order, but for the one at `removed`,
+// and `added` before the row at `place`.
+struct RowsToWrite {
+  const std::vector<EventRow>& rows;
+  std::optional<std::size_t> removed;
+  const EventRow* added = nullptr;
+  std::size_t place = 0;
+};
+
+// The bytes of a file that holds these events, as the successor of a file with
 // the bytes `old`: its encoding and byte-order mark stay, unless a title does not fit into it or
 // the bytes would be read in another one; the file is then UTF-8. No row, no byte.
-[[nodiscard]] std::string EventsFileContent(const std::vector<EventRow>& rows,
+[[nodiscard]] std::string EventsFileContent(const RowsToWrite& events,
                                             const RegionalDateFormat& format, std::string_view old);
 
 // Whether the old bytes hold something that the new ones do not, besides what the user changes.

@@ -369,6 +369,19 @@ TEST(EditSession, OutsideTheNormalStateNoPlaceIsSavedAndTheEntryStays) {
   EXPECT_EQ(desk.settings.At("Edit", "Left"), "-1");
 }
 
+TEST(EditSession, ANewOpeningStartsFromAnEmptyList) {
+  EditDesk desk(kFamily);
+  EditSession& session = desk.Open();
+  session.RowSelected(2);
+  session.Closed(std::nullopt, EditorClosing::kReturnToReminders);
+  static_cast<void>(session.Load({{0, 0, 28800, 16200}}));
+  EXPECT_THAT(desk.List(), IsEmpty());
+  EXPECT_EQ(session.selectedRow(), -1);
+  session.Shown();
+  EXPECT_EQ(desk.List().size(), 5U);
+  EXPECT_EQ(session.selectedRow(), 0);
+}
+
 TEST(EditSession, TheClockIsReadOncePerSave) {
   class Jumping : public Clock {
    public:

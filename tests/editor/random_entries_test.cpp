@@ -13,6 +13,7 @@
 #include "dates/feasts.h"
 #include "dates/text.h"
 #include "editor/event_entry.h"
+#include "editor/event_list.h"
 #include "tests/editor/edit_desk.h"
 
 namespace tidewarden {
@@ -135,6 +136,22 @@ void CheckSaved(const EditDesk& desk, const std::vector<std::string>& others,
   }
 }
 
+// The list is what reading the file gives.
+void CheckList(EditDesk& desk) {
+  EventList list;
+  ASSERT_TRUE(
+      ReadEventList(desk.file(), desk.format, desk.clock.now.date, TodayCase::kCapitals, {}, list)
+          .ok());
+  const auto& rows = desk.session().List1();
+  ASSERT_EQ(rows.size(), list.rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    EXPECT_EQ(rows[i].text, list.rows[i].text);
+    EXPECT_EQ(rows[i].key, list.rows[i].key);
+    EXPECT_EQ(rows[i].isToday, list.rows[i].isToday);
+    EXPECT_EQ(desk.session().EditorLineMap()[i], rows[i].isToday ? kTodayLine : list.rows[i].line);
+  }
+}
+
 void EnterOne(Typist& typist, EditDesk& desk, Outcome& outcome) {
   EditSession& session = desk.session();
   std::vector<std::string> others = LinesOf(kOthers);
@@ -172,6 +189,7 @@ void EnterOne(Typist& typist, EditDesk& desk, Outcome& outcome) {
   } else {
     ++outcome.saved;
     CheckSaved(desk, others, desk.file(), before);
+    CheckList(desk);
     desk.files.files[kEventsPath] = kOthers;
     session.Reload();
   }

@@ -1,11 +1,10 @@
-// What a save and a deletion leave in the file, its backups and the rescue copy.
+// What a save and a deletion leave in the file and its backups.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "core/text_encoding.h"
 #include "editor/events_writer.h"
 #include "tests/editor/edit_desk.h"
 
@@ -14,20 +13,12 @@ namespace {
 
 using test::EditDesk;
 using test::kEventsPath;
-using test::kRescueFolder;
 using test::kRescuePath;
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::StartsWith;
 
 const std::string kTwo = "01.01,New Year,1,yearly\r\n12.25,Christmas,7,yearly\r\n";
-
-std::string Failure(const std::string& path, const std::string& reason) {
-  return "Tidewarden could not save the events file:\n" + path + "\n" + reason;
-}
 
 TEST(Saving, AnAddAnEditAndADeletionRewriteTheFileInOrder) {
   EditDesk desk(kTwo);
@@ -310,259 +301,6 @@ TEST(Saving, ABackupThatCannotBeMadeDoesNotStopTheSave) {
   desk.session().Save();
   EXPECT_THAT(desk.file(), HasSubstr("Summer"));
   EXPECT_FALSE(desk.session().isEntryUnderWay());
-}
-
-// --- Failures.
-
-TEST(Saving, AFailureIsToldAndTheEntryStays) {
-  for (const bool atCommit : {false, true}) {
-    EditDesk desk(kTwo);
-    auto& failures = atCommit ? desk.files.commitFailures : desk.files.writeFailures;
-    EditSession& session = desk.Open();
-    failures[kEventsPath] = StatusKind::kNoSpace;
-    desk.Enter(0, "6.1", "Summer", "14");
-    session.Save();
-    EXPECT_THAT(desk.messages.shown, ElementsAre(Failure(kEventsPath, "the disk is full")));
-    EXPECT_EQ(desk.messages.boxes[0].buttons, MessageButtons::kOk);
-    EXPECT_EQ(desk.messages.boxes[0].icon, MessageIcon::kNone);
-    EXPECT_TRUE(session.isEntryUnderWay());
-    EXPECT_EQ(session.entry().txtEventInput.text, "Summer");
-    EXPECT_EQ(session.List1().size(), 3U);
-    EXPECT_EQ(desk.file(), kTwo);
-    EXPECT_EQ(desk.settings.At("Options", "RememberLastAdvanceNoticeValue"), "(missing)");
-    failures.clear();
-    session.Save();
-    EXPECT_THAT(desk.file(), HasSubstr("06.01,Summer,14,yearly\r\n"));
-  }
-}
-
-TEST(Saving, AFailedEditAndAFailedDeletionKeepTheirRow) {
-  EditDesk desk(kTwo);
-  EditSession& session = desk.Open();
-  desk.files.writeFailures[kEventsPath] = StatusKind::kReadOnly;
-  ASSERT_TRUE(desk.Select("Christmas"));
-  session.Edit();
-  session.EventInputTyped("Xmas");
-  session.Save();
-  EXPECT_TRUE(session.isEntryUnderWay());
-  EXPECT_EQ(session.List1()[2].text.substr(6, 9), "Christmas");
-  desk.messages.answers = {MessageAnswer::kYes};
-  session.Delete();
-  EXPECT_TRUE(session.isEntryUnderWay());
-  EXPECT_EQ(session.List1().size(), 3U);
-  EXPECT_EQ(desk.file(), kTwo);
-  EXPECT_EQ(desk.messages.shown.back(), Failure(kEventsPath, "the disk is read-only"));
-}
-
-TEST(Saving, WithBackupsAFailureIsSilentButTheEntryStays) {
-  EditDesk desk(kTwo);
-  desk.Set("LevelsOfBackup", "3");
-  desk.files.files[BackupPath(kEventsPath, 1)] = "older";
-  EditSession& session = desk.Open();
-  desk.files.writeFailures[kEventsPath] = StatusKind::kNoSpace;
-  desk.Enter(0, "6.1", "Summer");
-  session.Save();
-  EXPECT_THAT(desk.messages.shown, IsEmpty());
-  EXPECT_TRUE(session.isEntryUnderWay());
-  EXPECT_EQ(desk.file(), kTwo);
-  EXPECT_EQ(desk.Backup(1), "older") << "nothing is rotated";
-}
-
-TEST(Saving, NothingIsSavedAfterAFailedReadUntilOneSucceeds) {
-  for (const StatusKind kind : {StatusKind::kNoPermission, StatusKind::kInputOutput}) {
-    EditDesk desk(kTwo);
-    desk.Set("LevelsOfBackup", "3");
-    desk.files.failures[kEventsPath] = kind;
-    EditSession& session = desk.Open();
-    const std::string box = "Tidewarden could not read the events file:\n" + kEventsPath + "\n" +
-                            DescribeStatus(Status(kind));
-    EXPECT_THAT(desk.messages.shown, ElementsAre(box));
-    EXPECT_THAT(desk.List(), ElementsAre("12.22  <TODAY>"));
-    desk.Enter(0, "6.1", "Summer");
-    session.Save();
-    EXPECT_THAT(desk.messages.shown, ElementsAre(box, box));
-    EXPECT_TRUE(session.isEntryUnderWay());
-    EXPECT_EQ(desk.file(), kTwo);
-    desk.files.failures.clear();
-    session.Save();
-    EXPECT_EQ(desk.file(),
-              "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n");
-  }
-}
-
-TEST(Saving, UnreadableTextIsNeverReplaced) {
-  const std::string utf16(
-      "\xFF\xFE"
-      "1\0002\0",
-      6);
-  EditDesk desk(utf16);
-  EditSession& session = desk.Open();
-  EXPECT_THAT(desk.messages.shown, ElementsAre(HasSubstr("UTF-16")));
-  desk.Enter(0, "6.1", "Summer");
-  session.Save();
-  EXPECT_EQ(desk.file(), utf16);
-  EXPECT_TRUE(session.isEntryUnderWay());
-}
-
-TEST(Saving, AFileThatVanishedIsWrittenAgainWithAllItsEvents) {
-  EditDesk desk(kTwo);
-  desk.Set("LevelsOfBackup", "2");
-  desk.files.files[BackupPath(kEventsPath, 1)] = "older";
-  desk.Open();
-  desk.Enter(0, "6.1", "Summer");
-  desk.files.files.erase(kEventsPath);
-  desk.session().Save();
-  EXPECT_EQ(desk.file(),
-            "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n");
-  EXPECT_EQ(desk.Backup(1), "older");
-}
-
-// --- The file has changed meanwhile.
-
-TEST(Saving, ChangesFromOutsideAreKept) {
-  const std::string outside =
-      "01.01,New Year,1,yearly\n07.04,Picnic,3,yearly\n"
-      "12.25,Christmas,7,yearly\n";
-  EditDesk added(kTwo);
-  added.Open();
-  added.Enter(0, "6.1", "Summer");
-  added.files.files[kEventsPath] = outside;
-  added.session().Save();
-  EXPECT_EQ(added.file(),
-            "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n07.04,Picnic,3,yearly\r\n"
-            "12.25,Christmas,7,yearly\r\n");
-  EXPECT_THAT(added.messages.shown, IsEmpty());
-
-  EditDesk edited(kTwo);
-  edited.Open();
-  ASSERT_TRUE(edited.Select("Christmas"));
-  edited.session().Edit();
-  edited.session().EventInputTyped("Xmas");
-  edited.files.files[kEventsPath] = outside;
-  edited.session().Save();
-  EXPECT_EQ(edited.file(),
-            "01.01,New Year,1,yearly\r\n07.04,Picnic,3,yearly\r\n12.25,Xmas,7,yearly\r\n");
-
-  EditDesk deleted(kTwo);
-  deleted.Open();
-  ASSERT_TRUE(deleted.Select("Christmas"));
-  deleted.session().Edit();
-  deleted.files.files[kEventsPath] = outside;
-  deleted.messages.answer = MessageAnswer::kYes;
-  deleted.session().Delete();
-  EXPECT_EQ(deleted.file(), "01.01,New Year,1,yearly\r\n07.04,Picnic,3,yearly\r\n");
-}
-
-TEST(Saving, AnEventThatHasGoneMeanwhileIsAddedByAnEditAndNotMissedByADeletion) {
-  const std::string outside = "07.04,Picnic,3,yearly\n";
-  EditDesk edited(kTwo);
-  edited.Open();
-  ASSERT_TRUE(edited.Select("Christmas"));
-  edited.session().Edit();
-  edited.session().EventInputTyped("Xmas");
-  edited.files.files[kEventsPath] = outside;
-  edited.session().Save();
-  EXPECT_EQ(edited.file(), "07.04,Picnic,3,yearly\r\n12.25,Xmas,7,yearly\r\n");
-
-  EditDesk deleted(kTwo);
-  deleted.Open();
-  ASSERT_TRUE(deleted.Select("Christmas"));
-  deleted.session().Edit();
-  deleted.files.files[kEventsPath] = outside;
-  deleted.messages.answer = MessageAnswer::kYes;
-  deleted.session().Delete();
-  EXPECT_EQ(deleted.file(), outside);
-  EXPECT_EQ(deleted.files.CountCalls("commit"), 0);
-  EXPECT_FALSE(deleted.session().isEntryUnderWay());
-  EXPECT_EQ(deleted.List().size(), 2U) << "the list shows the file as it now is";
-}
-
-// --- Rescue copies.
-
-TEST(Saving, WhateverASaveDropsIsInTheRescueCopy) {
-  const std::string longTitle(45, 'a');
-  struct Case {
-    std::string file;
-    std::string rest;  // of the file after the save, before the new event
-    bool rescued;
-  };
-  for (const Case& c :
-       std::vector<Case>{{"01.01,A,1,yearly*\r\n", "01.01,A,1,yearly\r\n", true},
-                         {"not an event\r\n01.01,A,1,yearly\r\n", "01.01,A,1,yearly\r\n", true},
-                         {"01.01,A,1,dp-2999\r\n", "", true},
-                         {"01.01," + longTitle + ",1,yearly\r\n",
-                          "01.01," + longTitle.substr(0, 38) + ",1,yearly\r\n", true},
-                         {"01.01," + longTitle.substr(0, 38) + "   ,1,yearly\r\n",
-                          "01.01," + longTitle.substr(0, 38) + ",1,yearly\r\n", false},
-                         {"\r\n  \r\n01.01, A ,1,YEARLY\r\n", "01.01,A,1,yearly\r\n", false}}) {
-    SCOPED_TRACE(c.file);
-    EditDesk desk(c.file);
-    desk.Open();
-    desk.Enter(0, "12.31", "New");
-    desk.session().Save();
-    EXPECT_EQ(desk.file(), c.rest + "12.31,New,7,yearly\r\n");
-    EXPECT_EQ(desk.files.files.contains(kRescuePath), c.rescued);
-    if (c.rescued) {
-      EXPECT_EQ(desk.files.files[kRescuePath], c.file);
-    }
-  }
-}
-
-TEST(Saving, WithoutItsRescueCopyASaveDropsNothing) {
-  const std::string file = "not an event\r\n01.01,A,1,yearly\r\n";
-  EditDesk desk(file);
-  desk.files.writeFailures[kRescuePath] = StatusKind::kNoPermission;
-  desk.Open();
-  desk.Enter(0, "12.31", "New");
-  desk.session().Save();
-  EXPECT_EQ(desk.file(), file);
-  EXPECT_TRUE(desk.session().isEntryUnderWay());
-  EXPECT_THAT(desk.messages.shown, ElementsAre(Failure(kRescuePath, "permission denied")));
-}
-
-// --- Encodings.
-
-TEST(Saving, TheEncodingAndTheByteOrderMarkStay) {
-  EditDesk western("01.01,Caf\xE9,1,yearly\r\n");
-  western.Open();
-  western.Enter(0, "12.31", "Réveillon");
-  western.session().Save();
-  EXPECT_EQ(western.file(), "01.01,Caf\xE9,1,yearly\r\n12.31,R\xE9veillon,7,yearly\r\n");
-
-  EditDesk marked(
-      "\xEF\xBB\xBF"
-      "01.01,Café,1,yearly\n");
-  marked.Open();
-  marked.Enter(0, "12.31", "Réveillon");
-  marked.session().Save();
-  EXPECT_EQ(marked.file(),
-            "\xEF\xBB\xBF"
-            "01.01,Café,1,yearly\r\n12.31,Réveillon,7,yearly\r\n");
-
-  EditDesk fresh;
-  fresh.Open();
-  fresh.Enter(0, "12.31", "日本 😀");
-  fresh.session().Save();
-  EXPECT_EQ(fresh.file(), "12.31,日本 😀,7,yearly\r\n");
-}
-
-TEST(Saving, ATitleBeyondWindows1252TurnsTheFileIntoUtf8) {
-  EditDesk desk("01.01,Caf\xE9 \x81,1,yearly\r\n");
-  desk.Open();
-  desk.Enter(0, "12.31", "日本");
-  desk.session().Save();
-  EXPECT_EQ(desk.file(), "01.01,Café \xC2\x81,1,yearly\r\n12.31,日本,7,yearly\r\n");
-}
-
-TEST(Saving, ContentThatWouldBeReadInAnotherEncodingBecomesUtf8) {
-  // The bytes of the remaining title are valid UTF-8 for another text.
-  EditDesk desk("01.01,\xC3\xA9,1,yearly\r\n12.25,Caf\xE9,1,yearly\r\n");
-  desk.Open();
-  ASSERT_TRUE(desk.Select("Caf"));
-  desk.messages.answer = MessageAnswer::kYes;
-  desk.session().PopupDelete();
-  EXPECT_EQ(desk.file(), "01.01,Ã©,1,yearly\r\n");
-  EXPECT_EQ(desk.List()[0].substr(6, 4), "Ã©");
 }
 
 }  // namespace

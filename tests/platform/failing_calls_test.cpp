@@ -335,6 +335,29 @@ TEST_F(FailingCalls, InAnUnwritableFolderNoSpaceIsNoticedBeforeTheOldContentIsTo
             kOld);
 }
 
+TEST_F(FailingCalls, InAnUnwritableFolderAFailedWriteIsTakenBack) {
+  const std::string longer = kOld + kOld + kOld;
+  for (const std::string& content : {longer, std::string("short\r\n")}) {
+    for (const std::string call : {"write", "ftruncate", "fsync", "posix_fallocate"}) {
+      if (call == "posix_fallocate" && content != longer) continue;
+      SCOPED_TRACE(call);
+      WriteBytes(path_, kOld);
+      EXPECT_EQ(InUnprivilegedChild(folder_.path(),
+                                    [&]() -> std::string {
+                                      ::chmod(folder_.path().c_str(), 0500);
+                                      Plan plan{call, call == "write" ? 2 : 1, EIO};
+                                      plan.atMost = 5;
+                                      const InForce inForce(plan);
+                                      const Status status = ReplaceFile(files_, path_, content);
+                                      if (status.ok()) return "no failure";
+                                      return BytesOf(path_);
+                                    }),
+                kOld);
+      ::chmod(folder_.path().c_str(), 0700);
+    }
+  }
+}
+
 // A save finds the file of another one, which is done with it before it can be locked and has
 // begun the next one under the same name. That one is in use and must stay.
 TEST_F(FailingCalls, ASaveNeverTakesTheFileOfAnotherOneThatIsStillGoingOn) {

@@ -1,0 +1,151 @@
+// Saving and deleting: the part of the session that changes the events file.
+#include <algorithm>
+#include <utility>
+
+#include "core/event_line.h"
+#include "core/settings_keys.h"
+#include "dates/text.h"
+#include "editor/edit_session.h"
+#include "editor/event_checks.h"
+#include "editor/event_list.h"
+#include "editor/events_writer.h"
+
+namespace tidewarden {
+
+void EditSession::Save() {
+  if (!isEntryUnderWay()) return;
+  const CivilDate today = ports_.clock.Now().date;
+  EventChecks checks(entry_, ports_.messages, format_, today, warned_);
+  auto event = checks.Run();
+  focus_ = checks.focus();
+  if (!event) return;
+  const bool isEdit = entry_.mode() == EntryMode::kEdit;
+  if (!WriteChange({std::move(event->row), isEdit}, today)) return;
+  modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastAdvanceNoticeValue,
+                         entry_.row().txtAdvanceInput.text);
+  modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastOccursIndex,
+                         std::to_string(entry_.occursIndex()));
+  FindEventRowByTitle(event->title);
+  Cancel();
+}
+
+void EditSession::Delete() {
+  if (entry_.mode() != EntryMode::kEdit) return;
+  const std::string title(Trim(Characters(SelectedRowText_, 7, 44)));
+  const MessageAnswer answer =
+      ports_.messages.Show("Are you sure you want to delete the event \"" + title + "\"???",
+                           MessageButtons::kYesNo, MessageIcon::kNone);
+  if (answer == MessageAnswer::kYes &&
+      !WriteChange({std::nullopt, true}, ports_.clock.Now().date)) {
+    return;
+  }
+  Cancel();
+}
+
+// The row that is being edited, among rows that may have been read afresh.
+std::optional<std::size_t> EditSession::FindSelectedRow(const std::vector<EventRow>& rows) const {
+  const auto isSelected = [&](const EventRow& row) { return row.text == SelectedRowText_; };
+  const auto tag = static_cast<std::size_t>(List1Tag_.value_or(0));
+  if (tag < rows.size() && isSelected(rows[tag])) return tag;
+  const auto found = std::find_if(rows.begin(), rows.end(), isSelected);
+  if (found == rows.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - rows.begin());
+}
+
+// Applies a change to the file as it now is. False when it could not be written; everything is
+// then as it was.
+bool EditSession::WriteChange(Change change, CivilDate today) {
+  const std::string& path = setup_.eventsFilePath;
+  std::string current;
+  Status status = ReadFile(ports_.files, path, current);
+  // A file that has vanished is written again with all that was in it.
+  const bool exists = status.kind() != StatusKind::kNotFound;
+  if (!exists) {
+    if (!readStatus_.ok()) content_.clear();
+    current = content_;
+    status = Status();
+  }
+  const bool unchanged = readStatus_.ok() && current == content_;
+  EventList fresh;
+  if (status.ok() && !unchanged) {
+    status = ReadEventList(current, format_, today, TodayRowWanted(), {}, fresh);
+  }
+  if (!status.ok()) {
+    readStatus_ = std::move(status);
+    ShowReadFailure();
+    return false;
+  }
+  const std::vector<EventRow>& rows = unchanged ? List1_ : fresh.rows;
+  if (change.removesSelected) change.removed = FindSelectedRow(rows);
+  // Somebody else has deleted the event already.
+  if (change.removesSelected && !change.removed && !change.added) {
+    FillAfterWriting(std::move(current), today);
+    return true;
+  }
+  RowsToWrite events{rows, change.removed};
+  if (change.added) {
+    events.added = &*change.added;
+    events.place = PlaceFor(rows, *change.added);
+  }
+  std::string content = EventsFileContent(events, format_, current);
+  const RescueNeed rescue = unchanged ? rescue_ : fresh.rescue;
+  if (!WriteContent({current, content, rescue, exists})) return false;
+  if (unchanged && settled_) {
+    ChangeEventList(change, std::move(content), today);
+  } else {
+    FillAfterWriting(std::move(content), today);
+  }
+  return true;
+}
+
+bool EditSession::WriteContent(const EventsChange& change) {
+  const int levels = LevelsOfBackup(ports_.settings);
+  const WriteResult result =
+      WriteEventsFile(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, levels, change);
+  // With backups the user is not told; the entry that stays open says it.
+  if (!result.status.ok() && levels == 0) {
+    ports_.messages.Show("Tidewarden could not save the events file:\n" + result.path + "\n" +
+                             DescribeStatus(result.status),
+                         MessageButtons::kOk, MessageIcon::kNone);
+  }
+  return result.status.ok();
+}
+
+// Shows what reading the file again would show, without reading it: all rows but the changed one
+// are as they were, and their lines follow each other.
+void EditSession::ChangeEventList(const Change& change, std::string content, CivilDate today) {
+  if (change.removed) List1_.erase(List1_.begin() + static_cast<std::ptrdiff_t>(*change.removed));
+  std::erase_if(List1_, [](const EventRow& row) { return row.isToday; });
+  const auto insert = [&](EventRow row) {
+    const auto place = static_cast<std::ptrdiff_t>(PlaceFor(List1_, row));
+    List1_.insert(List1_.begin() + place, std::move(row));
+  };
+  if (change.added) {
+    const std::string line = EventLineOf(change.added->text, format_);
+    const auto event = ParseEventLine(line, format_, YearOf(today));
+    insert(event ? MakeRow(*event, 0, format_) : *change.added);
+  }
+  long number = 0;
+  for (EventRow& row : List1_) row.line = number++;
+  if (const auto todayRow = TodayRowWanted()) {
+    insert(MakeTodayRow(today, *todayRow, format_));
+  }
+  content_ = std::move(content);
+  rescue_ = RescueNeed::kNone;
+  wantedLine_ = -1;
+  NumberRows();
+}
+
+void EditSession::FillAfterWriting(std::string content, CivilDate today) {
+  readStatus_ = Status();
+  FillEventList(std::move(content), today);
+}
+
+void EditSession::FindEventRowByTitle(std::string_view title) {
+  const auto found = std::find_if(List1_.begin(), List1_.end(), [&](const EventRow& row) {
+    return WithoutFirstCharacters(row.text, kTitleColumn - 1).starts_with(title);
+  });
+  List1Tag_ = static_cast<int>(found - List1_.begin());
+}
+
+}  // namespace tidewarden
