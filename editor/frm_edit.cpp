@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QTimer>
 #include <functional>
 #include <utility>
 
@@ -154,7 +155,7 @@ void frmEdit::changeEvent(QEvent* event) {
   const auto handBack = [this] {
     if (session_.isLoaded()) Act(&EditSession::LeftNormalState);
   };
-  QMetaObject::invokeMethod(this, handBack, Qt::QueuedConnection);
+  QTimer::singleShot(0, this, handBack);
 }
 
 void frmEdit::resizeEvent(QResizeEvent* event) {
