@@ -150,11 +150,7 @@ void frmEdit::changeEvent(QEvent* event) {
   phase_ = CurrentPhase();
   if (phase_ == Phase::kNormal) LayOut();
   if (phase_ == Phase::kNormal || !session_.isLoaded()) return;
-  // The reminder window cannot well take the place of this one while its state is being changed.
-  const auto handBack = [this] {
-    if (session_.isLoaded()) Act(&EditSession::LeftNormalState);
-  };
-  QMetaObject::invokeMethod(this, handBack, Qt::QueuedConnection);
+  Q_EMIT LeftNormalState();
 }
 
 void frmEdit::resizeEvent(QResizeEvent* event) {
@@ -180,6 +176,11 @@ void frmEdit::ConnectButtons() {
   onClick(cmdHiddenDonate, &EditSession::HiddenDonate);
   onClick(cmdHiddenSave, &EditSession::HiddenSave);
   connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
+  // Later, because the reminder window cannot well come up while the state of this one changes.
+  const auto handBack = [this] {
+    if (session_.isLoaded()) Act(&EditSession::LeftNormalState);
+  };
+  connect(this, &frmEdit::LeftNormalState, this, handBack, Qt::QueuedConnection);
 }
 
 void frmEdit::ConnectList() {

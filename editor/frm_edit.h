@@ -48,6 +48,10 @@ class frmEdit : public QWidget {
   // The place to save; nothing unless the window is in its normal state.
   [[nodiscard]] std::optional<EditorPlace> PlaceToSave() const;
 
+ Q_SIGNALS:
+  // The window has been minimized or maximized.
+  void LeftNormalState();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -88,6 +88,7 @@ void EventColumnsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
   painter->setFont(font_);
   painter->setPen(TextColour(option));
   const std::array<QString, 4> texts = CellTexts(index);
+  // What is wider than its column is cut at its edge.
   for (std::size_t i = 0; i < texts.size(); ++i) {
     QRectF cell(option.rect);
     cell.setLeft(option.rect.left() + ColumnLeft(kStarts.at(i), font_));
@@ -95,7 +96,6 @@ void EventColumnsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
       // The blank between two columns stays free.
       cell.setRight(option.rect.left() + ColumnLeft(kStarts.at(i + 1) - 1, font_));
     }
-    painter->setClipRect(cell);
     painter->drawText(cell, kCellAlignment, texts.at(i));
   }
   painter->restore();

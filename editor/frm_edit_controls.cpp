@@ -267,7 +267,7 @@ void frmEdit::LayOutEntryRow(const EditorTops& tops) {
   PlaceAt(lblPopularObservances, 7740, tops.titleRow, 1155, 2 * kLabelHeight);
 
   const DateInputPlace& date = session_.entry().datePlace;
-  const std::size_t maxLength = static_cast<std::size_t>(session_.entry().txtDateInput.maxLength);
+  const auto maxLength = static_cast<std::size_t>(session_.entry().txtDateInput.maxLength);
   // A little wider than it has to be for a day and a month, around the same centre.
   constexpr int kWiderForDayAndMonth = 240;
   const int wider = maxLength == kDateLength ? kWiderForDayAndMonth : 0;

@@ -192,7 +192,7 @@ void FrmReminderMenuTest::opensByKeyForTheSelectedRow() {
   const int row = RowWith(*desk.window, "Christmas");
   desk.Click(PlaceOf(*desk.window, row));
   QTest::keyClick(ListOf(*desk.window), static_cast<Qt::Key>(key),
-                  Qt::KeyboardModifiers::fromInt(modifiers));
+                  Qt::KeyboardModifiers(QFlag(modifiers)));
   QVERIFY(desk.menu()->isVisible());
   QCOMPARE(desk.Shown(), Names(kAll));
   QCOMPARE(desk.world.session.selectedRow(), row);
