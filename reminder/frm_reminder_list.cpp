@@ -81,6 +81,8 @@ void ReminderListView::resizeEvent(QResizeEvent* event) {
   if (horizontalScrollBarPolicy() != policy) {
     setHorizontalScrollBarPolicy(policy);
     setTextElideMode(hasRoom ? Qt::ElideNone : Qt::ElideRight);
+    // Without the bar nobody asks how wide the rows are, and only the shown ones are measured.
+    setUniformItemSizes(!hasRoom);
     scheduleDelayedItemsLayout();
   }
   QListView::resizeEvent(event);
