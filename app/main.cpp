@@ -71,11 +71,7 @@ class Desktop {
     if (OnlyPicture()) return Grab(window);
 
     TrayIcon& icon = session_.tIcon();
-    // Once the list is on the screen: the icon in all its sizes would hold it up.
-    QTimer::singleShot(100, &window, [this, &icon] {
-      QApplication::setWindowIcon(ProgramIcon());
-      icon.Icon(area_.AddIcon(QApplication::windowIcon()));
-    });
+    icon.Icon(area_.AddIcon(QApplication::windowIcon()));
     icon.MouseUp = [&window](TrayButton /*button*/) { window.RestoreFromTray(); };
     area_.Mouse = [&icon](IconMouseMessage message) {
       icon.HandleCallback(static_cast<double>(message), 1);
@@ -139,6 +135,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));
   // The reminder window may be in the notification area while another one closes.
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ProgramIcon());
   Arguments arguments;
   if (const auto code = ReadArguments(app, arguments)) return *code;
   return Desktop(arguments).Run();

@@ -76,6 +76,7 @@ class frmReminder : public QWidget {
   QPlainTextEdit* txtDailyQuote;
   QTimer* tmrAlarm;
   QTimer* tmrMinute;  // ticks just after each full minute
+  QTimer* tmrFrame;   // some window managers give another frame just after another state
 
   QMenu* mnuPop;
   QAction* mnuHideThis;
