@@ -42,6 +42,7 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       tmrAlarm(new QTimer(this)),
       tmrMinute(new QTimer(this)),
       tmrFrame(new QTimer(this)),
+      tmrState(new QTimer(this)),
       mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
   MakeControls();
@@ -87,6 +88,8 @@ void frmReminder::MakeControls() {
   tmrMinute->setObjectName(QStringLiteral("tmrMinute"));
   tmrMinute->setTimerType(Qt::PreciseTimer);
   tmrMinute->setSingleShot(true);
+  tmrState->setObjectName(QStringLiteral("tmrState"));
+  tmrState->setSingleShot(true);
   tmrFrame->setObjectName(QStringLiteral("tmrFrame"));
   tmrFrame->setInterval(kFrameMilliseconds);
   tmrFrame->setSingleShot(true);
@@ -134,6 +137,7 @@ void frmReminder::Connect() {
     Apply(session_.Tick(State()));
     tmrMinute->start(session_.untilNextMinute());
   });
+  connect(tmrState, &QTimer::timeout, this, [this] { Apply(session_.StateChanged(State())); });
   connect(tmrFrame, &QTimer::timeout, this, [this] {
     if (State() == WindowState::kNormal) Place();
   });
@@ -302,8 +306,7 @@ void frmReminder::resizeEvent(QResizeEvent* event) {
 void frmReminder::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange) return;
-  // A window cannot hide itself while its state is being changed.
-  QTimer::singleShot(0, this, [this] { Apply(session_.StateChanged(State())); });
+  tmrState->start();
 }
 
 void frmReminder::mouseReleaseEvent(QMouseEvent* event) {

@@ -77,6 +77,7 @@ class frmReminder : public QWidget {
   QTimer* tmrAlarm;
   QTimer* tmrMinute;  // ticks just after each full minute
   QTimer* tmrFrame;   // some window managers give another frame just after another state
+  QTimer* tmrState;   // a window cannot hide itself while its state is being changed
 
   QMenu* mnuPop;
   QAction* mnuHideThis;
