@@ -43,6 +43,7 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       tmrMinute(new QTimer(this)),
       tmrFrame(new QTimer(this)),
       tmrState(new QTimer(this)),
+      tmrShown(new QTimer(this)),
       mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
   MakeControls();
@@ -90,6 +91,8 @@ void frmReminder::MakeControls() {
   tmrMinute->setSingleShot(true);
   tmrState->setObjectName(QStringLiteral("tmrState"));
   tmrState->setSingleShot(true);
+  tmrShown->setObjectName(QStringLiteral("tmrShown"));
+  tmrShown->setSingleShot(true);
   tmrFrame->setObjectName(QStringLiteral("tmrFrame"));
   tmrFrame->setInterval(kFrameMilliseconds);
   tmrFrame->setSingleShot(true);
@@ -137,6 +140,7 @@ void frmReminder::Connect() {
     Apply(session_.Tick(State()));
     tmrMinute->start(session_.untilNextMinute());
   });
+  connect(tmrShown, &QTimer::timeout, this, [this] { session_.Shown(); });
   connect(tmrState, &QTimer::timeout, this, [this] { Apply(session_.StateChanged(State())); });
   connect(tmrFrame, &QTimer::timeout, this, [this] {
     if (State() == WindowState::kNormal) Place();
@@ -291,7 +295,7 @@ void frmReminder::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   // The size and state that showing itself brings are not the user's.
   if (!event->spontaneous()) {
-    QTimer::singleShot(0, this, [this] { session_.Shown(); });
+    tmrShown->start();
   }
 }
 
