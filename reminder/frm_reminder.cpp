@@ -41,6 +41,9 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       txtDailyQuote(new QPlainTextEdit(this)),
       tmrAlarm(new QTimer(this)),
       tmrMinute(new QTimer(this)),
+      tmrFrame(new QTimer(this)),
+      tmrState(new QTimer(this)),
+      tmrShown(new QTimer(this)),
       mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
   MakeControls();
@@ -86,6 +89,13 @@ void frmReminder::MakeControls() {
   tmrMinute->setObjectName(QStringLiteral("tmrMinute"));
   tmrMinute->setTimerType(Qt::PreciseTimer);
   tmrMinute->setSingleShot(true);
+  tmrState->setObjectName(QStringLiteral("tmrState"));
+  tmrState->setSingleShot(true);
+  tmrShown->setObjectName(QStringLiteral("tmrShown"));
+  tmrShown->setSingleShot(true);
+  tmrFrame->setObjectName(QStringLiteral("tmrFrame"));
+  tmrFrame->setInterval(kFrameMilliseconds);
+  tmrFrame->setSingleShot(true);
 
   SetSheet(this, QString::fromStdString(session_.skin()));
   setTabOrder(List1, cmdTray);
@@ -130,6 +140,11 @@ void frmReminder::Connect() {
     Apply(session_.Tick(State()));
     tmrMinute->start(session_.untilNextMinute());
   });
+  connect(tmrShown, &QTimer::timeout, this, [this] { session_.Shown(); });
+  connect(tmrState, &QTimer::timeout, this, [this] { Apply(session_.StateChanged(State())); });
+  connect(tmrFrame, &QTimer::timeout, this, [this] {
+    if (State() == WindowState::kNormal) Place();
+  });
   connect(mnuHideThis, &QAction::triggered, this, [this] { Apply(session_.HideThis()); });
   connect(mnuEditEvent, &QAction::triggered, this, [this] { Apply(session_.EditEvent(Here())); });
   connect(mnuDeleteEvent, &QAction::triggered, this, [this] { Apply(session_.DeleteThis()); });
@@ -164,10 +179,7 @@ void frmReminder::Apply(WindowChange change) {
       break;
     case WindowChange::kPlace:
       Place();
-      // Some window managers give the window another frame only afterwards.
-      QTimer::singleShot(kFrameMilliseconds, this, [this] {
-        if (State() == WindowState::kNormal) Place();
-      });
+      tmrFrame->start();
       break;
     case WindowChange::kMinimize:
     case WindowChange::kShowMinimized:
@@ -283,7 +295,7 @@ void frmReminder::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   // The size and state that showing itself brings are not the user's.
   if (!event->spontaneous()) {
-    QTimer::singleShot(0, this, [this] { session_.Shown(); });
+    tmrShown->start();
   }
 }
 
@@ -298,9 +310,7 @@ void frmReminder::resizeEvent(QResizeEvent* event) {
 void frmReminder::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange) return;
-  // A window cannot hide itself while its state is being changed.
-  QMetaObject::invokeMethod(
-      this, [this] { Apply(session_.StateChanged(State())); }, Qt::QueuedConnection);
+  tmrState->start();
 }
 
 void frmReminder::mouseReleaseEvent(QMouseEvent* event) {

@@ -76,6 +76,9 @@ class frmReminder : public QWidget {
   QPlainTextEdit* txtDailyQuote;
   QTimer* tmrAlarm;
   QTimer* tmrMinute;  // ticks just after each full minute
+  QTimer* tmrFrame;   // some window managers give another frame just after another state
+  QTimer* tmrState;   // a window cannot hide itself while its state is being changed
+  QTimer* tmrShown;   // the window has been shown
 
   QMenu* mnuPop;
   QAction* mnuHideThis;

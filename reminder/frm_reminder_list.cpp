@@ -66,10 +66,11 @@ void ReminderListView::keyPressEvent(QKeyEvent* event) {
   Q_EMIT MenuWanted(row, viewport()->mapToGlobal(place.bottomLeft()));
 }
 
-// The base class would mark the first row, as if somebody had chosen it.
+// The base class marks the first row, as if somebody had chosen it.
 void ReminderListView::focusInEvent(QFocusEvent* event) {
-  QAbstractScrollArea::focusInEvent(event);
-  viewport()->update();
+  const bool hadCurrent = currentIndex().isValid();
+  QListView::focusInEvent(event);
+  if (!hadCurrent) selectionModel()->clearCurrentIndex();
 }
 
 void ReminderListView::resizeEvent(QResizeEvent* event) {
@@ -81,6 +82,8 @@ void ReminderListView::resizeEvent(QResizeEvent* event) {
   if (horizontalScrollBarPolicy() != policy) {
     setHorizontalScrollBarPolicy(policy);
     setTextElideMode(hasRoom ? Qt::ElideNone : Qt::ElideRight);
+    // Without the bar nobody asks how wide the rows are, and only the shown ones are measured.
+    setUniformItemSizes(!hasRoom);
     scheduleDelayedItemsLayout();
   }
   QListView::resizeEvent(event);
