@@ -158,7 +158,8 @@ void EditSession::FillEventList(std::string content, CivilDate today) {
 void EditSession::NumberRows() {
   EditorLineMap_.clear();
   EditorLineMap_.reserve(List1_.size());
-  for (const EventRow& row : List1_) EditorLineMap_.push_back(row.isToday ? kTodayRowLine : row.line);
+  for (const EventRow& row : List1_)
+    EditorLineMap_.push_back(row.isToday ? kTodayRowLine : row.line);
   ++listVersion_;
 }
 

@@ -148,7 +148,8 @@ void CheckList(EditDesk& desk) {
     EXPECT_EQ(rows[i].text, list.rows[i].text);
     EXPECT_EQ(rows[i].key, list.rows[i].key);
     EXPECT_EQ(rows[i].isToday, list.rows[i].isToday);
-    EXPECT_EQ(desk.session().EditorLineMap()[i], rows[i].isToday ? kTodayRowLine : list.rows[i].line);
+    EXPECT_EQ(desk.session().EditorLineMap()[i],
+              rows[i].isToday ? kTodayRowLine : list.rows[i].line);
   }
 }
 
