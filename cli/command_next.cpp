@@ -10,13 +10,14 @@
 namespace tidewarden::cli {
 namespace {
 
+// A yearly 29 February stays away for up to eight years.
+constexpr int kYearsWithout = 9;
+
 // The first date from `from` on. A rule looks ahead from the day that it is asked on, and some
 // dates of a year it finds only from New Year on.
 std::optional<CivilDate> FirstDate(const EventRecord& event, CivilDate from) {
   auto first = NextOccurrence(event.dateField, event.occurs, from);
   if (first && *first < from) first.reset();
-  // A yearly 29 February stays away for up to eight years.
-  constexpr int kYearsWithout = 9;
   const int lastYear =
       std::min(YearOf(first.value_or(AddDays(from, kYearsWithout * 366))), kLastYear - 1);
   for (int year = YearOf(from) + 1; year <= lastYear; ++year) {
@@ -39,9 +40,11 @@ std::vector<CivilDate> NextDates(const EventRecord& event, CivilDate today, int 
   }
   CivilDate from = today;
   while (static_cast<int>(dates.size()) < count && YearOf(from) < kLastYear) {
+    const CivilDate last = dates.empty() ? today : dates.back();
     const auto date = FirstDate(event, from);
-    if (!date) break;
-    dates.push_back(*date);
+    if (!date || YearOf(*date) > YearOf(last) + kYearsWithout) break;
+    // A date that its own day does not give is none: a far feast may slip into another year.
+    if (NextOccurrence(event.dateField, event.occurs, *date) == *date) dates.push_back(*date);
     from = AddDays(*date, 1);
   }
   return dates;

@@ -24,14 +24,18 @@ struct FoundDate {
   CivilDate date;
 };
 
+// True when a date that has passed is still the event's.
+bool StaysWhenPassed(const EventRecord& event) {
+  return event.occurs.IsCounter() || (!IsMovedOn(event.occurs) && !event.dateField.isFeast);
+}
+
 std::optional<FoundDate> FirstDate(const EventRecord& event, CivilDate today) {
   for (int year = 0; year <= kYearsToTry; ++year) {
     const int tried = YearOf(today) + year;
     if (tried >= kLastYear) break;
     const CivilDate from = year == 0 ? today : MakeDate(tried, 1, 1);
     const auto date = NextOccurrence(event.dateField, event.occurs, from);
-    const bool comes = date && (*date >= from || HasOneDate(event.dateField, event.occurs));
-    if (comes) return FoundDate{from, *date};
+    if (date && (*date >= from || StaysWhenPassed(event))) return FoundDate{from, *date};
   }
   return std::nullopt;
 }

@@ -86,7 +86,7 @@ TEST(EventsFileDocument, ShowsEventsThatAreAcceptedAndLinesThatAreNot) {
     if (line.starts_with("## ")) rejects = line == "## Lines that are rejected";
     std::vector<std::string> texts = CodeIn(line);
     if (rejects && line.starts_with("| `")) {
-      ASSERT_EQ(texts.size(), 2U) << line;
+      ASSERT_GE(texts.size(), 2U) << line;
       EXPECT_FALSE(IsEvent(texts.front())) << line;
       ++rejected;
       texts.erase(texts.begin());
@@ -97,7 +97,7 @@ TEST(EventsFileDocument, ShowsEventsThatAreAcceptedAndLinesThatAreNot) {
       ++accepted;
     }
   }
-  EXPECT_GT(accepted, 50);
+  EXPECT_GT(accepted, 40);
   EXPECT_GT(rejected, 15);
 }
 

@@ -28,18 +28,18 @@ fail() {
   exit 1
 }
 
-# Waits for at most ten seconds until a command succeeds: until_true "what it means" COMMAND...
+# Waits for at most twenty seconds until a command succeeds: until_true "what it means" COMMAND...
 until_true() {
   local what=$1 tries
   shift
-  for ((tries = 0; tries < 200; ++tries)); do
+  for ((tries = 0; tries < 400; ++tries)); do
     "$@" >/dev/null 2>&1 && return
     sleep 0.05
   done
   fail "$what"
 }
 
-# The opposite: that a command fails within ten seconds.
+# The opposite: that a command fails within twenty seconds.
 until_false() {
   local what=$1
   shift
