@@ -93,6 +93,15 @@ void Desktop::ConnectTray(frmReminder& window) {
 
 EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
   EditorOfProgram::Parts parts;
+  const auto notYet = [this](const char* what) {
+    return [this, what] {
+      Messages().Show(std::string(what) + " not there yet.", MessageButtons::kOk,
+                      MessageIcon::kNone);
+    };
+  };
+  parts.hooks.print = notYet("Printing is");
+  parts.hooks.help = notYet("The help program is");
+  parts.hooks.options = notYet("The options program is");
   parts.hooks.showReminder = [&window] { window.Return(); };
   parts.format = session_.builder().format();
   parts.setup.eventsFilePath = session_.EventsFilePath();

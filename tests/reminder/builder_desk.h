@@ -53,7 +53,8 @@ class Desk {
 
   ListBuilder& builder() {
     if (!builder_) {
-      builder_.emplace(ListPorts{settings, files, clock, messages, shiftKey}, format, kEventsPath, ReadTodayPreface(settings));
+      builder_.emplace(ListPorts{settings, files, clock, messages, shiftKey}, format, kEventsPath,
+                       ReadTodayPreface(settings));
     }
     return *builder_;
   }
