@@ -12,7 +12,7 @@ namespace tidewarden {
 PosixPreviousInstance::PosixPreviousInstance(std::string path) : path_(std::move(path)) {}
 
 PosixPreviousInstance::~PosixPreviousInstance() {
-  Release();
+  PosixPreviousInstance::Release();
 }
 
 bool PosixPreviousInstance::Claim() {
