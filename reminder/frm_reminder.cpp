@@ -40,6 +40,7 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       cmdTray(new QToolButton(this)),
       txtDailyQuote(new QPlainTextEdit(this)),
       tmrAlarm(new QTimer(this)),
+      tmrDelay(new QTimer(this)),
       tmrMinute(new QTimer(this)),
       tmrFrame(new QTimer(this)),
       tmrState(new QTimer(this)),
@@ -86,6 +87,9 @@ void frmReminder::MakeControls() {
 
   tmrAlarm->setObjectName(QStringLiteral("tmrAlarm"));
   tmrAlarm->setTimerType(Qt::PreciseTimer);
+  tmrDelay->setObjectName(QStringLiteral("tmrDelay"));
+  tmrDelay->setTimerType(Qt::PreciseTimer);
+  tmrDelay->setSingleShot(true);
   tmrMinute->setObjectName(QStringLiteral("tmrMinute"));
   tmrMinute->setTimerType(Qt::PreciseTimer);
   tmrMinute->setSingleShot(true);
@@ -136,6 +140,7 @@ void frmReminder::Connect() {
   connect(cmdGoToEdit, &QPushButton::clicked, this, [this] { Apply(session_.GoToEdit(Here())); });
   connect(cmdTray, &QToolButton::clicked, this, [this] { Apply(session_.SendToTray()); });
   connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
+  connect(tmrDelay, &QTimer::timeout, this, [this] { tmrAlarm->start(session_.timerInterval()); });
   connect(tmrMinute, &QTimer::timeout, this, [this] {
     Apply(session_.Tick(State()));
     tmrMinute->start(session_.untilNextMinute());
@@ -160,8 +165,7 @@ void frmReminder::Start() {
   Place();
   if (session_.placement().maximized) setWindowState(Qt::WindowMaximized);
   show();
-  QTimer::singleShot(session_.timerDelay(), Qt::PreciseTimer, this,
-                     [this] { tmrAlarm->start(session_.timerInterval()); });
+  tmrDelay->start(session_.timerDelay());
   tmrMinute->start(session_.untilNextMinute());
 }
 
@@ -207,6 +211,7 @@ void frmReminder::Apply(WindowChange change) {
 }
 
 void frmReminder::StopTimers() {
+  tmrDelay->stop();
   tmrAlarm->stop();
   tmrMinute->stop();
 }

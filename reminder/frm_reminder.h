@@ -75,6 +75,7 @@ class frmReminder : public QWidget {
   QToolButton* cmdTray;
   QPlainTextEdit* txtDailyQuote;
   QTimer* tmrAlarm;
+  QTimer* tmrDelay;   // starts tmrAlarm
   QTimer* tmrMinute;  // ticks just after each full minute
   QTimer* tmrFrame;   // some window managers give another frame just after another state
   QTimer* tmrState;   // a window cannot hide itself while its state is being changed
