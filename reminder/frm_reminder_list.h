@@ -22,11 +22,11 @@ class ReminderListView : public QListView {
 
  Q_SIGNALS:
   // The selected row is another one, or there is none any more.
-  void RowSelected(int);
+  void RowSelected(int /*row*/);
 
   // The right button was pressed on a row, or beside all rows; or the menu key, for the
   // selected row. Row (kNoRow beside all) and place on the screen.
-  void MenuWanted(int, const QPoint&);
+  void MenuWanted(int /*row*/, const QPoint& /*place*/);
 
   // A double click with the left button, wherever in the list.
   void OpenWanted();
