@@ -42,8 +42,10 @@ bool ReadArea(SettingsStore& store, const Screens& screens, WindowArea& out) {
   bool usable = std::all_of(kSize.begin(), kSize.end(), isStored);
   if (screens.canPlaceWindows) {
     usable = std::all_of(kPlace.begin(), kPlace.end(), isStored) && usable;
-    const std::string left = Get(store, settings::kAlarmLeft, std::to_string(first.left));
-    const std::string top = Get(store, settings::kAlarmTop, std::to_string(first.top));
+    const std::string left =
+        Get(store, settings::kAlarmLeft, std::to_string(first.left - screens.primary.left));
+    const std::string top =
+        Get(store, settings::kAlarmTop, std::to_string(first.top - screens.primary.top));
     usable = ReadNumber(left, out.left) && ReadNumber(top, out.top) && usable;
   }
   const std::string width = Get(store, settings::kAlarmWidth);

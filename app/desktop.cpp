@@ -6,6 +6,7 @@
 
 #include "alarm/frm_alarm.h"
 #include "core/ini_settings_store.h"
+#include "core/skin.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_screens.h"
 #include "platform/system.h"
@@ -41,7 +42,7 @@ Desktop::Desktop(const Arguments& arguments)
       editor_({*settings_, *files_, clock_, Messages()}),
       alarms_({*settings_, *files_, sound_, Messages()}, SystemFolders()),
       session_({*settings_, *files_, clock_, Messages(), shiftKey_, *formats_, Instance(), Area(),
-                random_, editor_, alarms_, SystemFolders()}) {
+                random_, Editor(), alarms_, SystemFolders()}) {
   session_.Complain = Complain;
 }
 
@@ -60,8 +61,15 @@ NotificationArea& Desktop::Area() {
   return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : area_;
 }
 
+// For a picture the file stays as it is, as if an editor worked on it.
+EditorWindow& Desktop::Editor() {
+  noEditor_.loaded = OnlyPicture();
+  return OnlyPicture() ? static_cast<EditorWindow&>(noEditor_) : editor_;
+}
+
 int Desktop::Run() {
   if (const auto code = LookAtSettings()) return *code;
+  if (const auto code = LookAtLayout()) return *code;
   if (session_.Load(DesktopScreens(), arguments_.file.toStdString()) == WindowChange::kEnd) {
     return kDone;
   }
@@ -79,6 +87,7 @@ int Desktop::ShowWindows() {
     QApplication::exit(kDone);
   });
   window.Start();
+  session_.tIcon().OwnerForm = static_cast<WindowHandle>(window.winId());
   return QApplication::exec();
 }
 
@@ -113,9 +122,9 @@ EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
 }
 
 void Desktop::ShowAlarm() {
-  if (!alarmWindow_) {
-    alarmWindow_ = std::make_unique<frmAlarm>(alarms_);
-    alarmWindow_->ApplySkin(QString::fromStdString(session_.skin()));
+  if (!alarmWindow_) alarmWindow_ = std::make_unique<frmAlarm>(alarms_);
+  if (!alarmWindow_->isVisible()) {
+    alarmWindow_->ApplySkin(QString::fromStdString(ReadSkin(*settings_, *files_, SystemFolders())));
   }
   alarmWindow_->ShowMessages();
 }
@@ -137,6 +146,17 @@ std::optional<ExitCode> Desktop::LookAtSettings() {
   }
   Complain("your settings cannot be read, so the defaults are used: " + DescribeStatus(status));
   return std::nullopt;
+}
+
+// A layout of the command line is answered there, not as the system's.
+std::optional<ExitCode> Desktop::LookAtLayout() {
+  if (arguments_.shortDate.isEmpty() ||
+      DetectRegionalDateFormat(formats_->ShortDate(kProbeDate), *formats_)) {
+    return std::nullopt;
+  }
+  Complain("--short-date \"" + arguments_.shortDate.toStdString() +
+           "\" is not supported; use day, month and year in digits, such as MM/dd/yyyy");
+  return kUsage;
 }
 
 // The picture shows the user's events, so it is for the user alone, like every file made here.

@@ -43,7 +43,9 @@ class Desktop {
   [[nodiscard]] MessageBox& Messages();
   [[nodiscard]] PreviousInstance& Instance();
   [[nodiscard]] NotificationArea& Area();
+  [[nodiscard]] EditorWindow& Editor();
   [[nodiscard]] std::optional<ExitCode> LookAtSettings();
+  [[nodiscard]] std::optional<ExitCode> LookAtLayout();
   [[nodiscard]] int Grab(frmReminder& window);
   [[nodiscard]] int ShowWindows();
   [[nodiscard]] EditorOfProgram::Parts EditorParts(frmReminder& window);
@@ -67,6 +69,7 @@ class Desktop {
   SplitMixNumbers random_;
   SdlSoundPlayer sound_;
   EditorOfProgram editor_;
+  MemoryEditorWindow noEditor_;
   AlarmSession alarms_;
   ReminderSession session_;
   std::unique_ptr<frmAlarm> alarmWindow_;  // once the first alarm has gone off

@@ -1,5 +1,7 @@
 // tidewarden: the desktop program.
 #include <QApplication>
+#include <algorithm>
+#include <string_view>
 
 #include "app/arguments.h"
 #include "app/desktop.h"
@@ -11,7 +13,11 @@ int main(int argc, char** argv) {
   // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
-    qputenv("QT_QPA_PLATFORM", hasX11 ? "xcb;wayland" : "wayland;xcb");
+    const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+      return argument == "--help" || argument == "-h" || argument == "--version" ||
+             argument == "-v";
+    });
+    qputenv("QT_QPA_PLATFORM", onlyTells ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
   }
   const QApplication app(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));

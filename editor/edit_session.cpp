@@ -146,6 +146,7 @@ void EditSession::FillEventList(std::string content, CivilDate today) {
   if (readStatus_.ok() && !status.ok()) {
     readStatus_ = std::move(status);
     status = ReadEventList({}, format_, today, todayRow, {}, list);
+    content.clear();
   }
   content_ = std::move(content);
   rescue_ = list.rescue;

@@ -15,12 +15,18 @@ namespace tidewarden {
 void EditSession::Save() {
   if (!isEntryUnderWay()) return;
   const CivilDate today = ports_.clock.Now().date;
+  const std::string typedCount = entry_.row().txtEveryInput.text;
   EventChecks checks(entry_, ports_.messages, format_, today, warned_);
   auto event = checks.Run();
   focus_ = checks.focus();
-  if (!event) return;
+  // The editor may have been closed under a message box.
+  if (!event || !isEntryUnderWay()) return;
   const bool isEdit = entry_.mode() == EntryMode::kEdit;
-  if (!WriteChange({std::move(event->row), isEdit}, today)) return;
+  if (!WriteChange({std::move(event->row), isEdit}, today)) {
+    // The checks have shortened a count of 100 days and more; the next try starts from all of it.
+    entry_.ReplaceEvery(typedCount);
+    return;
+  }
   modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastAdvanceNoticeValue,
                          entry_.row().txtAdvanceInput.text);
   modGetSetSaveSet::Save(ports_.settings, settings::kRememberLastOccursIndex,
@@ -35,6 +41,7 @@ void EditSession::Delete() {
   const MessageAnswer answer =
       ports_.messages.Show("Are you sure you want to delete the event \"" + title + "\"???",
                            MessageButtons::kYesNo, MessageIcon::kNone);
+  if (!isEntryUnderWay()) return;
   if (answer == MessageAnswer::kYes &&
       !WriteChange({std::nullopt, true}, ports_.clock.Now().date)) {
     return;
@@ -61,7 +68,6 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
   // A file that has vanished is written again with all that was in it.
   const bool exists = status.kind() != StatusKind::kNotFound;
   if (!exists) {
-    if (!readStatus_.ok()) content_.clear();
     current = content_;
     status = Status();
   }

@@ -132,7 +132,7 @@ std::optional<EditorPlace> frmEdit::PlaceToSave() const {
   EditorPlace place;
   place.height = TwipsFromPixels(height());
   // A Wayland client does not learn where it is.
-  if (QGuiApplication::platformName() != QLatin1String("wayland")) {
+  if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
     place.left = TwipsFromPixels(x());
     place.top = TwipsFromPixels(y());
   }

@@ -30,6 +30,19 @@ void SetSheet(QWidget* widget, const QString& sheet) {
 
 }  // namespace
 
+// Hears the login session ask the program to end; nothing in the program itself does that.
+class QuitListener : public QObject {
+ public:
+  using QObject::QObject;
+  bool heard = false;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == qApp && event->type() == QEvent::Quit) heard = true;
+    return false;
+  }
+};
+
 frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
     : QWidget(parent),
       session_(session),
@@ -45,8 +58,10 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       tmrFrame(new QTimer(this)),
       tmrState(new QTimer(this)),
       tmrShown(new QTimer(this)),
+      quitListener_(new QuitListener(this)),
       mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
+  qApp->installEventFilter(quitListener_);
   MakeControls();
   MakeMenu();
   Connect();
@@ -109,6 +124,7 @@ void frmReminder::MakeControls() {
 
 void frmReminder::MakeMenu() {
   mnuPop->setObjectName(QStringLiteral("mnuPop"));
+  mnuPop->setTitle(tr("Popup Menu"));
   mnuPop->setAccessibleName(tr("Popup Menu"));
   const auto item = [this](const char* name, const QString& text) {
     QAction* const action = text.isEmpty() ? mnuPop->addSeparator() : mnuPop->addAction(text);
@@ -142,8 +158,9 @@ void frmReminder::Connect() {
   connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
   connect(tmrDelay, &QTimer::timeout, this, [this] { tmrAlarm->start(session_.timerInterval()); });
   connect(tmrMinute, &QTimer::timeout, this, [this] {
-    Apply(session_.Tick(State()));
-    tmrMinute->start(session_.untilNextMinute());
+    const WindowChange change = session_.Tick(State());
+    if (change != WindowChange::kEnd) tmrMinute->start(session_.untilNextMinute());
+    Apply(change);
   });
   connect(tmrShown, &QTimer::timeout, this, [this] { session_.Shown(); });
   connect(tmrState, &QTimer::timeout, this, [this] { Apply(session_.StateChanged(State())); });
@@ -241,7 +258,9 @@ void frmReminder::Render() {
   RenderList();
   sknDate->setText(QString::fromStdString(session_.dateLabel()));
   sknDate->setVisible(session_.showsDateLabel());
-  const QString quote = QString::fromStdString(session_.quote().text());
+  sknDate->setAccessibleName(tr("Today's date: %1").arg(sknDate->text()));
+  QString quote = QString::fromStdString(session_.quote().text());
+  quote.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
   if (txtDailyQuote->toPlainText() != quote) txtDailyQuote->setPlainText(quote);
   txtDailyQuote->setVisible(session_.quote().visible());
   LayOut();
@@ -325,7 +344,7 @@ void frmReminder::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void frmReminder::closeEvent(QCloseEvent* event) {
-  const bool loggingOut = qGuiApp->isSavingSession();
+  const bool loggingOut = quitListener_->heard || qGuiApp->isSavingSession();
   if (!session_.Close(State(), loggingOut ? CloseReason::kLoginSessionEnds : CloseReason::kUser)) {
     event->ignore();
     return;

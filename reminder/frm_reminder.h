@@ -16,6 +16,7 @@ class QToolButton;
 namespace tidewarden {
 
 class ListModel;
+class QuitListener;
 class ReminderListView;
 class ReminderSession;
 struct WindowPlacement;
@@ -80,6 +81,8 @@ class frmReminder : public QWidget {
   QTimer* tmrFrame;   // some window managers give another frame just after another state
   QTimer* tmrState;   // a window cannot hide itself while its state is being changed
   QTimer* tmrShown;   // the window has been shown
+
+  QuitListener* quitListener_;
 
   QMenu* mnuPop;
   QAction* mnuHideThis;

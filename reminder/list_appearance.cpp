@@ -82,9 +82,11 @@ ListColours ColoursOf(std::string_view name) {
   return {ColourOf(named->text), ColourOf(named->background)};
 }
 
-ListColours ApplyListColors(SettingsStore& settings, RandomNumbers& random) {
+ListColours ApplyListColors(SettingsStore& settings, RandomNumbers& random, LocalTime now) {
   const std::string name = ColoursSetting(settings);
-  return ColoursOf(name == kRandom ? RandomName(random) : name);
+  if (name != kRandom) return ColoursOf(name);
+  random.Seed(SeedFromTimeOfDay(now));
+  return ColoursOf(RandomName(random));
 }
 
 ListFont ApplyListFont(SettingsStore& settings) {

@@ -8,6 +8,7 @@
 
 #include "core/random_numbers.h"
 #include "core/settings_store.h"
+#include "dates/civil.h"
 
 namespace tidewarden {
 
@@ -38,8 +39,10 @@ struct ListFont {
 [[nodiscard]] ListColours ColoursOf(std::string_view name);
 
 // Reads "ReminderListColors". A value of the older "ReminderListBackColor" takes its place and is
-// removed. "random" draws one of the fifteen names, anew with each call; the setting stays.
-[[nodiscard]] ListColours ApplyListColors(SettingsStore& settings, RandomNumbers& random);
+// removed. "random" draws one of the fifteen names, anew with each call and from
+// the time of day; the setting stays.
+[[nodiscard]] ListColours ApplyListColors(SettingsStore& settings, RandomNumbers& random,
+                                          LocalTime now);
 
 // Reads the font of the list and the daily quote.
 [[nodiscard]] ListFont ApplyListFont(SettingsStore& settings);

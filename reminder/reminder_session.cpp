@@ -105,8 +105,7 @@ void ReminderSession::SetUpTray() {
 }
 
 ListColours ReminderSession::DrawnColours() {
-  ports_.random.Seed(SeedFromTimeOfDay(ports_.clock.Now()));
-  return ApplyListColors(ports_.settings, ports_.random);
+  return ApplyListColors(ports_.settings, ports_.random, ports_.clock.Now());
 }
 
 void ReminderSession::SetTimerInterval() {

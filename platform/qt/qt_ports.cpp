@@ -30,17 +30,19 @@ MessageAnswer QtMessageBox::Show(const std::string& text, MessageButtons buttons
   box.setText(QString::fromStdString(text));
   box.setStandardButtons(ButtonsOf(buttons));
   box.setIcon(icon == MessageIcon::kExclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+  // What cannot be undone is not one careless Return away.
+  if (buttons == MessageButtons::kYesNo) box.setDefaultButton(QMessageBox::No);
   switch (box.exec()) {
+    case QMessageBox::Ok:
+      return MessageAnswer::kOk;
     case QMessageBox::Yes:
       return MessageAnswer::kYes;
-    case QMessageBox::No:
-      return MessageAnswer::kNo;
-    case QMessageBox::Cancel:
-      return MessageAnswer::kCancel;
     default:
       break;
   }
-  return buttons == MessageButtons::kYesNo ? MessageAnswer::kNo : MessageAnswer::kOk;
+  // Closed, or ended with the program: the answer that changes nothing.
+  if (buttons == MessageButtons::kYesNo) return MessageAnswer::kNo;
+  return buttons == MessageButtons::kOkCancel ? MessageAnswer::kCancel : MessageAnswer::kOk;
 }
 
 bool QtShiftKey::IsDown() {

@@ -52,7 +52,9 @@ class Colours : public ::testing::Test {
   void Set(const std::string& name, const std::string& value) {
     static_cast<void>(store.Write("Options", name, value).ok());
   }
-  ListColours Apply() { return ApplyListColors(store, random); }
+  ListColours Apply() {
+    return ApplyListColors(store, random, {MakeDate(2014, 12, 22), 14, 25, 0});
+  }
 };
 
 TEST_F(Colours, EveryNameHasItsPair) {
