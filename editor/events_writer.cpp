@@ -30,19 +30,23 @@ Status Replace(FileSystem& files, const std::string& path, std::string_view cont
   return status.ok() ? staged->Commit() : status;
 }
 
-// True when backup 1 is a second name of the events file: a save that was interrupted has rotated
-// the backups already, and doing it again would push an older one out.
-bool IsRotated(FileSystem& files, const std::string& path) {
+// True when backup 1 is a second name of the events file, or a copy of it where files have one name
+// only: a save that was interrupted has rotated the backups already, and doing it again would push
+// an older one out.
+bool IsRotated(FileSystem& files, const std::string& path, std::string_view oldContent) {
+  const std::string newest = BackupPath(path, 1);
   FileStamp file;
   FileStamp backup;
-  return files.GetStamp(path, file).ok() && files.GetStamp(BackupPath(path, 1), backup).ok() &&
-         file == backup;
+  if (!files.GetStamp(newest, backup).ok() || backup.size != oldContent.size()) return false;
+  if (files.GetStamp(path, file).ok() && file == backup) return true;
+  std::string held;
+  return ReadFile(files, newest, held).ok() && held == oldContent;
 }
 
 // Steps that fail are passed over, as the later ones do not depend on them.
 void RotateBackups(FileSystem& files, const std::string& path, int levels, const StagedFile& staged,
                    std::string_view oldContent) {
-  if (IsRotated(files, path)) return;
+  if (IsRotated(files, path, oldContent)) return;
   const auto skipFailure = [](const Status& status) { static_cast<void>(status.ok()); };
   for (int k = levels; k >= 2; --k) {
     skipFailure(files.Remove(BackupPath(path, k)));

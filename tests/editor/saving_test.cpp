@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -271,6 +272,48 @@ TEST(Saving, ABackupThatCannotBeMovedIsNotOverwritten) {
   desk.session().Save();
   EXPECT_THAT(desk.file(), HasSubstr("Summer"));
   EXPECT_EQ(desk.Backup(1), "older");
+}
+
+TEST(Saving, AFailedSaveDoesNotPushBackupsOutWhereFilesHaveOneName) {
+  EditDesk desk(kTwo);
+  desk.Set("LevelsOfBackup", "3");
+  desk.files.files[BackupPath(kEventsPath, 1)] = "older";
+  desk.files.linkFailures[BackupPath(kEventsPath, 1)] = StatusKind::kInputOutput;
+  desk.files.commitFailures[kEventsPath] = StatusKind::kInputOutput;
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  for (int i = 0; i < 5; ++i) desk.session().Save();
+  EXPECT_EQ(desk.file(), kTwo);
+  EXPECT_EQ(desk.Backup(1), kTwo);
+  EXPECT_EQ(desk.Backup(2), "older");
+}
+
+TEST(Saving, AFileThatVanishesAfterAFailedReadIsWrittenWhole) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.files.failures[kEventsPath] = StatusKind::kInputOutput;
+  desk.session().Save();
+  EXPECT_TRUE(desk.session().isEntryUnderWay());
+  desk.files.failures.clear();
+  desk.files.files.erase(kEventsPath);
+  desk.session().Save();
+  EXPECT_EQ(std::count(desk.file().begin(), desk.file().end(), '\n'),
+            std::count(kTwo.begin(), kTwo.end(), '\n') + 1);
+  EXPECT_THAT(desk.file(), HasSubstr("Summer"));
+}
+
+TEST(Saving, AFailedSaveKeepsACountOfAHundredDaysAndMore) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  desk.Enter(kEveryKind, "12.31", "Filter", "7", "150");
+  desk.files.commitFailures[kEventsPath] = StatusKind::kInputOutput;
+  desk.session().Save();
+  EXPECT_TRUE(desk.session().isEntryUnderWay());
+  EXPECT_EQ(desk.session().entry().txtEveryInput.text, "150");
+  desk.files.commitFailures.clear();
+  desk.session().Save();
+  EXPECT_THAT(desk.file(), HasSubstr("50~2014"));
 }
 
 TEST(Saving, AFailedSaveDoesNotPushBackupsOutTheNextTime) {

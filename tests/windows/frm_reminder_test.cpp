@@ -30,6 +30,7 @@ class FrmReminderTest : public QObject {
   void hidesTheDateWhenTheUserDoesNotWantIt();
   void startsItsTimersOnlyWhenItIsStarted();
   void showsTheNewListAfterARebuild();
+  void countsDownAtEachTick();
 };
 
 void FrmReminderTest::showsTheListOfTheSession() {
@@ -42,6 +43,17 @@ void FrmReminderTest::showsTheListOfTheSession() {
       QStringLiteral("12/25/2014 Christmas (Thursday, 3 days)"),
   };
   QCOMPARE(RowsOf(window), expected);
+}
+
+void FrmReminderTest::countsDownAtEachTick() {
+  World world("12.22,Dentist 3:30pm,0,yearly\r\n");
+  QVERIFY(world.Load());
+  frmReminder window(world.session);
+  QSignalSpy changed(ListOf(window)->model(), &QAbstractItemModel::dataChanged);
+  world.clock.now.minute = 26;
+  world.Tick(window);
+  QVERIFY(changed.count() > 0);
+  QVERIFY(RowsOf(window).at(1).endsWith(QStringLiteral(" (1:04 to go)")));
 }
 
 void FrmReminderTest::showsTodaysDateUnderTheList() {

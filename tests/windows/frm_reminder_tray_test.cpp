@@ -49,6 +49,7 @@ class FrmReminderTrayTest : public QObject {
   void waitsForTheHourOfTheNewDay();
   void staysBehindTheEditorOnANewDay();
   void closingEndsTheProgram();
+  void aLogoutIsNotHeldUpByAnAlarm();
   void closingTakesTheEditorAlong();
   void aWaitingAlarmMayKeepItOpen();
 };
@@ -220,6 +221,19 @@ void FrmReminderTrayTest::aWaitingAlarmMayKeepItOpen() {
   desk.world.messages.answer = MessageAnswer::kOk;
   QVERIFY(desk.window->close());
   QCOMPARE(ended.count(), 1);
+}
+
+void FrmReminderTrayTest::aLogoutIsNotHeldUpByAnAlarm() {
+  Desk desk;
+  desk.world.files.files[kPath] = "12.22,Dentist 3:30pm,0,yearly\r\n";
+  desk.Start();
+  QSignalSpy ended(desk.window.get(), &frmReminder::Ended);
+  desk.world.messages.answer = MessageAnswer::kCancel;
+  // What the login session sends to the program.
+  QEvent quit(QEvent::Quit);
+  QCoreApplication::sendEvent(qApp, &quit);
+  QCOMPARE(ended.count(), 1);
+  QVERIFY(desk.world.messages.shown.empty());
 }
 
 }  // namespace tidewarden
