@@ -41,7 +41,7 @@ class Pass {
 
  private:
   void Line(std::string_view line, bool isAscii) {
-    if (number_ == 0) startsAsUtf16_ = StartsAsUtf16(line);
+    if (std::exchange(isFirst_, false)) startsAsUtf16_ = StartsAsUtf16(line);
     isUtf16_ = isUtf16_ || (startsAsUtf16_ && line.find('\0') != std::string_view::npos);
     if (isUtf16_) return;
     if (isAscii) {
@@ -77,6 +77,7 @@ class Pass {
   LineSplitter lines_;
   long number_ = 0;
   bool openLineIsAscii_ = true;  // what has come of the line that is not yet at its end
+  bool isFirst_ = true;
   bool startsAsUtf16_ = false;
   bool isUtf16_ = false;
   bool isOtherEncoding_ = false;
