@@ -59,6 +59,7 @@ class frmReminder : public QWidget {
   void RenderList();
   void LayOut();
   void Apply(WindowChange change);
+  void Tick();
   void StopTimers();
   void Place();
   void PopUp();
