@@ -293,6 +293,9 @@ void FrmReminderAlarmsTest::endsWithTheAlarmWindowOpen() {
     QCoreApplication::sendEvent(qApp, &quit);
   }
   QCOMPARE(ended.count(), 1);
+  for (const char* const name : {"tmrAlarm", "tmrDelay", "tmrMinute"}) {
+    QVERIFY2(!desk.Timer(name)->isActive(), name);
+  }
   QVERIFY(!desk.window->isVisible());
   QVERIFY(!desk.alarm->isVisible());
   QVERIFY(desk.world.alarms.AlarmText().empty());
