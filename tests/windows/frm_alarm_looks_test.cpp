@@ -5,35 +5,16 @@
 #include <QFile>
 #include <QFrame>
 #include <algorithm>
-#include <cmath>
 
 #include "tests/support/source_folder.h"
 #include "tests/windows/alarm_world.h"
+#include "tests/windows/contrast.h"
 
 namespace tidewarden {
 
 using namespace test;
 
 namespace {
-
-// Contrast as the Web Content Accessibility Guidelines (2.1) define it; 4.5 is for texts, 3 for
-// what is drawn.
-constexpr double kTextContrast = 4.5;
-constexpr double kLineContrast = 3.0;
-
-double Luminance(const QColor& color) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other) {
-  const double a = Luminance(one) + 0.05;
-  const double b = Luminance(other) + 0.05;
-  return std::max(a, b) / std::min(a, b);
-}
 
 // The contrast between the commonest colour of a picture and the one that differs most from it.
 double ContrastIn(const QImage& picture) {
@@ -50,16 +31,6 @@ double ContrastIn(const QImage& picture) {
     best = std::max(best, Contrast(QColor(ground), QColor(it.key())));
   }
   return best;
-}
-
-QPalette Desktop(const QColor& window, const QColor& base, const QColor& text) {
-  QPalette palette(window);
-  for (const auto role : {QPalette::Window, QPalette::Button}) palette.setColor(role, window);
-  for (const auto role : {QPalette::Base, QPalette::AlternateBase}) palette.setColor(role, base);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(role, text);
-  }
-  return palette;
 }
 
 std::vector<std::string> Title(const std::string& text) {
