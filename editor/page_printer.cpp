@@ -12,9 +12,10 @@ constexpr std::string_view kPageName = "print.htm";
 constexpr std::string_view kUnfinished = ".unfinished";
 
 Status WriteFresh(FileSystem& files, const std::string& path, std::string_view page) {
-  // Whatever stands there is left over or not meant for this.
+  // Whatever stands there is left over or not meant for this. Where the way to it is no folder,
+  // creating it gives the better reason.
   Status status = files.Remove(path);
-  if (status.ok()) status = files.CreateEmpty(path);
+  if (status.ok() || status.kind() == StatusKind::kNotFound) status = files.CreateEmpty(path);
   std::unique_ptr<StagedFile> staged;
   if (status.ok()) status = files.Stage(path, page, staged);
   return status.ok() ? staged->Commit() : status;
