@@ -5,6 +5,7 @@
 #include <QPixmap>
 
 #include "alarm/frm_alarm.h"
+#include "app/order_page.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
 #include "editor/launchers.h"
@@ -107,11 +108,8 @@ EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
   parts.hooks.print = [this](const std::vector<EventRow>& rows) { Print(rows); };
   parts.hooks.help = [this] { StartHelp(shell_, SystemFolders()); };
   parts.hooks.options = [this] { EndWithOptions(); };
-  const std::string orderPage = TIDEWARDEN_ORDER_PAGE;
-  if (IsOrderPage(orderPage)) {
-    parts.hooks.donate = [this, orderPage] {
-      OpenOrderPage(shell_, orderPage, SystemFolders().style);
-    };
+  if (IsOrderPage(kOrderPage)) {
+    parts.hooks.donate = [this] { OpenOrderPage(shell_, kOrderPage, SystemFolders().style); };
   }
   parts.hooks.showReminder = [&window] { window.Return(); };
   parts.format = session_.builder().format();

@@ -58,9 +58,9 @@ bool BeginsReference(std::string_view behind) {
     return !behind.empty() && (isHex ? IsHexDigit(behind.front()) : IsDigit(behind.front()));
   }
   if (!IsLetter(behind.front())) return false;
-  const auto end = std::find_if_not(behind.begin(), behind.end(),
-                                    [](char c) { return IsLetter(c) || IsDigit(c); });
-  if (end != behind.end() && *end == ';') return true;
+  std::size_t end = 0;
+  while (end < behind.size() && (IsLetter(behind[end]) || IsDigit(behind[end]))) ++end;
+  if (end < behind.size() && behind[end] == ';') return true;
   return std::any_of(kOpenReferences.begin(), kOpenReferences.end(),
                      [behind](std::string_view name) { return behind.starts_with(name); });
 }

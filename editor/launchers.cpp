@@ -52,9 +52,9 @@ bool IsOrderPage(std::string_view address) {
                       [](char c) { return static_cast<unsigned char>(c) <= ' ' || c == '\x7F'; });
 }
 
-void OpenOrderPage(Shell& shell, const std::string& address, PathStyle style) {
+void OpenOrderPage(Shell& shell, std::string_view address, PathStyle style) {
   if (!IsOrderPage(address)) return;
-  shell.Execute(RequestFor(ShellTarget::kWebPage, address, style));
+  shell.Execute(RequestFor(ShellTarget::kWebPage, std::string(address), style));
 }
 
 }  // namespace tidewarden

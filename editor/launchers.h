@@ -43,6 +43,6 @@ void ChangeToOptions(const OptionsPorts& ports, const ProgramFolders& folders);
 [[nodiscard]] bool IsOrderPage(std::string_view address);
 
 // Opens the order page. Any other address opens nothing.
-void OpenOrderPage(Shell& shell, const std::string& address, PathStyle style);
+void OpenOrderPage(Shell& shell, std::string_view address, PathStyle style);
 
 }  // namespace tidewarden

@@ -27,8 +27,8 @@ void AppendLine(std::string& out, std::string_view line) {
 // The shortest text of a number.
 std::string NumberText(double number) {
   std::array<char, 32> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-  return {text.data(), end};
+  const auto written = std::to_chars(text.data(), text.data() + text.size(), number);
+  return {text.data(), written.ptr};
 }
 
 std::string StyleOf(std::string_view selector, std::string_view font, std::string_view rest) {
