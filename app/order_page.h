@@ -2,10 +2,8 @@
 // TIDEWARDEN_ORDER_PAGE); empty for none.
 #pragma once
 
-#include <string_view>
-
 namespace tidewarden {
 
-inline constexpr std::string_view kOrderPage = TIDEWARDEN_ORDER_PAGE;
+inline constexpr const char* kOrderPage = TIDEWARDEN_ORDER_PAGE;
 
 }  // namespace tidewarden
