@@ -5,8 +5,11 @@
 #include <QPixmap>
 
 #include "alarm/frm_alarm.h"
+#include "app/order_page.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
+#include "editor/launchers.h"
+#include "editor/page_printer.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_screens.h"
 #include "platform/system.h"
@@ -102,15 +105,12 @@ void Desktop::ConnectTray(frmReminder& window) {
 
 EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
   EditorOfProgram::Parts parts;
-  const auto notYet = [this](const char* what) {
-    return [this, what] {
-      Messages().Show(std::string(what) + " not there yet.", MessageButtons::kOk,
-                      MessageIcon::kNone);
-    };
-  };
-  parts.hooks.print = notYet("Printing is");
-  parts.hooks.help = notYet("The help program is");
-  parts.hooks.options = notYet("The options program is");
+  parts.hooks.print = [this](const std::vector<EventRow>& rows) { Print(rows); };
+  parts.hooks.help = [this] { StartHelp(shell_, SystemFolders()); };
+  parts.hooks.options = [this] { EndWithOptions(); };
+  if (IsOrderPage(kOrderPage)) {
+    parts.hooks.donate = [this] { OpenOrderPage(shell_, kOrderPage, SystemFolders().style); };
+  }
   parts.hooks.showReminder = [&window] { window.Return(); };
   parts.format = session_.builder().format();
   parts.setup.eventsFilePath = session_.EventsFilePath();
@@ -119,6 +119,21 @@ EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
   parts.setup.minorVersion = TIDEWARDEN_VERSION_MINOR;
   parts.skin = session_.skin();
   return parts;
+}
+
+void Desktop::Print(const std::vector<EventRow>& rows) {
+  const ProgramFolders folders = SystemFolders();
+  PrintEvents({*settings_, *files_, *formats_, Messages(), shell_}, rows,
+              session_.builder().format(),
+              {GetCommonDataFolder(), folders.userData, folders.style});
+}
+
+void Desktop::EndWithOptions() {
+  const auto release = [this] {
+    session_.tIcon().Visible(false);
+    Instance().Release();
+  };
+  ChangeToOptions({*files_, shell_, end_, release}, SystemFolders());
 }
 
 void Desktop::ShowAlarm() {

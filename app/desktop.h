@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "alarm/alarm_session.h"
 #include "app/arguments.h"
@@ -12,6 +13,7 @@
 #include "platform/memory/memory_reminder.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
+#include "platform/qt/qt_shell.h"
 #include "platform/sdl/sdl_sound_player.h"
 #include "reminder/reminder_session.h"
 
@@ -50,6 +52,8 @@ class Desktop {
   [[nodiscard]] int ShowWindows();
   [[nodiscard]] EditorOfProgram::Parts EditorParts(frmReminder& window);
   void ConnectTray(frmReminder& window);
+  void Print(const std::vector<EventRow>& rows);
+  void EndWithOptions();
   void ShowAlarm();
   void CloseAlarm();
 
@@ -68,6 +72,8 @@ class Desktop {
   MemoryNotificationArea noArea_;
   SplitMixNumbers random_;
   SdlSoundPlayer sound_;
+  QtShell shell_;
+  ProcessEnd end_;
   EditorOfProgram editor_;
   MemoryEditorWindow noEditor_;
   AlarmSession alarms_;

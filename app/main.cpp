@@ -11,7 +11,8 @@
 int main(int argc, char** argv) {
   using namespace tidewarden;
   // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+  const bool isOwnChoice = !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+  if (isOwnChoice) {
     const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
     const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
       return argument == "--help" || argument == "-h" || argument == "--version" ||
@@ -20,6 +21,8 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", onlyTells ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
   }
   const QApplication app(argc, argv);
+  // Programs that are started from here choose for themselves.
+  if (isOwnChoice) qunsetenv("QT_QPA_PLATFORM");
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));

@@ -248,7 +248,7 @@ void EditSession::SetEntryMode(bool on) {
     button->visible = cmdHelp_.enabled;
   }
   // Without a page to open there is nothing to press.
-  if (!hooks_.donate) cmdDonate_.visible = false;
+  if (!hooks_.donate) cmdDonate_.enabled = cmdDonate_.visible = false;
 }
 
 void EditSession::Add() {
@@ -312,12 +312,14 @@ void EditSession::ShowReadFailure() {
 // --- What other parts of the program do.
 
 void EditSession::Print() const {
-  Run(hooks_.print);
+  if (hooks_.print) hooks_.print(List1_);
 }
 void EditSession::Help() const {
   Run(hooks_.help);
 }
-void EditSession::Options() const {
+void EditSession::Options(const std::optional<EditorPlace>& place) const {
+  if (isEntryUnderWay()) return;
+  if (place) SaveEditorPlacement(ports_.settings, *place);
   Run(hooks_.options);
 }
 void EditSession::Donate() const {
@@ -330,8 +332,8 @@ void EditSession::HiddenSave() {
 void EditSession::HiddenPrint() const {
   if (cmdPrint_.enabled) Print();
 }
-void EditSession::HiddenOptions() const {
-  if (cmdOptions_.enabled) Options();
+void EditSession::HiddenOptions(const std::optional<EditorPlace>& place) const {
+  if (cmdOptions_.enabled) Options(place);
 }
 void EditSession::HiddenDonate() const {
   if (cmdDonate_.enabled) Donate();

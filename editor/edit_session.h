@@ -37,10 +37,10 @@ struct EditPorts {
 
 // What other parts of the program do for the editor. Any may be empty.
 struct EditorHooks {
-  std::function<void()> print;
+  std::function<void(const std::vector<EventRow>& rows)> print;
   std::function<void()> help;
-  std::function<void()> options;
-  std::function<void()> donate;
+  std::function<void()> options;       // changes to the options program, which ends this one
+  std::function<void()> donate;        // without it the order page is not offered
   std::function<void()> showReminder;  // brings the reminder window back, which rebuilds its list
 };
 
@@ -130,11 +130,13 @@ class EditSession {
   void Delete();
   void Print() const;
   void Help() const;
-  void Options() const;
+  // `place` as in Closed. It is saved before the hook is called, which may never return. Nothing
+  // while an entry is under way, which would be lost.
+  void Options(const std::optional<EditorPlace>& place) const;
   void Donate() const;
   void HiddenSave();
   void HiddenPrint() const;
-  void HiddenOptions() const;
+  void HiddenOptions(const std::optional<EditorPlace>& place) const;
   void HiddenDonate() const;
   void EscapeReleased();  // ends an entry, does nothing without one
 

@@ -165,23 +165,52 @@ TEST(EditSession, TheDonationButtonNeedsAPage) {
   static_cast<void>(session.Load({{0, 0, 28800, 16200}}));
   session.Shown();
   EXPECT_FALSE(session.cmdDonate().visible);
+  EXPECT_FALSE(session.cmdDonate().enabled);
   EXPECT_TRUE(session.cmdPrint().visible);
   session.Donate();
   session.Print();
+}
+
+TEST(EditSession, OptionsSaveThePlaceOfANormalWindowBeforeTheProgramEnds) {
+  EditDesk desk(kFamily);
+  EditSession& session = desk.Open();
+  const std::string heightBefore = desk.settings.At("Edit", "Height");
+  session.Options(std::nullopt);
+  EXPECT_THAT(desk.hooksRun, ElementsAre("options"));
+  EXPECT_EQ(desk.settings.At("Edit", "Left"), "-1");
+  EXPECT_EQ(desk.settings.At("Edit", "Height"), heightBefore);
+
+  desk.onOptions = [&] { EXPECT_EQ(desk.settings.At("Edit", "Height"), "6000"); };
+  session.Options(EditorPlace{300, 450, 6000});
+  EXPECT_THAT(desk.hooksRun, ElementsAre("options", "options"));
+  EXPECT_EQ(desk.settings.At("Edit", "Left"), "300");
+  EXPECT_EQ(desk.settings.At("Edit", "Top"), "450");
+}
+
+TEST(EditSession, OptionsDoNotEndTheProgramOverAnEntry) {
+  EditDesk desk(kFamily);
+  EditSession& session = desk.Open();
+  session.Add();
+  session.EventInputTyped("Half a title");
+  session.Options(EditorPlace{300, 450, 6000});
+  session.HiddenOptions(EditorPlace{300, 450, 6000});
+  EXPECT_THAT(desk.hooksRun, IsEmpty());
+  EXPECT_EQ(desk.settings.At("Edit", "Left"), "-1");
+  EXPECT_EQ(session.entry().txtEventInput.text, "Half a title");
 }
 
 TEST(EditSession, HiddenButtonsWorkOnlyWhileTheirTwinsDo) {
   EditDesk desk(kFamily);
   EditSession& session = desk.Open();
   session.HiddenPrint();
-  session.HiddenOptions();
+  session.HiddenOptions(std::nullopt);
   session.HiddenDonate();
   session.HiddenSave();
   EXPECT_THAT(desk.hooksRun, ElementsAre("print", "options", "donate"));
   desk.hooksRun.clear();
   desk.Enter(0, "12.26", "Boxing Day");
   session.HiddenPrint();
-  session.HiddenOptions();
+  session.HiddenOptions(std::nullopt);
   session.HiddenDonate();
   EXPECT_THAT(desk.hooksRun, IsEmpty());
   session.Help();
