@@ -51,7 +51,7 @@ struct Desk {
 // In a place that counts pixels of an ordinary screen.
 QColor ColourAt(const QImage& picture, QPoint place) {
   const QPointF middle = (QPointF(place) + QPointF(0.5, 0.5)) * picture.devicePixelRatio();
-  return picture.pixelColor(middle.toPoint());
+  return picture.pixelColor(static_cast<int>(middle.x()), static_cast<int>(middle.y()));
 }
 
 bool Contains(const QImage& picture, const QColor& colour) {
