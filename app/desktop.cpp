@@ -8,7 +8,6 @@
 #include "alarm/frm_alarm.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
-#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_screens.h"
 #include "platform/system.h"
 #include "reminder/frm_reminder.h"
@@ -110,7 +109,7 @@ int Desktop::ShowWindows() {
 
 void Desktop::ConnectTray(frmReminder& window) {
   TrayIcon& icon = session_.tIcon();
-  icon.Icon(area_.AddIcon(ProgramIcon()));
+  icon.Icon(area_.AddIcon(QApplication::windowIcon()));
   icon.MouseUp = [&window](TrayButton /*button*/) { window.RestoreFromTray(); };
   area_.Mouse = [&icon](IconMouseMessage message) {
     icon.HandleCallback(static_cast<double>(message), 1);

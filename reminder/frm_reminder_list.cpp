@@ -30,14 +30,15 @@ void ReminderListView::Select(int row) {
   }
 }
 
-// The rows are laid out in portions, and as long as those above the shown ones are missing, the
-// bar does not reach so far and the list jumps.
+// The rows are laid out in portions, at once only what can be seen. As long as the rows above that
+// are missing, the bar does not reach so far and the list jumps.
 void ReminderListView::doItemsLayout() {
-  constexpr int kPortion = 100;
+  constexpr int kPortion = 500;
   const int top = verticalScrollBar()->value();
   const int shown = viewport()->height() / std::max(1, fontMetrics().height()) + 1;
-  setBatchSize(top + shown + kPortion);
+  setBatchSize(top + 2 * shown);
   QListView::doItemsLayout();
+  setBatchSize(kPortion);
   const bool isCut = verticalScrollBar()->value() < top && top + shown < model()->rowCount();
   if (!isCut) return;
   // An earlier layout was still under way and would only now begin anew.
