@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QPixmap>
+#include <QScreen>
 
 #include "alarm/frm_alarm.h"
 #include "core/ini_settings_store.h"
@@ -182,6 +183,10 @@ int Desktop::Grab() {
   frmReminder window(session_);
   window.setAttribute(Qt::WA_DontShowOnScreen);
   window.Start();
+  // Off the screen nobody makes it as large as the screen.
+  if (session_.placement().maximized) {
+    window.resize(QApplication::primaryScreen()->availableSize());
+  }
   QApplication::processEvents();
   QByteArray bytes;
   QBuffer buffer(&bytes);

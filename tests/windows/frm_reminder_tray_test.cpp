@@ -46,6 +46,7 @@ class FrmReminderTrayTest : public QObject {
   void staysInTheTaskListWithoutATray();
   void comesOutWhenTheTrayVanishes();
   void popsUpOnANewDay();
+  void popsUpInNormalSizeWhenItWasMaximized();
   void aVisibleWindowIsOnlyRebuiltOnANewDay();
   void waitsForTheHourOfTheNewDay();
   void staysBehindTheEditorOnANewDay();
@@ -155,6 +156,19 @@ void FrmReminderTrayTest::popsUpOnANewDay() {
   desk.SendToTray();
   desk.window->RestoreFromTray();
   QVERIFY(desk.window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+void FrmReminderTrayTest::popsUpInNormalSizeWhenItWasMaximized() {
+  Desk desk;
+  desk.Start();
+  desk.window->showMaximized();
+  QTRY_COMPARE(desk.world.settings.At("Settings", "Maximized"), "True");
+  desk.SendToTray();
+  desk.world.TickOn(*desk.window, MakeDate(2014, 12, 23));
+  QVERIFY(desk.window->isVisible());
+  QVERIFY(!desk.window->isMaximized());
+  QTRY_COMPARE(desk.world.settings.At("Settings", "Maximized"), "False");
+  QCOMPARE(desk.window->size(), QSize(400, 300));
 }
 
 void FrmReminderTrayTest::aVisibleWindowIsOnlyRebuiltOnANewDay() {
