@@ -11,23 +11,35 @@
 namespace tidewarden {
 namespace {
 
-constexpr char kLibrary[] = "libSDL2_mixer-2.0.so.0";
-
 constexpr int kRate = 44'100;
 constexpr int kChannels = 2;
 constexpr int kBufferSamples = 2048;  // about 46 ms
 constexpr int kOnce = 1;
 
-// What is used of SDL2_mixer and of the SDL2 below it. They bring forty libraries along, half of
-// what the program would need to start and a quarter of its memory, and most days nothing sounds:
-// so they are loaded for the first sound.
-class Library {
+}  // namespace
+
+// What is used of SDL2_mixer and of the SDL2 below it. They bring forty libraries along, which cost
+// a fifth of the program's start, and most days nothing sounds: so they are loaded for the first
+// sound.
+class SdlSoundPlayer::Library {
  public:
-  // Null in every member when the library is not there.
-  static const Library& Get() {
-    static const Library library;
-    return library;
+  explicit Library(const std::string& name)
+      : handle_(::dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    isLoaded_ = handle_ != nullptr && Find("SDL_SetHint", SetHint) &&
+                Find("SDL_SetMainReady", SetMainReady) &&
+                Find("SDL_InitSubSystem", InitSubSystem) &&
+                Find("SDL_QuitSubSystem", QuitSubSystem) && Find("SDL_GetError", GetError) &&
+                Find("Mix_OpenAudioDevice", OpenAudioDevice) &&
+                Find("Mix_CloseAudio", CloseAudio) && Find("Mix_LoadMUS", LoadMUS) &&
+                Find("Mix_PlayMusic", PlayMusic) && Find("Mix_PlayingMusic", PlayingMusic) &&
+                Find("Mix_HaltMusic", HaltMusic) && Find("Mix_FreeMusic", FreeMusic);
+    if (isLoaded_) return;
+    const char* const problem = ::dlerror();
+    problem_ = problem != nullptr ? problem : name;
   }
+
+  Library(const Library&) = delete;
+  Library& operator=(const Library&) = delete;
 
   [[nodiscard]] bool isLoaded() const { return isLoaded_; }
   // Why it is not, in the system's words.
@@ -47,37 +59,21 @@ class Library {
   decltype(&Mix_FreeMusic) FreeMusic = nullptr;
 
  private:
-  Library() : handle_(::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL)) {
-    isLoaded_ = handle_ != nullptr && Find("SDL_SetHint", SetHint) &&
-                Find("SDL_SetMainReady", SetMainReady) &&
-                Find("SDL_InitSubSystem", InitSubSystem) &&
-                Find("SDL_QuitSubSystem", QuitSubSystem) && Find("SDL_GetError", GetError) &&
-                Find("Mix_OpenAudioDevice", OpenAudioDevice) &&
-                Find("Mix_CloseAudio", CloseAudio) && Find("Mix_LoadMUS", LoadMUS) &&
-                Find("Mix_PlayMusic", PlayMusic) && Find("Mix_PlayingMusic", PlayingMusic) &&
-                Find("Mix_HaltMusic", HaltMusic) && Find("Mix_FreeMusic", FreeMusic);
-    if (isLoaded_) return;
-    const char* const problem = ::dlerror();
-    problem_ = problem != nullptr ? problem : kLibrary;
-  }
-
   template <typename Function>
   bool Find(const char* name, Function& function) {
     function = reinterpret_cast<Function>(::dlsym(handle_, name));
     return function != nullptr;
   }
 
-  void* handle_;  // kept to the end: threads of the library may outlive a sound
+  void* handle_;  // never closed: threads of the library may outlive a sound
   bool isLoaded_ = false;
   std::string problem_;
 };
 
-}  // namespace
-
 // The open sound device and the sound that it plays.
 class SdlSoundPlayer::Device {
  public:
-  Device() {
+  explicit Device(const Library& sdl) : sdl_(sdl) {
     if (!sdl_.isLoaded()) return;
     // SDL would else take over the signals that end a program.
     sdl_.SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
@@ -119,20 +115,22 @@ class SdlSoundPlayer::Device {
     sdl_.FreeMusic(std::exchange(music_, nullptr));
   }
 
-  const Library& sdl_ = Library::Get();
+  const Library& sdl_;
   bool isInitialized_ = false;
   bool isOpen_ = false;
   Mix_Music* music_ = nullptr;
 };
 
 SdlSoundPlayer::SdlSoundPlayer(std::function<void()> beep,
-                               std::function<void(const std::string&)> complain)
-    : beep_(std::move(beep)), complain_(std::move(complain)) {}
+                               std::function<void(const std::string&)> complain,
+                               std::string library)
+    : beep_(std::move(beep)), complain_(std::move(complain)), libraryName_(std::move(library)) {}
 
 SdlSoundPlayer::~SdlSoundPlayer() = default;
 
 void SdlSoundPlayer::Play(const std::string& path, SoundKind /*kind*/) {
-  if (!device_) device_ = std::make_unique<Device>();
+  if (!library_) library_ = std::make_unique<Library>(libraryName_);
+  if (!device_) device_ = std::make_unique<Device>(*library_);
   if (device_->isOpen() && device_->Start(path)) return;
   // The reason is read before the device is closed, which may put another in its place.
   const std::string reason = path + ": cannot be played: " + device_->Problem();
