@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QBuffer>
+#include <QFileInfo>
 #include <QPixmap>
+#include <QScreen>
 
 #include "alarm/frm_alarm.h"
 #include "app/order_page.h"
@@ -10,7 +12,6 @@
 #include "core/skin.h"
 #include "editor/launchers.h"
 #include "editor/page_printer.h"
-#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_screens.h"
 #include "platform/system.h"
 #include "reminder/frm_reminder.h"
@@ -22,6 +23,18 @@ namespace {
 std::unique_ptr<SettingsStore> SettingsOf(const Arguments& arguments, FileSystem& files) {
   if (arguments.settings.isEmpty()) return MakeSystemSettings(files);
   return std::make_unique<IniSettingsStore>(files, arguments.settings.toStdString());
+}
+
+// In the format that the file's name asks for, as a rule PNG.
+bool SavePicture(const QPixmap& picture, const QString& name, QBuffer& out) {
+  const QByteArray ending = QFileInfo(name).suffix().toLatin1();
+  return (!ending.isEmpty() && picture.save(&out, ending.constData())) || picture.save(&out, "PNG");
+}
+
+// Only a copy that is used counts; the mere making of the lock leaves a file.
+std::unique_ptr<PreviousInstance> InstanceOf(const Arguments& arguments, FileSystem& files) {
+  if (!arguments.grab.isEmpty()) return std::make_unique<MemoryPreviousInstance>();
+  return MakePreviousInstance(files, arguments.settings.toStdString());
 }
 
 }  // namespace
@@ -40,49 +53,54 @@ Desktop::Desktop(const Arguments& arguments)
       clock_(*systemClock_, arguments.today, arguments.now),
       formats_(MakeSystemFormats(arguments.shortDate.toStdString())),
       settings_(SettingsOf(arguments, *files_)),
-      instance_(MakePreviousInstance(*files_, arguments.settings.toStdString())),
+      settingsOfPicture_(*settings_),
+      instance_(InstanceOf(arguments, *files_)),
       sound_(&QApplication::beep, Complain),
-      editor_({*settings_, *files_, clock_, Messages()}),
-      alarms_({*settings_, *files_, sound_, Messages()}, SystemFolders()),
-      session_({*settings_, *files_, clock_, Messages(), shiftKey_, *formats_, Instance(), Area(),
-                random_, Editor(), alarms_, SystemFolders()}) {
+      editor_({Settings(), *files_, clock_, Messages()}),
+      alarms_({Settings(), *files_, sound_, Messages()}, SystemFolders()),
+      session_({Settings(), *files_, clock_, Messages(), Shift(), *formats_, *instance_, Area(),
+                random_, editor_, alarms_, SystemFolders()}) {
   session_.Complain = Complain;
+  heldShift_.down = true;
 }
 
 Desktop::~Desktop() = default;
 
-// A picture can be taken beside a running program, and leaves no trace on the desktop.
 MessageBox& Desktop::Messages() {
   return OnlyPicture() ? static_cast<MessageBox&>(lines_) : boxes_;
 }
 
-PreviousInstance& Desktop::Instance() {
-  return OnlyPicture() ? static_cast<PreviousInstance&>(noInstance_) : *instance_;
+SettingsStore& Desktop::Settings() {
+  return OnlyPicture() ? static_cast<SettingsStore&>(settingsOfPicture_) : *settings_;
 }
 
 NotificationArea& Desktop::Area() {
   return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : area_;
 }
 
-// For a picture the file stays as it is, as if an editor worked on it.
-EditorWindow& Desktop::Editor() {
-  noEditor_.loaded = OnlyPicture();
-  return OnlyPicture() ? static_cast<EditorWindow&>(noEditor_) : editor_;
+// Who asks for a picture wants to see it, as one who holds Shift wants to see an empty list.
+ShiftKey& Desktop::Shift() {
+  return OnlyPicture() ? static_cast<ShiftKey&>(heldShift_) : shiftKey_;
 }
 
 int Desktop::Run() {
   if (const auto code = LookAtSettings()) return *code;
   if (const auto code = LookAtLayout()) return *code;
-  if (session_.Load(DesktopScreens(), arguments_.file.toStdString()) == WindowChange::kEnd) {
-    return kDone;
+  const StartFor startFor = OnlyPicture() ? StartFor::kPicture : StartFor::kUse;
+  if (session_.Load(DesktopScreens(), arguments_.file.toStdString(), startFor) ==
+      WindowChange::kEnd) {
+    // Without a picture the one that was asked for is missing.
+    return OnlyPicture() ? kUsage : kDone;
   }
-  return ShowWindows();
+  return OnlyPicture() ? Grab() : ShowWindows();
 }
 
 int Desktop::ShowWindows() {
   frmReminder window(session_);
-  if (OnlyPicture()) return Grab(window);
   ConnectTray(window);
+  const QtScreenWatch screens;
+  QObject::connect(&screens, &QtScreenWatch::Changed, &window,
+                   [&window] { window.ScreensChanged(DesktopScreens()); });
   session_.ShowAlarm = [this] { ShowAlarm(); };
   editor_.MakeParts = [this, &window] { return EditorParts(window); };
   QObject::connect(&window, &frmReminder::Ended, [this] {
@@ -90,13 +108,12 @@ int Desktop::ShowWindows() {
     QApplication::exit(kDone);
   });
   window.Start();
-  session_.tIcon().OwnerForm = static_cast<WindowHandle>(window.winId());
   return QApplication::exec();
 }
 
 void Desktop::ConnectTray(frmReminder& window) {
   TrayIcon& icon = session_.tIcon();
-  icon.Icon(area_.AddIcon(ProgramIcon()));
+  icon.Icon(area_.AddIcon(QApplication::windowIcon()));
   icon.MouseUp = [&window](TrayButton /*button*/) { window.RestoreFromTray(); };
   area_.Mouse = [&icon](IconMouseMessage message) {
     icon.HandleCallback(static_cast<double>(message), 1);
@@ -175,12 +192,20 @@ std::optional<ExitCode> Desktop::LookAtLayout() {
 }
 
 // The picture shows the user's events, so it is for the user alone, like every file made here.
-int Desktop::Grab(frmReminder& window) {
+int Desktop::Grab() {
+  // Of a file that cannot be read there is nothing to see; the session has told why.
+  if (!session_.builder().readStatus().ok()) return kCannotRead;
+  frmReminder window(session_);
+  window.setAttribute(Qt::WA_DontShowOnScreen);
   window.Start();
+  // Off the screen nobody makes it as large as the screen.
+  if (session_.placement().maximized) {
+    window.resize(QApplication::primaryScreen()->availableSize());
+  }
   QApplication::processEvents();
   QByteArray bytes;
   QBuffer buffer(&bytes);
-  if (window.grab().save(&buffer, "PNG") &&
+  if (SavePicture(window.grab(), arguments_.grab, buffer) &&
       ReplaceFile(*files_, arguments_.grab.toStdString(), bytes.toStdString()).ok()) {
     return kDone;
   }

@@ -14,11 +14,12 @@ int main(int argc, char** argv) {
   const bool isOwnChoice = !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
   if (isOwnChoice) {
     const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
-    const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+    const bool hasDisplay = hasX11 || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    const bool needsNone = std::any_of(argv + 1, argv + argc, [=](std::string_view argument) {
       return argument == "--help" || argument == "-h" || argument == "--version" ||
-             argument == "-v";
+             argument == "-v" || (!hasDisplay && argument.starts_with("--grab"));
     });
-    qputenv("QT_QPA_PLATFORM", onlyTells ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
+    qputenv("QT_QPA_PLATFORM", needsNone ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
   }
   const QApplication app(argc, argv);
   // Programs that are started from here choose for themselves.

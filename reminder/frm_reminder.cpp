@@ -190,6 +190,10 @@ void frmReminder::RestoreFromTray() {
   Apply(session_.Restore());
 }
 
+void frmReminder::ScreensChanged(const Screens& screens) {
+  Apply(session_.ScreensChanged(screens, Here()));
+}
+
 void frmReminder::Apply(WindowChange change) {
   switch (change) {
     case WindowChange::kNone:
@@ -317,6 +321,13 @@ WindowPlacement frmReminder::Here() const {
   return {State(),
           {TwipsFromPixels(x()), TwipsFromPixels(y()), TwipsFromPixels(width()),
            TwipsFromPixels(height())}};
+}
+
+bool frmReminder::event(QEvent* event) {
+  if (event->type() == QEvent::WinIdChange) {
+    session_.tIcon().OwnerForm = static_cast<WindowHandle>(internalWinId());
+  }
+  return QWidget::event(event);
 }
 
 void frmReminder::showEvent(QShowEvent* event) {
