@@ -138,8 +138,7 @@ TEST(SavingCarefully, AFileThatCannotBeMadeIsToldAndMadeByTheNextSave) {
                               "\" does not exist.\n\n"
                               "Tidewarden will now start from scratch with a new " +
                               kEventsPath + " file.";
-  EXPECT_THAT(desk.messages.shown,
-              ElementsAre(missing, Failure(kEventsPath, "permission denied")));
+  EXPECT_THAT(desk.messages.shown, ElementsAre(missing, Failure(kEventsPath, "permission denied")));
   EXPECT_EQ(desk.messages.boxes[1].buttons, MessageButtons::kOk);
   EXPECT_THAT(desk.List(), ElementsAre("12.22  <TODAY>"));
   desk.files.writeFailures.clear();
