@@ -11,179 +11,14 @@
 
 #include "app/editor_of_program.h"
 #include "dates/text.h"
-#include "editor/occurrence_codes.h"
 #include "tests/support/layouts.h"
+#include "tests/windows/family_events.h"
 #include "tests/windows/reminder_world.h"
 
 namespace tidewarden {
 namespace {
 
-using test::LayoutOf;
-using test::On;
-
-constexpr int kEveryWeekday = -1;  // the day of an event of a weekday kind
-constexpr int kNoObservance = -1;
-
-struct FamilyEvent {
-  const char* title;  // as typed, or as the observance gives it
-  const char* key;    // by which it is found in a list
-  int kind = kYearlyKind;
-  int month = 0;
-  int day = 0;
-  int year = 0;  // of counters
-  const char* advance = "";
-  const char* count = "";
-  int observance = kNoObservance;
-  std::vector<CivilDate> dates = {};  // in 2015; none for counters, which are always listed
-  const char* line = "";              // in the file, its code in lower case
-};
-
-std::vector<CivilDate> Monthly(int day) {
-  std::vector<CivilDate> dates;
-  for (int month = 1; month <= 12; ++month) dates.push_back(On(2015, month, day));
-  return dates;
-}
-
-std::vector<CivilDate> LastDays() {
-  std::vector<CivilDate> dates;
-  for (const auto& [month, day] : {std::pair(1, 31),
-                                   {2, 28},
-                                   {3, 31},
-                                   {4, 30},
-                                   {5, 31},
-                                   {6, 30},
-                                   {7, 31},
-                                   {8, 31},
-                                   {9, 30},
-                                   {10, 31},
-                                   {11, 30},
-                                   {12, 31}}) {
-    dates.push_back(On(2015, month, day));
-  }
-  return dates;
-}
-
-std::vector<CivilDate> EveryTwoWeeks() {
-  std::vector<CivilDate> dates;
-  for (DayCount day{On(2015, 1, 5)}; CivilDate{day}.year() < std::chrono::year{2016};
-       day += std::chrono::days{14}) {
-    dates.push_back(CivilDate{day});
-  }
-  return dates;
-}
-
-// In the order of the file.
-const std::vector<FamilyEvent>& Family() {
-  static const std::vector<FamilyEvent> events{
-      {.title = "Easter Sunday",
-       .key = "EASTER",
-       .advance = "10",
-       .observance = 40,
-       .dates = {On(2015, 4, 5)},
-       .line = "_estr,Easter Sunday,10,yearly"},
-      {.title = "Bins",
-       .key = "BINS",
-       .kind = kEveryKind,
-       .month = 1,
-       .day = 5,
-       .advance = "1",
-       .count = "14",
-       .dates = EveryTwoWeeks(),
-       .line = "01.05,Bins,1,14-2015"},
-      {.title = "Water bill",
-       .key = "WATER",
-       .kind = 1,
-       .month = 2,
-       .day = 10,
-       .advance = "5",
-       .dates = {On(2015, 2, 10), On(2015, 5, 10), On(2015, 8, 10), On(2015, 11, 10)},
-       .line = "02.10,Water bill,5,quarter"},
-      {.title = "Mum's birthday",
-       .key = "MUM'S",
-       .month = 3,
-       .day = 14,
-       .advance = "14",
-       .dates = {On(2015, 3, 14)},
-       .line = "03.14,Mum's birthday,14,yearly"},
-      {.title = "Tax return",
-       .key = "TAX",
-       .kind = kTilDoneKind,
-       .month = 4,
-       .day = 10,
-       .advance = "10",
-       .dates = {On(2015, 4, 10)},
-       .line = "04.10,Tax return,10,tdo2015"},
-      {.title = "Dentist 3:30pm",
-       .key = "DENTIST",
-       .kind = kOneTimeKind,
-       .month = 5,
-       .day = 20,
-       .advance = "2",
-       .dates = {On(2015, 5, 20)},
-       .line = "05.20,Dentist 3:30pm,2,one2015"},
-      {.title = "Mother's Day",
-       .key = "MOTHER",
-       .advance = "7",
-       .observance = 18,
-       .dates = {On(2015, 5, 10)},
-       .line = "05.xx,Mother's Day,7,2nd sun"},
-      {.title = "Wedding day",
-       .key = "WEDDING",
-       .month = 7,
-       .day = 2,
-       .advance = "7",
-       .dates = {On(2015, 7, 2)},
-       .line = "07.02,Wedding day,7,yearly"},
-      {.title = "Since we moved",
-       .key = "MOVED",
-       .kind = kDaysPastKind,
-       .month = 8,
-       .day = 1,
-       .year = 2014,
-       .line = "08.01,Since we moved,0,dp-2014"},
-      {.title = "Labor Day",
-       .key = "LABOR",
-       .advance = "4",
-       .observance = 27,
-       .dates = {On(2015, 9, 7)},
-       .line = "09.xx,Labor Day,4,1st mon"},
-      {.title = "Until the trip",
-       .key = "TRIP",
-       .kind = kDaysFutureKind,
-       .month = 12,
-       .day = 24,
-       .year = 2016,
-       .line = "12.24,Until the trip,0,df-2016"},
-      {.title = "Christmas Day",
-       .key = "CHRISTMAS",
-       .advance = "20",
-       .observance = 36,
-       .dates = {On(2015, 12, 25)},
-       .line = "12.25,Christmas Day,20,yearly"},
-      {.title = "Rent",
-       .key = "RENT",
-       .kind = kMonthlyKind,
-       .day = 15,
-       .advance = "3",
-       .dates = Monthly(15),
-       .line = "xx.15,Rent,3,monthly"},
-      {.title = "Pay day",
-       .key = "PAY DAY",
-       .kind = kOccurrenceKinds - 1,
-       .day = kEveryWeekday,
-       .advance = "0",
-       .dates = LastDays(),
-       .line = "xx.xx,Pay day,0,las day"},
-  };
-  return events;
-}
-
-const FamilyEvent& EventOf(const char* title) {
-  for (const FamilyEvent& event : Family()) {
-    if (std::string_view(event.title) == title) return event;
-  }
-  qFatal("no event %s", title);
-}
+using namespace test;
 
 // The computer of the family: what stays when the program has ended.
 struct House {
@@ -353,23 +188,6 @@ void Run::Enter(const FamilyEvent& event) {
   for (const std::string& text : house_.messages.shown) QFAIL(text.c_str());
 }
 
-// Due within its notice; counters always, and what is to be done until it is done.
-bool IsDue(const FamilyEvent& event, CivilDate today) {
-  if (event.dates.empty()) return true;
-  if (event.kind == kTilDoneKind && DayCount{event.dates[0]} < DayCount{today}) return true;
-  const int notice = QByteArray(event.advance).toInt();
-  return std::any_of(event.dates.begin(), event.dates.end(), [&](CivilDate date) {
-    const auto days = (DayCount{date} - DayCount{today}).count();
-    return days >= 0 && days <= notice;
-  });
-}
-
-QStringList LinesOfFamily() {
-  QStringList lines;
-  for (const FamilyEvent& event : Family()) lines << QString::fromUtf8(event.line).toLower();
-  return lines;
-}
-
 }  // namespace
 
 class YearWithTheProgramTest : public QObject {
@@ -382,6 +200,8 @@ class YearWithTheProgramTest : public QObject {
 
  private:
   static void EnterAll(Run& run, House& house);
+  static void LiveTheDay(Run& run, House& house, CivilDate today, Known& known);
+  static void DeleteInTheEditor(Run& run, House& house, const QString& title);
   static void LookAtTheList(Run& run, CivilDate today, const QStringList& gone);
 };
 
@@ -403,6 +223,46 @@ void YearWithTheProgramTest::LookAtTheList(Run& run, CivilDate today, const QStr
   }
 }
 
+void YearWithTheProgramTest::DeleteInTheEditor(Run& run, House& house, const QString& title) {
+  run.OpenEditor();
+  auto* const list = run.Of<QListView>("List1");
+  const QModelIndexList found = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole,
+                                                     title, 1, Qt::MatchContains);
+  QCOMPARE(found.size(), 1);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(found[0]).center());
+  house.messages.answer = MessageAnswer::kYes;
+  QTest::keyClick(list, Qt::Key_Delete);
+  house.messages.answer = MessageAnswer::kOk;
+  run.CloseEditor();
+}
+
+// What the family does on some days besides looking.
+void YearWithTheProgramTest::LiveTheDay(Run& run, House& house, CivilDate today, Known& known) {
+  if (today == On(2015, 3, 12)) {
+    run.ChooseFromMenu("Rent", "mnuHideThis");
+    QVERIFY(!run.Lists("RENT"));
+    QCOMPARE(house.Lines().filter(QStringLiteral("*")).size(), 1);
+  } else if (today == On(2015, 4, 23)) {
+    DeleteInTheEditor(run, house, QStringLiteral("Tax return"));
+    known.Forget(EventOf("Tax return"));
+  } else if (today == On(2015, 6, 25)) {
+    run.DoubleClick("Wedding");
+    run.Type("txtEventInput", QStringLiteral("Our wedding"));
+    QTest::keyClick(run.Editor().focusWidget(), Qt::Key_S, Qt::AltModifier);
+    QTRY_VERIFY(!run.IsEntryUnderWay());
+    run.CloseEditor();
+    known.lines.replaceInStrings(LineOf(EventOf("Wedding day")),
+                                 QStringLiteral("07.02,our wedding,7,yearly"));
+  } else if (today == On(2015, 9, 3)) {
+    run.DoubleClick("TODAY");
+    run.Type("txtEventInput", QStringLiteral("School begins"));
+    run.Press("cmdSave");
+    run.CloseEditor();
+    QVERIFY(run.Lists("SCHOOL BEGINS"));
+    known.lines << QStringLiteral("09.03,school begins,0,yearly");
+  }
+}
+
 void YearWithTheProgramTest::listsEveryEventWhenItIsDue_data() {
   QTest::addColumn<QString>("pattern");
   for (const char* const pattern : {"MM/dd/yyyy", "dd.MM.yyyy", "yyyy-MM-dd"}) {
@@ -414,11 +274,7 @@ void YearWithTheProgramTest::listsEveryEventWhenItIsDue() {
   QFETCH(const QString, pattern);
   House house;
   house.pattern = pattern.toStdString();
-  QStringList gone;
-  QStringList lines = LinesOfFamily();
-  const auto replace = [&](const char* title, const char* by) {
-    lines.replaceInStrings(QString::fromUtf8(EventOf(title).line).toLower(), QString::fromUtf8(by));
-  };
+  Known known;
   for (DayCount day{On(2015, 1, 1)}; day <= DayCount{On(2016, 1, 1)}; day += std::chrono::days{7}) {
     const CivilDate today{day};
     house.clock.now.date = today;
@@ -431,51 +287,17 @@ void YearWithTheProgramTest::listsEveryEventWhenItIsDue() {
       EnterAll(run, house);
     }
     if (QTest::currentTestFailed()) return;
-    LookAtTheList(run, today, gone);
+    LookAtTheList(run, today, known.gone);
     if (QTest::currentTestFailed()) return;
 
-    if (today == On(2015, 3, 12)) {
-      run.ChooseFromMenu("Rent", "mnuHideThis");
-      QVERIFY(!run.Lists("RENT"));
-    } else if (today == On(2015, 4, 23)) {
-      run.OpenEditor();
-      const auto* const list = run.Of<QListView>("List1");
-      const QModelIndexList found =
-          list->model()->match(list->model()->index(0, 0), Qt::DisplayRole,
-                               QStringLiteral("Tax return"), 1, Qt::MatchContains);
-      QCOMPARE(found.size(), 1);
-      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(found[0]).center());
-      house.messages.answer = MessageAnswer::kYes;
-      QTest::keyClick(run.Of<QListView>("List1"), Qt::Key_Delete);
-      house.messages.answer = MessageAnswer::kOk;
-      run.CloseEditor();
-      gone << QStringLiteral("TAX");
-      lines.removeAll(QString::fromUtf8(EventOf("Tax return").line).toLower());
-    } else if (today == On(2015, 6, 25)) {
-      run.DoubleClick("Wedding");
-      run.Type("txtEventInput", QStringLiteral("Our wedding"));
-      QTest::keyClick(run.Editor().focusWidget(), Qt::Key_S, Qt::AltModifier);
-      QTRY_VERIFY(!run.IsEntryUnderWay());
-      run.CloseEditor();
-      replace("Wedding day", "07.02,our wedding,7,yearly");
-    } else if (today == On(2015, 9, 3)) {
-      run.DoubleClick("TODAY");
-      run.Type("txtEventInput", QStringLiteral("School begins"));
-      run.Press("cmdSave");
-      run.CloseEditor();
-      QVERIFY(run.Lists("SCHOOL BEGINS"));
-      lines << QStringLiteral("09.03,school begins,0,yearly");
-    }
-    if (today > On(2015, 5, 20)) {
-      lines.removeAll(QString::fromUtf8(EventOf("Dentist 3:30pm").line).toLower());
-      gone << QStringLiteral("DENTIST");
-    }
+    LiveTheDay(run, house, today, known);
+    if (today > On(2015, 5, 20)) known.Forget(EventOf("Dentist 3:30pm"));
     // Nothing is lost: but for the mark of what is hidden the file holds what it is to hold.
     QStringList held = house.Lines();
     held.replaceInStrings(QStringLiteral("*"), QString());
     held.sort();
-    lines.sort();
-    QCOMPARE(held, lines);
+    known.lines.sort();
+    QCOMPARE(held, known.lines);
     QVERIFY(house.Lines().filter(QStringLiteral("*")).size() <= 1);
   }
 }
