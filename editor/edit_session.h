@@ -188,6 +188,7 @@ class EditSession {
   void OpenRequested();
   void SetEntryMode(bool on);
   void EnableEventList(bool enable);
+  [[nodiscard]] Status ReadEventsFile(std::string& content);
   void LoadEventLines(CivilDate today);
   void FillEventList(std::string content, CivilDate today);
   void FillAfterWriting(std::string content, CivilDate today);
@@ -202,6 +203,7 @@ class EditSession {
   void FindEventRowByTitle(std::string_view title);
   void DrawDonateGlyph();
   void ShowReadFailure();
+  void ShowWriteFailure(const std::string& path, const Status& status);
 
   EditPorts ports_;
   EditorHooks hooks_;
@@ -229,6 +231,7 @@ class EditSession {
   bool settled_ = true;                    // whether its rows are read back as they are
   long wantedLine_ = -1;                   // where the requested line was found in content_
   Status readStatus_;
+  std::string unreadPath_;  // the file that could not be read
   long RequestedEditLine_ = -1;
   std::string requestedRawLine_;
   bool RequestedAdd_ = false;

@@ -97,7 +97,7 @@ class EditDesk {
     return texts;
   }
 
-  [[nodiscard]] const std::string& file() { return files.files.at(kEventsPath); }
+  [[nodiscard]] const std::string& file() const { return files.files.at(kEventsPath); }
   [[nodiscard]] std::string Backup(int number) {
     const auto found = files.files.find("/home/ann/datesbk" + std::to_string(number) + ".txt");
     return found == files.files.end() ? "(none)" : found->second;
