@@ -148,7 +148,7 @@ void Desktop::Print(const std::vector<EventRow>& rows) {
 void Desktop::EndWithOptions() {
   const auto release = [this] {
     session_.tIcon().Visible(false);
-    Instance().Release();
+    instance_->Release();
   };
   ChangeToOptions({*files_, shell_, end_, release}, SystemFolders());
 }
