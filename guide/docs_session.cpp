@@ -16,6 +16,12 @@ bool DocsSession::Open(std::string_view target) {
   return place.has_value();
 }
 
+bool DocsSession::Begin(std::string_view target) {
+  const bool exists = Open(target);
+  before_.clear();
+  return exists;
+}
+
 void DocsSession::OpenRow(std::size_t row) {
   if (row < rows_.size()) GoTo(rows_[row].place);
 }

@@ -43,6 +43,8 @@ class DocsSession {
   // Goes where a name or link leads (Guide::Locate); the place left can be gone back to. False, and
   // to the contents, when it does not exist.
   bool Open(std::string_view target);
+  // The same at the start of the program: there is nothing to go back to.
+  bool Begin(std::string_view target);
   // Goes to the place of a row; nothing for a row that is not there.
   void OpenRow(std::size_t row);
   LinkKind Follow(std::string_view link);

@@ -18,9 +18,9 @@
 namespace tidewarden {
 namespace {
 
-constexpr QSize kSize{960, 680};
+constexpr QSize kSize{1000, 700};
 constexpr QSize kLeastSize{480, 320};
-constexpr int kListWidth = 270;
+constexpr int kListWidth = 250;
 constexpr std::size_t kNoTopic = std::numeric_limits<std::size_t>::max();
 // Dark text on yellow can be read on every desktop.
 constexpr QRgb kMatchBackground = 0xFFFFE08A;
@@ -77,6 +77,7 @@ void frmDocs::SetUpControls() {
   lblFound->setTextFormat(Qt::PlainText);
   Name(lstTopics, "lstTopics", {});
   lstTopics->setWordWrap(true);
+  lstTopics->setSpacing(2);
   lstTopics->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   lstTopics->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   Name(txtText, "txtText", {});

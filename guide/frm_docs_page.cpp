@@ -1,10 +1,12 @@
 #include "guide/frm_docs_page.h"
 
+#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextFrame>
 #include <QTextTable>
+#include <algorithm>
 
 namespace tidewarden {
 namespace {
@@ -14,6 +16,8 @@ constexpr QRgb kLinkOnLight = 0xFF0D6580;
 constexpr QRgb kLinkOnDark = 0xFF7FD0E8;
 constexpr int kDark = 128;
 constexpr double kLineHeight = 120;  // percent
+constexpr double kNarrowColumn = 9;  // in lines of text
+constexpr double kBoldIsWider = 1.15;
 
 struct Colours {
   QColor link;
@@ -34,7 +38,58 @@ Colours ColoursOn(const QPalette& palette) {
           Mix(base, text, 0.07)};
 }
 
-void StyleTable(QTextTable& table, const Colours& colours, double unit) {
+// How much room the text of a cell would take on one line, and its longest word.
+struct CellWidths {
+  double line = 0;
+  double word = 0;
+};
+
+CellWidths WidthsOf(const QTextTableCell& cell, const QFontMetricsF& prose,
+                    const QFontMetricsF& code) {
+  CellWidths widths;
+  for (auto block = cell.begin(); !block.atEnd(); ++block) {
+    double line = 0;
+    for (auto it = block.currentBlock().begin(); !it.atEnd(); ++it) {
+      const QTextFragment fragment = it.fragment();
+      const QFontMetricsF& metrics = fragment.charFormat().fontFixedPitch() ? code : prose;
+      line += metrics.horizontalAdvance(fragment.text());
+      for (const QString& word : fragment.text().split(QLatin1Char(' '))) {
+        const double bold = &metrics == &prose ? kBoldIsWider : 1;
+        widths.word = std::max(widths.word, metrics.horizontalAdvance(word) * bold);
+      }
+    }
+    widths.line = std::max(widths.line, line);
+  }
+  return widths;
+}
+
+// Left to itself Qt gives columns with little text as much room as those with much, and breaks the
+// names of settings. Beside a column of long texts, short ones get what they need.
+QList<QTextLength> ColumnWidths(const QTextTable& table, const QFont& font, double padding) {
+  QFont codeFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  codeFont.setPointSizeF(font.pointSizeF());
+  const QFontMetricsF prose(font);
+  const QFontMetricsF code(codeFont);
+  const double narrow = prose.height() * kNarrowColumn;
+  QList<QTextLength> lengths;
+  bool hasLongTexts = false;
+  for (int column = 0; column < table.columns(); ++column) {
+    CellWidths most;
+    for (int row = 0; row < table.rows(); ++row) {
+      const CellWidths widths = WidthsOf(table.cellAt(row, column), prose, code);
+      most = {std::max(most.line, widths.line), std::max(most.word, widths.word)};
+    }
+    hasLongTexts = hasLongTexts || most.line > narrow * 3;
+    const double width = std::max(most.word, std::min(most.line, narrow));
+    const bool isShort = most.line <= narrow * 2;
+    lengths.append(isShort ? QTextLength(QTextLength::FixedLength, width + 2 * padding)
+                           : QTextLength());
+  }
+  return hasLongTexts ? lengths : QList<QTextLength>();
+}
+
+void StyleTable(QTextTable& table, const Colours& colours, const QFont& font) {
+  const double unit = QFontMetricsF(font).height();
   QTextTableFormat format = table.format();
   format.setBorder(1);
   format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
@@ -43,8 +98,8 @@ void StyleTable(QTextTable& table, const Colours& colours, double unit) {
   format.setCellPadding(unit * 0.35);
   format.setCellSpacing(0);
   format.setTopMargin(unit * 0.4);
-  format.setBottomMargin(unit * 0.8);
-  format.clearColumnWidthConstraints();
+  format.setBottomMargin(unit * 0.4);
+  format.setColumnWidthConstraints(ColumnWidths(table, font, format.cellPadding()));
   table.setFormat(format);
   for (int column = 0; column < table.columns(); ++column) {
     QTextTableCell cell = table.cellAt(0, column);
@@ -54,10 +109,10 @@ void StyleTable(QTextTable& table, const Colours& colours, double unit) {
   }
 }
 
-void StyleTables(QTextFrame& frame, const Colours& colours, double unit) {
+void StyleTables(QTextFrame& frame, const Colours& colours, const QFont& font) {
   for (QTextFrame* child : frame.childFrames()) {
-    if (auto* table = qobject_cast<QTextTable*>(child)) StyleTable(*table, colours, unit);
-    StyleTables(*child, colours, unit);
+    if (auto* table = qobject_cast<QTextTable*>(child)) StyleTable(*table, colours, font);
+    StyleTables(*child, colours, font);
   }
 }
 
@@ -65,11 +120,16 @@ bool IsCode(const QTextBlock& block) {
   return block.isValid() && block.blockFormat().hasProperty(QTextFormat::BlockCodeFence);
 }
 
+bool HoldsPicture(const QTextBlock& block) {
+  return block.text().contains(QChar::ObjectReplacementCharacter);
+}
+
 QTextBlockFormat BlockLooks(const QTextBlock& block, const Colours& colours, double unit) {
   QTextBlockFormat format = block.blockFormat();
   const bool isInTable = QTextCursor(block).currentTable() != nullptr;
   if (IsCode(block)) {
     format.setBackground(colours.shade);
+    format.setNonBreakableLines(false);
     format.setLeftMargin(unit);
     format.setTopMargin(IsCode(block.previous()) ? 0 : unit * 0.4);
     format.setBottomMargin(IsCode(block.next()) ? 0 : unit * 0.8);
@@ -77,7 +137,10 @@ QTextBlockFormat BlockLooks(const QTextBlock& block, const Colours& colours, dou
     format.setTopMargin(format.headingLevel() == 1 ? 0 : unit * 1.2);
     format.setBottomMargin(unit * 0.4);
   } else if (!isInTable) {
-    format.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
+    // A picture would be given a fifth of its height in addition.
+    if (!HoldsPicture(block)) {
+      format.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
+    }
     format.setTopMargin(0);
     format.setBottomMargin(block.textList() != nullptr ? unit * 0.2 : unit * 0.6);
   }
@@ -114,7 +177,7 @@ void FillPage(QTextDocument& document, const std::string& markdown, const QPalet
     cursor.setBlockFormat(BlockLooks(block, colours, unit));
     StyleCharacters(block, cursor, colours);
   }
-  StyleTables(*document.rootFrame(), colours, unit);
+  StyleTables(*document.rootFrame(), colours, document.defaultFont());
   cursor.endEditBlock();
   document.clearUndoRedoStacks();
 }

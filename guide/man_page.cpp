@@ -10,6 +10,7 @@ namespace tidewarden {
 namespace {
 
 constexpr std::string_view kIncludeStart = "<!-- include ";
+constexpr std::string_view kBelow = "below ";
 constexpr std::string_view kIncludeEnd = " -->";
 constexpr std::size_t kLineWidth = 78;
 
@@ -42,6 +43,20 @@ std::string SectionLines(std::string_view text, std::string_view anchor) {
 std::string WithoutFirstHeading(std::string_view text) {
   if (text.starts_with("# ")) text.remove_prefix(std::min(text.find('\n'), text.size()));
   return std::string(text);
+}
+
+std::string OneLevelDown(std::string_view text) {
+  std::string out;
+  bool inCode = false;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (line.starts_with("```")) inCode = !inCode;
+    if (line.starts_with('#') && !inCode) out.push_back('#');
+    out.append(line).push_back('\n');
+  }
+  return out;
 }
 
 std::string Included(std::string_view name,
@@ -273,7 +288,10 @@ std::string PutIncludesIn(std::string_view page,
     if (line.starts_with(kIncludeStart) && line.ends_with(kIncludeEnd)) {
       line.remove_prefix(kIncludeStart.size());
       line.remove_suffix(kIncludeEnd.size());
-      out += Included(line, read);
+      const bool isBelow = line.starts_with(kBelow);
+      if (isBelow) line.remove_prefix(kBelow.size());
+      const std::string part = Included(line, read);
+      out += isBelow ? OneLevelDown(part) : part;
     } else {
       out += line;
     }

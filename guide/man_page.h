@@ -20,8 +20,8 @@ inline constexpr std::string_view kMissingInclude = "MISSING INCLUDE";
 // Puts parts of the guide into a page: a line "<!-- include NAME -->" becomes what `read` gives for
 // NAME, the whole of a text without its first heading, and "<!-- include NAME#ANCHOR -->" the
 // section of that anchor with all that is below it, its heading included. Headings keep their
-// levels. A part that is not there becomes kMissingInclude and the name. Included text is not
-// searched for further includes.
+// levels; with "include below" in place of "include" they go one level down. A part that is not
+// there becomes kMissingInclude and the name. Included text is not searched for further includes.
 [[nodiscard]] std::string PutIncludesIn(std::string_view page,
                                         const std::function<std::string(std::string_view)>& read);
 

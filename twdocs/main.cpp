@@ -39,7 +39,7 @@ ExitCode Grab(QWidget& window, const QString& path, FileSystem& files) {
 
 int Run(const Arguments& arguments, const Guide& guide) {
   DocsSession session(guide);
-  if (!arguments.topic.isEmpty() && !session.Open(arguments.topic.toStdString())) {
+  if (!arguments.topic.isEmpty() && !session.Begin(arguments.topic.toStdString())) {
     Complain(QStringLiteral("there is no topic \"%1\", so here are the contents; --list-topics "
                             "prints what there is")
                  .arg(arguments.topic));
