@@ -1,6 +1,5 @@
 #include "guide/frm_docs_page.h"
 
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -17,7 +16,7 @@ constexpr QRgb kLinkOnDark = 0xFF7FD0E8;
 constexpr int kDark = 128;
 constexpr double kLineHeight = 120;  // percent
 constexpr double kNarrowColumn = 9;  // in lines of text
-constexpr double kBoldIsWider = 1.15;
+constexpr double kSpare = 4;         // for what lies between measuring and drawing
 
 struct Colours {
   QColor link;
@@ -44,18 +43,18 @@ struct CellWidths {
   double word = 0;
 };
 
-CellWidths WidthsOf(const QTextTableCell& cell, const QFontMetricsF& prose,
-                    const QFontMetricsF& code) {
+CellWidths WidthsOf(const QTextTableCell& cell, const QFont& font) {
   CellWidths widths;
   for (auto block = cell.begin(); !block.atEnd(); ++block) {
     double line = 0;
     for (auto it = block.currentBlock().begin(); !it.atEnd(); ++it) {
-      const QTextFragment fragment = it.fragment();
-      const QFontMetricsF& metrics = fragment.charFormat().fontFixedPitch() ? code : prose;
-      line += metrics.horizontalAdvance(fragment.text());
-      for (const QString& word : fragment.text().split(QLatin1Char(' '))) {
-        const double bold = &metrics == &prose ? kBoldIsWider : 1;
-        widths.word = std::max(widths.word, metrics.horizontalAdvance(word) * bold);
+      QFont drawn = it.fragment().charFormat().font();
+      drawn.setPointSizeF(font.pointSizeF());
+      drawn.setBold(drawn.bold() || cell.row() == 0);
+      const QFontMetricsF metrics(drawn);
+      line += metrics.horizontalAdvance(it.fragment().text());
+      for (const QString& word : it.fragment().text().split(QLatin1Char(' '))) {
+        widths.word = std::max(widths.word, metrics.horizontalAdvance(word));
       }
     }
     widths.line = std::max(widths.line, line);
@@ -66,23 +65,19 @@ CellWidths WidthsOf(const QTextTableCell& cell, const QFontMetricsF& prose,
 // Left to itself Qt gives columns with little text as much room as those with much, and breaks the
 // names of settings. Beside a column of long texts, short ones get what they need.
 QList<QTextLength> ColumnWidths(const QTextTable& table, const QFont& font, double padding) {
-  QFont codeFont = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  codeFont.setPointSizeF(font.pointSizeF());
-  const QFontMetricsF prose(font);
-  const QFontMetricsF code(codeFont);
-  const double narrow = prose.height() * kNarrowColumn;
+  const double narrow = QFontMetricsF(font).height() * kNarrowColumn;
   QList<QTextLength> lengths;
   bool hasLongTexts = false;
   for (int column = 0; column < table.columns(); ++column) {
     CellWidths most;
     for (int row = 0; row < table.rows(); ++row) {
-      const CellWidths widths = WidthsOf(table.cellAt(row, column), prose, code);
+      const CellWidths widths = WidthsOf(table.cellAt(row, column), font);
       most = {std::max(most.line, widths.line), std::max(most.word, widths.word)};
     }
     hasLongTexts = hasLongTexts || most.line > narrow * 3;
     const double width = std::max(most.word, std::min(most.line, narrow));
     const bool isShort = most.line <= narrow * 2;
-    lengths.append(isShort ? QTextLength(QTextLength::FixedLength, width + 2 * padding)
+    lengths.append(isShort ? QTextLength(QTextLength::FixedLength, width + 2 * padding + kSpare)
                            : QTextLength());
   }
   return hasLongTexts ? lengths : QList<QTextLength>();

@@ -1,6 +1,7 @@
 #include "guide/guide_search.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "dates/text.h"
 
@@ -9,12 +10,14 @@ namespace {
 
 // What a word is worth in each place. A topic of that title comes before any number of sections
 // that only speak of it.
-constexpr int kInTopicTitle = 200;
-constexpr int kInHeading = 60;
+constexpr int kInText = 1;
+constexpr int kInHeading = 5;
+constexpr int kInTopicTitle = 17;
+// The same by how much of a longer word it is.
 constexpr int kWholeWord = 12;
 constexpr int kFrontOfWord = 8;
 constexpr int kInsideWord = 3;
-constexpr int kMostPlaces = 4;  // beyond which further ones of a word count no more
+constexpr std::size_t kMostPlaces = 4;  // beyond which further ones of a word count no more
 constexpr std::size_t kExcerptBefore = 40;
 constexpr std::size_t kExcerpt = 120;
 
@@ -45,21 +48,19 @@ int WorthAt(std::string_view text, TextRange range) {
   return atFront ? (atEnd ? kWholeWord : kFrontOfWord) : kInsideWord;
 }
 
-bool Holds(std::string_view text, const std::string& word) {
-  return !FindWords(text, {word}).empty();
+// What the best places of a word in a text are worth; 0 when it is not there at all.
+int WorthIn(std::string_view text, const std::string& word, std::size_t mostPlaces) {
+  std::vector<int> worths;
+  for (const TextRange& range : FindWords(text, {word})) worths.push_back(WorthAt(text, range));
+  std::sort(worths.rbegin(), worths.rend());
+  if (worths.size() > mostPlaces) worths.resize(mostPlaces);
+  return std::accumulate(worths.begin(), worths.end(), 0);
 }
 
-// 0 when the word is not there at all.
 int Worth(const GuideTopic& topic, const GuideSection& section, const std::string& word) {
-  int worth = 0;
-  if (Holds(section.title, word)) worth += kInHeading;
-  const std::vector<TextRange> places = FindWords(section.text, {word});
-  for (std::size_t i = 0; i < places.size() && i < kMostPlaces; ++i) {
-    worth += WorthAt(section.text, places[i]);
-  }
   const bool isBeginning = &section == &topic.sections.front();
-  if (isBeginning && Holds(topic.title, word)) worth += kInTopicTitle;
-  return worth;
+  return WorthIn(section.title, word, 1) * (isBeginning ? kInTopicTitle : kInHeading) +
+         WorthIn(section.text, word, kMostPlaces) * kInText;
 }
 
 // 0 when a word is missing.

@@ -13,6 +13,8 @@ constexpr std::string_view kIncludeStart = "<!-- include ";
 constexpr std::string_view kBelow = "below ";
 constexpr std::string_view kIncludeEnd = " -->";
 constexpr std::size_t kLineWidth = 78;
+// A column of this heading needs no name before what it says.
+constexpr std::string_view kPlainHeading = "What it does";
 
 // --- Includes.
 
@@ -241,7 +243,8 @@ class PageWriter {
       for (std::size_t column = 1; column < row.size(); ++column) {
         if (column > 1) Line(".br");
         // With two columns the heading tells what the second one is; with more, each needs its own.
-        const bool isNamed = row.size() > 2 && column < heads.size();
+        const bool isNamed =
+            row.size() > 2 && column < heads.size() && heads[column] != kPlainHeading;
         Wrapped((isNamed ? InFont('I', Inline(heads[column])) + ": " : std::string()) +
                 Inline(row[column]));
       }

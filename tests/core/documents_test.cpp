@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <regex>
 #include <set>
@@ -97,8 +98,29 @@ TEST(EventsFileDocument, ShowsEventsThatAreAcceptedAndLinesThatAreNot) {
       ++accepted;
     }
   }
-  EXPECT_GT(accepted, 40);
+  EXPECT_GT(accepted, 30);
   EXPECT_GT(rejected, 15);
+}
+
+TEST(GuidePages, ShowEventsThatAreAccepted) {
+  int accepted = 0;
+  for (const auto& page : std::filesystem::directory_iterator(SourceFolder() / "docs/guide")) {
+    if (page.path().extension() != ".md") continue;
+    const std::string name = page.path().filename().string();
+    bool inCode = false;
+    for (const std::string& line : LinesOf("docs/guide/" + name)) {
+      if (line.starts_with("```")) inCode = !inCode;
+      const bool isPrompt = line.starts_with("$ ") || line.starts_with("tidewarden");
+      const std::vector<std::string> texts =
+          inCode && !isPrompt ? std::vector<std::string>{line} : CodeIn(line);
+      for (const std::string& text : texts) {
+        if (!LooksLikeAnEvent(text)) continue;
+        EXPECT_TRUE(IsEvent(text)) << name << ": " << line;
+        ++accepted;
+      }
+    }
+  }
+  EXPECT_GE(accepted, 14);
 }
 
 TEST(Readme, ShowsEventsThatAreAccepted) {
