@@ -13,6 +13,7 @@
 #include <limits>
 
 #include "guide/frm_docs_page.h"
+#include "guide/frm_docs_rows.h"
 #include "guide/frm_docs_text.h"
 
 namespace tidewarden {
@@ -76,8 +77,10 @@ void frmDocs::SetUpControls() {
   Name(lblFound, "lblFound", {});
   lblFound->setTextFormat(Qt::PlainText);
   Name(lstTopics, "lstTopics", {});
-  lstTopics->setWordWrap(true);
-  lstTopics->setSpacing(2);
+  lstTopics->setItemDelegate(new DocsRows(lstTopics));
+  // Rows are as high as their texts are long in the width that there is.
+  lstTopics->setResizeMode(QListView::Adjust);
+  lstTopics->setSpacing(1);
   lstTopics->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   lstTopics->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   Name(txtText, "txtText", {});
@@ -217,20 +220,27 @@ void frmDocs::RenderRows() {
   lblFound->setAccessibleName(summary);
   lblFound->setVisible(session_.IsSearching());
   lstTopics->setAccessibleName(session_.IsSearching() ? tr("Places found") : tr("Topics"));
-  QStringList texts;
-  for (const DocsRow& row : session_.rows()) {
-    QString text = QString::fromStdString(row.title);
-    if (!row.detail.empty()) text += QLatin1Char('\n') + QString::fromStdString(row.detail);
-    texts.append(text);
+  const std::vector<DocsRow>& rows = session_.rows();
+  // Clearing would lose the place in the list, so it is done only for other rows.
+  bool isSame = static_cast<std::size_t>(lstTopics->count()) == rows.size();
+  for (std::size_t i = 0; isSame && i < rows.size(); ++i) {
+    const QListWidgetItem* item = lstTopics->item(static_cast<int>(i));
+    isSame = item->text().toStdString() == rows[i].title &&
+             item->data(DocsRows::kDetailRole).toString().toStdString() == rows[i].detail;
   }
-  QStringList shown;
-  for (int i = 0; i < lstTopics->count(); ++i) shown.append(lstTopics->item(i)->text());
-  if (texts != shown) {
-    lstTopics->clear();
-    lstTopics->addItems(texts);
-  }
+  if (!isSame) FillRows();
   const auto row = session_.CurrentRow();
   lstTopics->setCurrentRow(row ? static_cast<int>(*row) : -1);
+}
+
+void frmDocs::FillRows() {
+  lstTopics->clear();
+  for (const DocsRow& row : session_.rows()) {
+    auto* const item = new QListWidgetItem(QString::fromStdString(row.title), lstTopics);
+    const QString detail = QString::fromStdString(row.detail);
+    item->setData(DocsRows::kDetailRole, detail);
+    item->setData(Qt::AccessibleTextRole, QString(item->text() + QLatin1Char('\n') + detail));
+  }
 }
 
 void frmDocs::RenderText() {

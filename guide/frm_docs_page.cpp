@@ -142,8 +142,8 @@ QTextBlockFormat BlockLooks(const QTextBlock& block, const Colours& colours, dou
   return format;
 }
 
-// Links in a colour that can be read, and pictures no wider than they are.
-void StyleCharacters(QTextBlock block, QTextCursor& cursor, const Colours& colours) {
+// Links in a colour that can be read.
+void StyleCharacters(const QTextBlock& block, QTextCursor& cursor, const Colours& colours) {
   for (auto it = block.begin(); !it.atEnd(); ++it) {
     const QTextFragment fragment = it.fragment();
     if (!fragment.charFormat().isAnchor()) continue;

@@ -11,12 +11,12 @@ namespace {
 // What a word is worth in each place. A topic of that title comes before any number of sections
 // that only speak of it.
 constexpr int kInText = 1;
-constexpr int kInHeading = 5;
-constexpr int kInTopicTitle = 17;
+constexpr int kInHeading = 10;
+constexpr int kInTopicTitle = 60;
 // The same by how much of a longer word it is.
-constexpr int kWholeWord = 12;
-constexpr int kFrontOfWord = 8;
-constexpr int kInsideWord = 3;
+constexpr int kWholeWord = 20;
+constexpr int kFrontOfWord = 4;
+constexpr int kInsideWord = 1;
 constexpr std::size_t kMostPlaces = 4;  // beyond which further ones of a word count no more
 constexpr std::size_t kExcerptBefore = 40;
 constexpr std::size_t kExcerpt = 120;
@@ -80,9 +80,16 @@ std::string Excerpt(std::string_view text, const std::vector<std::string>& words
   if (places.empty()) return {};
   const std::string_view before =
       LastCharacters(text.substr(0, places.front().begin), kExcerptBefore);
-  const auto from = static_cast<std::size_t>(before.data() - text.data());
+  auto from = static_cast<std::size_t>(before.data() - text.data());
+  // From the beginning of a line or a word.
+  const std::size_t lineEnd = before.rfind('\n');
+  const std::size_t gap = lineEnd != std::string_view::npos ? lineEnd : before.find(' ');
+  if (gap != std::string_view::npos && (from > 0 || lineEnd != std::string_view::npos)) {
+    from += gap + 1;
+  }
   const std::string_view part = FirstCharacters(text.substr(from), kExcerpt);
-  std::string excerpt = from > 0 ? "… " : "";
+  const bool fromMiddle = from > 0 && text[from - 1] != '\n';
+  std::string excerpt = fromMiddle ? "… " : "";
   for (const char c : part) {
     if (!IsWhiteSpace(c)) {
       excerpt.push_back(c);

@@ -80,17 +80,21 @@ TEST(SearchGuide, PrefersWholeWordsToPartsOfWords) {
 }
 
 TEST(SearchGuide, ShowsTheTextAroundTheFirstWordOnOneLine) {
-  const std::string before(100, 'b');
+  std::string before;
+  for (int i = 0; i < 30; ++i) before += "word ";
   const std::string after(300, 'c');
-  const Guide guide = GuideOf("# One\n\n" + before + " `bell` \n- x " + after + "\n", "# Two\n");
+  const Guide guide = GuideOf("# One\n\n" + before + "`bell`\n- x " + after + "\n", "# Two\n");
   const auto hits = SearchGuide(guide, "bell");
   ASSERT_EQ(hits.size(), 1U);
-  EXPECT_THAT(hits[0].excerpt, HasSubstr("bbb bell x"));
+  EXPECT_THAT(hits[0].excerpt, HasSubstr(" word bell x ccc"));
   EXPECT_EQ(hits[0].excerpt.find('\n'), std::string::npos);
-  EXPECT_TRUE(hits[0].excerpt.starts_with("… "));
+  EXPECT_TRUE(hits[0].excerpt.starts_with("… word word")) << hits[0].excerpt;
   EXPECT_TRUE(hits[0].excerpt.ends_with(" …"));
   EXPECT_LT(hits[0].excerpt.size(), 150U);
   EXPECT_EQ(SearchGuide(guide, "two")[0].excerpt, "");
+  // From the beginning of a line nothing is missing.
+  EXPECT_EQ(SearchGuide(GuideOf("# One\n\na\n\nthe bell\n", "# Two\n"), "bell")[0].excerpt,
+            "the bell ");
 }
 
 TEST(SearchGuide, FindsWhatPeopleLookForInTheRealGuide) {

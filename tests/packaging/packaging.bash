@@ -5,6 +5,7 @@ export LC_ALL=C.UTF-8
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/run
+export QT_QPA_PLATFORM=offscreen
 unset XDG_CONFIG_HOME XDG_DATA_HOME
 mkdir -p "$HOME"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
