@@ -18,6 +18,7 @@
 #include "dates/time_of_day.h"
 #include "dates/year_marker.h"
 #include "editor/observances.h"
+#include "guide/man_page.h"
 #include "guide/markdown.h"
 #include "tests/guide/repository_guide.h"
 #include "tests/support/source_folder.h"
@@ -149,6 +150,23 @@ TEST(OptionsPage, DescribesEverySettingWithItsDefault) {
       EXPECT_EQ(described.at(key), standard) << name;
     }
   }
+}
+
+TEST(SettingsManualPage, DescribesEverySetting) {
+  std::ifstream file(SourceFolder() / "docs/man/tidewarden-settings.5.md");
+  const std::string source{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::string page = PutIncludesIn(source, [](std::string_view name) {
+    return ReadGuideFile(fs::path(name).filename().string());
+  });
+  std::set<std::string> terms;
+  for (const Block& block : ReadMarkdown(page)) {
+    if (block.kind != BlockKind::kTable) continue;
+    for (const auto& row : block.rows) terms.insert(PlainText(std::string_view(row.front())));
+  }
+  for (const auto& [name, standard] : SettingsOfTheCode()) {
+    EXPECT_TRUE(terms.contains(name) || terms.contains(name + "0")) << name;
+  }
+  EXPECT_EQ(page.find(kMissingInclude), std::string::npos);
 }
 
 constexpr std::array<const char*, 12> kMonths{"January",   "February", "March",    "April",
