@@ -72,6 +72,8 @@ int main(int argc, char** argv) {
   const QApplication app(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("twdocs"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
+  // It belongs to the entry of the reminder in the desktop's menu.
+  QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));
   QApplication::setWindowIcon(ProgramIcon());
   const Guide guide = ShippedGuide();
   Arguments arguments;

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 namespace tidewarden {
 namespace {
 
@@ -74,6 +77,24 @@ TEST(Spans, LeaveMarksWithoutAPartnerAsText) {
     EXPECT_EQ(PlainText(std::string_view(text)), text);
   }
   EXPECT_EQ(PlainText(std::string_view("\\*a\\* \\n")), "*a* \\n");
+}
+
+// Whatever a page holds, reading it ends, and no text comes out that was not there.
+TEST(Markdown, IsReadWhateverItHolds) {
+  constexpr std::string_view kSigns = "*`[]()!\\#|-1. \n<ab\xC3\xAB\xFF";
+  std::mt19937 random(20261121);  // NOLINT: the same every time
+  for (int i = 0; i < 20'000; ++i) {
+    std::string text;
+    for (auto length = random() % 40; length > 0; --length) {
+      text.push_back(kSigns[random() % kSigns.size()]);
+    }
+    std::size_t letters = 0;
+    for (const Block& block : ReadMarkdown(text)) {
+      const std::string plain = PlainText(block);
+      letters += static_cast<std::size_t>(std::count(plain.begin(), plain.end(), 'a'));
+    }
+    EXPECT_LE(letters, static_cast<std::size_t>(std::count(text.begin(), text.end(), 'a'))) << text;
+  }
 }
 
 TEST(Anchors, AreThoseOfLinksToHeadings) {
