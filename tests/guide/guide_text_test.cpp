@@ -121,7 +121,7 @@ std::map<std::string, std::string> SettingsOfTheCode() {
   std::ifstream file(SourceFolder() / "core/settings_keys.h");
   std::ostringstream text;
   text << file.rdbuf();
-  static const std::regex setting(R"re(Setting\s+k\w+\s*\{\s*"([^"]+)"\s*,\s*"([^"]*)")re");
+  static const std::regex setting(R"re(\{\s*"([^"]+)"\s*,\s*"([^"]*)")re");
   std::map<std::string, std::string> settings;
   const std::string content = text.str();
   for (std::sregex_iterator it(content.begin(), content.end(), setting), end; it != end; ++it) {
