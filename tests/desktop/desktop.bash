@@ -6,7 +6,7 @@
 
 set -u
 program=$1
-tray_host=$2
+tray_host=${2:-}
 scratch=$(mktemp -d)
 processes=()
 pid=
