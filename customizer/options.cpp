@@ -177,7 +177,7 @@ constexpr std::array kOptions{
            "Start only when something is near",
            "Else the program ends at once. Hold Shift to see it anyway.", "The reminder window"),
     Other(settings::kNewDateOffset, kTime, kStart, "The new day begins at",
-          "When a computer that is never switched off makes the new list."),
+          "Hours and minutes. A list left open overnight waits for it."),
     Number(settings::kTimerInterval, kStart, 1000, 60000, "Milliseconds between looks at the clock",
            "From 1000, a second, to 60000, a minute."),
 };
