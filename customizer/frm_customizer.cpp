@@ -60,8 +60,7 @@ void frmCustomizer::Connect() {
   connect(cmdCancel, &QPushButton::clicked, this,
           [this] { static_cast<void>(Leave(OptionsClosing::kDone)); });
   const auto turn = [this](QKeySequence::StandardKey standard, const char* other, int step) {
-    for (const QKeySequence& key :
-         {QKeySequence(standard), QKeySequence(QLatin1String(other))}) {
+    for (const QKeySequence& key : {QKeySequence(standard), QKeySequence(QLatin1String(other))}) {
       if (key.isEmpty()) continue;
       connect(new QShortcut(key, this), &QShortcut::activated, this,
               [this, step] { NextPage(step); });
@@ -129,14 +128,13 @@ void frmCustomizer::Browse(std::size_t option) {
   switch (AllOptions()[option].kind) {
     case OptionKind::kEventsFile:
       // It may be a file that is not there yet.
-      path = QFileDialog::getSaveFileName(this, tr("Events file"), present,
-                                          tr("Text files (*.txt)"), nullptr,
-                                          QFileDialog::DontConfirmOverwrite);
+      path =
+          QFileDialog::getSaveFileName(this, tr("Events file"), present, tr("Text files (*.txt)"),
+                                       nullptr, QFileDialog::DontConfirmOverwrite);
       break;
     case OptionKind::kSoundFile:
-      path = QFileDialog::getOpenFileName(
-          this, tr("Sound file"), present,
-          tr("Sounds (*.wav *.ogg *.mp3 *.flac);;All files (*)"));
+      path = QFileDialog::getOpenFileName(this, tr("Sound file"), present,
+                                          tr("Sounds (*.wav *.ogg *.mp3 *.flac);;All files (*)"));
       break;
     default:
       path = QFileDialog::getOpenFileName(this, tr("Quotes file"), present,

@@ -136,6 +136,7 @@ void OptionField::MakeList() {
   list_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list_->setMinimumWidth(kFieldWidth);
   list_->setFocusPolicy(Qt::StrongFocus);
+  list_->view()->setAccessibleName(TextOf(option_.label));
   connect(list_, &QComboBox::activated, this, [this](int index) {
     const QVariant stored = list_->itemData(index);
     if (stored.isValid()) {

@@ -105,8 +105,7 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
   parser.addHelpOption();
   parser.addVersionOption();
   for (const Argument& argument : kArguments) {
-    parser.addOption({QString::fromLatin1(argument.name),
-                      QString::fromLatin1(argument.description),
+    parser.addOption({QString::fromLatin1(argument.name), QString::fromLatin1(argument.description),
                       QString::fromLatin1(argument.value)});
   }
   std::string fault;

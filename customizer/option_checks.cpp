@@ -246,10 +246,9 @@ bool ReadSwitch(const Option& option, std::string_view stored) {
 }
 
 int ChoiceOf(const Option& option, std::string_view stored) {
-  const auto found =
-      std::find_if(option.choices.begin(), option.choices.end(), [stored](const Choice& choice) {
-        return EqualIgnoringCase(choice.stored, stored);
-      });
+  const auto found = std::find_if(
+      option.choices.begin(), option.choices.end(),
+      [stored](const Choice& choice) { return EqualIgnoringCase(choice.stored, stored); });
   return found == option.choices.end() ? -1 : static_cast<int>(found - option.choices.begin());
 }
 

@@ -198,9 +198,8 @@ std::string_view NameOf(const Option& option) {
 }
 
 std::size_t IndexOfOption(std::string_view name) {
-  const auto* const found = std::find_if(kOptions.begin(), kOptions.end(), [name](const auto& o) {
-    return NameOf(o) == name;
-  });
+  const auto* const found = std::find_if(kOptions.begin(), kOptions.end(),
+                                         [name](const auto& o) { return NameOf(o) == name; });
   return static_cast<std::size_t>(found - kOptions.begin());
 }
 

@@ -28,8 +28,8 @@ std::size_t Colours() {
 std::string HexPair(Colour text, Colour background) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string out;
-  for (const std::uint8_t part : {text.red, text.green, text.blue, background.red,
-                                  background.green, background.blue}) {
+  for (const std::uint8_t part :
+       {text.red, text.green, text.blue, background.red, background.green, background.blue}) {
     if (out.size() == 6) out.push_back(',');
     out.push_back(kDigits[part / 16]);
     out.push_back(kDigits[part % 16]);
@@ -226,9 +226,8 @@ const ListPreview& OptionsSession::preview() {
     if (showsExamples_) {
       preview_ = MakeExamplePreview(draft, ForPreview());
     } else {
-      const std::string path = eventsFile_.empty()
-                                   ? LocateEventsFile(draft, ports_.files, ports_.folders)
-                                   : eventsFile_;
+      const std::string path =
+          eventsFile_.empty() ? LocateEventsFile(draft, ports_.files, ports_.folders) : eventsFile_;
       preview_ = MakeListPreview(draft, ForPreview(), path);
     }
   }

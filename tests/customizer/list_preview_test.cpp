@@ -19,8 +19,7 @@ TEST(ListPreview, ShowsTheUsersEventsAsTheReminderWould) {
   OptionsDesk desk;
   EXPECT_FALSE(desk.session().showsExamples());
   EXPECT_THAT(desk.session().preview().rows,
-              ElementsAre("12/22/2014   <TODAY>",
-                          "12/22/2014 Today is DENTIST 3:30PM (1:05 to go)",
+              ElementsAre("12/22/2014   <TODAY>", "12/22/2014 Today is DENTIST 3:30PM (1:05 to go)",
                           "12/25/2014 Christmas (Thursday, 3 days)"));
   EXPECT_EQ(desk.session().preview().title, "Your Tidewarden Upcoming Events");
   EXPECT_EQ(desk.session().preview().dateLabel, "12/22/2014");

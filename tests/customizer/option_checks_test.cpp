@@ -92,17 +92,18 @@ TEST(OptionChecks, TheEventsFileIsThereOrCanBeMade) {
   desk.files.failures["/home/ann/secret.txt"] = StatusKind::kNoPermission;
   desk.files.unwritableFolders.insert(desk.files.unwritableFolders.end(), {"/nowhere", "/usr"});
   desk.files.files["/usr"] = "";  // exists
-  ExpectAll(desk, {{"Path", kEventsPath, ""},
-                   {"Path", "/home/ann/new.txt", ""},
-                   {"Path", "new.txt", ""},
-                   {"Path", "\\new.txt", ""},
-                   {"Path", "/home/ann", "This is a folder. Add the name of a file."},
-                   {"Path", "/home/ann/secret.txt", "This file cannot be read: permission denied."},
-                   {"Path", "/home/ann/secret", "This file cannot be read: permission denied."},
-                   {"Path", "/nowhere/dates.txt", "There is no folder /nowhere."},
-                   {"Path", "/usr/dates.txt", "There is no such file, and none can be made in /usr."},
-                   {"Path", "sub/dates.txt", kWholePath},
-                   {"Path", "~/dates.txt", kWholePath}});
+  ExpectAll(desk,
+            {{"Path", kEventsPath, ""},
+             {"Path", "/home/ann/new.txt", ""},
+             {"Path", "new.txt", ""},
+             {"Path", "\\new.txt", ""},
+             {"Path", "/home/ann", "This is a folder. Add the name of a file."},
+             {"Path", "/home/ann/secret.txt", "This file cannot be read: permission denied."},
+             {"Path", "/home/ann/secret", "This file cannot be read: permission denied."},
+             {"Path", "/nowhere/dates.txt", "There is no folder /nowhere."},
+             {"Path", "/usr/dates.txt", "There is no such file, and none can be made in /usr."},
+             {"Path", "sub/dates.txt", kWholePath},
+             {"Path", "~/dates.txt", kWholePath}});
   EXPECT_EQ(desk.files.CountCalls("create"), 0);
   EXPECT_EQ(desk.files.CountCalls("stage"), 0);
 }
@@ -112,18 +113,17 @@ TEST(OptionChecks, SoundsAndQuotesAreFoundAsTheProgramFindsThem) {
   desk.files.files["/home/ann/Bell.OGG"] = "OggS";
   desk.files.failures["/home/ann"] = StatusKind::kIsFolder;
   desk.files.files["/home/ann/empty.txt"] = "// nothing\n";
-  ExpectAll(desk,
-            {{"AlarmPath", kSoundPath, ""},
-             {"AlarmPath", "\\alarms\\emergency.wav", ""},
-             {"AlarmPath", "/home/ann/Bell.OGG", ""},
-             {"AlarmPath", "/home/ann/none.wav", "There is no file /home/ann/none.wav."},
-             {"AlarmPath", "none.wav", "There is no file /opt/tidewarden/none.wav."},
-             {"AlarmPath", "sub/none.wav", kWholePath},
-             {"QuotesPath", kQuotesPath, ""},
-             {"QuotesPath", "/home/ann/none.txt", "There is no file /home/ann/none.txt."},
-             {"QuotesPath", "/home/ann/empty.txt", "There are no quotes in this file."},
-             {"QuotesPath", "/home/ann", "This is a folder. Add the name of a file."},
-             {"QuotesPath", "Inspiration.txt", kWholePath}});
+  ExpectAll(desk, {{"AlarmPath", kSoundPath, ""},
+                   {"AlarmPath", "\\alarms\\emergency.wav", ""},
+                   {"AlarmPath", "/home/ann/Bell.OGG", ""},
+                   {"AlarmPath", "/home/ann/none.wav", "There is no file /home/ann/none.wav."},
+                   {"AlarmPath", "none.wav", "There is no file /opt/tidewarden/none.wav."},
+                   {"AlarmPath", "sub/none.wav", kWholePath},
+                   {"QuotesPath", kQuotesPath, ""},
+                   {"QuotesPath", "/home/ann/none.txt", "There is no file /home/ann/none.txt."},
+                   {"QuotesPath", "/home/ann/empty.txt", "There are no quotes in this file."},
+                   {"QuotesPath", "/home/ann", "This is a folder. Add the name of a file."},
+                   {"QuotesPath", "Inspiration.txt", kWholePath}});
 }
 
 TEST(OptionChecks, ColoursAreNamesOrPairs) {

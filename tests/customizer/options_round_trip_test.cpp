@@ -265,9 +265,7 @@ TEST(Options, EveryOneHasALabelAndALineOfHelpWithItsDefault) {
     EXPECT_THAT(desk.session().Help(i), ::testing::StartsWith(std::string(option.help)));
     EXPECT_THAT(desk.session().Help(i), ::testing::ContainsRegex(" Default: .+\\.$"));
   }
-  const auto help = [&desk](const char* name) {
-    return desk.session().Help(IndexOfOption(name));
-  };
+  const auto help = [&desk](const char* name) { return desk.session().Help(IndexOfOption(name)); };
   EXPECT_THAT(help("UseSkin"), ::testing::EndsWith(" Default: on."));
   EXPECT_THAT(help("DisableAlarms"), ::testing::EndsWith(" Default: off."));
   EXPECT_THAT(help("ReminderListColors"), ::testing::EndsWith(" Default: pale green."));
@@ -300,13 +298,24 @@ TEST(Options, AnEmptyStoreShowsTheDefaultsAndStaysEmpty) {
 // The keys that nobody types: where windows stand, what was entered last, what is obsolete.
 TEST(Options, EveryKeyIsOfferedOrIsNobodysChoice) {
   using namespace settings;
-  const std::set<std::string_view> nobodys{
-      kMaximized.key,    kLeft.key,      kTop.key,
-      kWidth.key,        kHeight.key,    kAlarmMaximized.key,
-      kAlarmLeft.key,    kAlarmTop.key,  kAlarmWidth.key,
-      kAlarmHeight.key,  kEditLeft.key,  kEditTop.key,
-      kEditHeight.key,   kJustExited.key, kRememberLastAdvanceNoticeValue.key,
-      kRememberLastOccursIndex.key, kShowTodaysDateWithReminders.key, kReminderListBackColor.key};
+  const std::set<std::string_view> nobodys{kMaximized.key,
+                                           kLeft.key,
+                                           kTop.key,
+                                           kWidth.key,
+                                           kHeight.key,
+                                           kAlarmMaximized.key,
+                                           kAlarmLeft.key,
+                                           kAlarmTop.key,
+                                           kAlarmWidth.key,
+                                           kAlarmHeight.key,
+                                           kEditLeft.key,
+                                           kEditTop.key,
+                                           kEditHeight.key,
+                                           kJustExited.key,
+                                           kRememberLastAdvanceNoticeValue.key,
+                                           kRememberLastOccursIndex.key,
+                                           kShowTodaysDateWithReminders.key,
+                                           kReminderListBackColor.key};
   std::set<std::string_view> offered;
   for (const Option& option : AllOptions()) offered.insert(option.setting.key);
   for (const std::string_view key : nobodys) EXPECT_FALSE(offered.contains(key)) << key;

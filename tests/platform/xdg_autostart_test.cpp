@@ -150,8 +150,9 @@ TEST_F(Autostarts, WhatElseAnEntrySaysIsKept) {
   EXPECT_EQ(folder_.Read(kEntry),
             "# mine\n[Desktop Entry]\nType=Application\nExec=/opt/tidewarden/tidewarden\n"
             "Name=Dates\nX-GNOME-Autostart-Delay=20\n[Other]\na=1\n");
-  folder_.Write(kEntry, "[Desktop Entry]\nType=Application\nName=Dates\n"
-                        "Exec=env LANG=de tidewarden\nHidden=true\n");
+  folder_.Write(kEntry,
+                "[Desktop Entry]\nType=Application\nName=Dates\n"
+                "Exec=env LANG=de tidewarden\nHidden=true\n");
   ASSERT_TRUE(autostart_.Set(true).ok());
   EXPECT_THAT(folder_.Read(kEntry), HasSubstr("Exec=env LANG=de tidewarden\n"));
 }
