@@ -110,15 +110,14 @@ void frmCustomizer::ShowRefused() {
 }
 
 void frmCustomizer::PickColour(bool background) {
-  const ListColours own = session_.OwnColours();
-  if (!own.text || !own.background) return;
+  const ListColours shown = session_.ShownColours();
   const QColor colour = QColorDialog::getColor(
-      Shown(background ? *own.background : *own.text), this,
+      Shown(background ? *shown.background : *shown.text), this,
       background ? tr("The colour behind the text") : tr("The colour of the text"));
   if (!colour.isValid()) return;
   saidSaved_ = false;
-  session_.SetOwnColours(background ? *own.text : Chosen(colour),
-                         background ? Chosen(colour) : *own.background);
+  session_.SetOwnColours(background ? *shown.text : Chosen(colour),
+                         background ? Chosen(colour) : *shown.background);
   Render();
 }
 

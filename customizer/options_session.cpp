@@ -15,7 +15,7 @@ namespace {
 using modGetSetSaveSet::isTrue;
 using modGetSetSaveSet::Stored;
 
-constexpr std::string_view kStays = " It stays so until you change it.";
+constexpr std::string_view kStays = " It stays as it is until you change it.";
 
 const Option& OptionAt(std::size_t option) {
   return AllOptions()[option];
@@ -176,11 +176,16 @@ ListColours OptionsSession::OwnColours() const {
   return isName ? ListColours() : ColoursOf(text);
 }
 
-void OptionsSession::UseOwnColours() {
+ListColours OptionsSession::ShownColours() {
   constexpr Colour kBlack{0, 0, 0};
   constexpr Colour kWhite{255, 255, 255};
-  const ListColours shown = preview().colours;
-  SetOwnColours(shown.text.value_or(kBlack), shown.background.value_or(kWhite));
+  const ListColours& shown = preview().colours;
+  return {shown.text.value_or(kBlack), shown.background.value_or(kWhite)};
+}
+
+void OptionsSession::UseOwnColours() {
+  const ListColours shown = ShownColours();
+  SetOwnColours(*shown.text, *shown.background);
 }
 
 void OptionsSession::SetOwnColours(Colour text, Colour background) {

@@ -148,7 +148,7 @@ struct DamagedCase {
 };
 
 TEST(Options, DamagedValuesAreShownAsTheyAreAndStay) {
-  const std::string stays = " It stays so until you change it.";
+  const std::string stays = " It stays as it is until you change it.";
   const std::vector<DamagedCase> cases{
       {"Options", "UseSkin", "maybe", "The settings say \"maybe\" here." + stays},
       {"Options", "ShowDailyQuotes", "1", "The settings say \"1\" here." + stays},

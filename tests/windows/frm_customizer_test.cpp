@@ -201,7 +201,7 @@ void FrmCustomizerTest::aDamagedValueIsToldAndKept() {
   desk.Open().ShowPage(OptionPage::kFiles);
   QCOMPARE(desk.The<QLineEdit>("txtLevelsOfBackup")->text(), QStringLiteral("many"));
   QCOMPARE(desk.Label("lblLevelsOfBackupNote"),
-           QStringLiteral("Type a number from 0 to 8. It stays so until you change it."));
+           QStringLiteral("Type a number from 0 to 8. It stays as it is until you change it."));
   desk.Click("cmdOk");
   QVERIFY(desk.window->isHidden());
   QCOMPARE(desk.settings.At("Options", "LevelsOfBackup"), std::string("many"));
@@ -251,10 +251,6 @@ void FrmCustomizerTest::ownColoursAreChosenByButtons() {
   desk.Open().ShowPage(OptionPage::kLooks);
   auto* const colours = desk.The<QComboBox>("cmbReminderListColors");
   QCOMPARE(colours->currentText(), QStringLiteral("Pale green"));
-  QVERIFY(!desk.The<QPushButton>("cmdTextColour")->isEnabled());
-  Pick(colours, QStringLiteral("Your own colours"));
-  QCOMPARE(desk.Text("ReminderListColors"), std::string("000000,99FF99"));
-  QCOMPARE(colours->currentText(), QStringLiteral("Your own colours"));
   bool asked = false;
   QTimer::singleShot(0, desk.window.get(), [&] {
     auto* const dialog = desk.window->findChild<QColorDialog*>();
@@ -266,8 +262,13 @@ void FrmCustomizerTest::ownColoursAreChosenByButtons() {
   desk.Click("cmdBackColour");
   QVERIFY(asked);
   QCOMPARE(desk.Text("ReminderListColors"), std::string("000000,123456"));
+  QCOMPARE(colours->currentText(), QStringLiteral("Your own colours"));
+  Pick(colours, QStringLiteral("Violet"));
+  QCOMPARE(desk.Text("ReminderListColors"), std::string("violet"));
+  Pick(colours, QStringLiteral("Your own colours"));
+  QCOMPARE(desk.Text("ReminderListColors"), std::string("FFFFFF,990099"));
   desk.Click("cmdOk");
-  QCOMPARE(desk.settings.At("Options", "ReminderListColors"), std::string("000000,123456"));
+  QCOMPARE(desk.settings.At("Options", "ReminderListColors"), std::string("FFFFFF,990099"));
 }
 
 void FrmCustomizerTest::anUnknownChoiceIsShown() {
