@@ -168,7 +168,7 @@ class Customizer {
   }
 
   // On the same settings and events, and for as long as it likes.
-  bool StartReminder() const {
+  [[nodiscard]] bool StartReminder() const {
     QStringList same;
     const auto pass = [&same](const char* name, const QString& path) {
       // The reminder runs in another folder.

@@ -39,7 +39,7 @@ std::string HexPair(Colour text, Colour background) {
 
 // How a default is called in the line of help.
 std::string DefaultWords(const Option& option, const PathSurroundings& paths) {
-  const std::string text = DefaultOf(option, paths);
+  std::string text = DefaultOf(option, paths);
   if (option.kind == OptionKind::kSwitch) return ReadSwitch(option, text) ? "on" : "off";
   const std::span<const Choice> choices =
       option.kind == OptionKind::kColours ? ColourNames() : option.choices;
