@@ -320,7 +320,8 @@ bool OptionsSession::Close(OptionsClosing why) {
     return false;
   }
   StopSound();
-  LeaveWord();
+  // The reminder program that was started has heard the word, and may have removed it already.
+  if (!hasReturned_) LeaveWord();
   return true;
 }
 
@@ -328,7 +329,8 @@ bool OptionsSession::ReturnToReminder() {
   if (Save() != SaveOutcome::kSaved) return false;
   // It reads the word as it starts.
   LeaveWord();
-  if (StartReminder && StartReminder()) return true;
+  hasReturned_ = StartReminder && StartReminder();
+  if (hasReturned_) return true;
   ports_.messages.Show("The reminder program could not be started.", MessageButtons::kOk,
                        MessageIcon::kExclamation);
   return false;

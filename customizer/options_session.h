@@ -153,6 +153,7 @@ class OptionsSession {
   bool showsExamples_ = false;
   std::optional<ListPreview> preview_;
   bool hasSaved_ = false;
+  bool hasReturned_ = false;  // to the reminder program, which has been left word
 };
 
 }  // namespace tidewarden

@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
 #include <memory>
 
 #include "customizer/frm_customizer.h"
@@ -68,6 +70,20 @@ void Pick(QComboBox* list, const QString& text) {
   QVERIFY(QMetaObject::invokeMethod(list, "activated", Q_ARG(int, list->currentIndex())));
 }
 
+double Luminance(const QColor& color) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+  const double a = Luminance(one) + 0.05;
+  const double b = Luminance(other) + 0.05;
+  return std::max(a, b) / std::min(a, b);
+}
+
 std::string SkinOfTheProgram() {
   QFile file(QString::fromStdString((test::SourceFolder() / "skin/winaqua.skn").string()));
   return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
@@ -100,6 +116,8 @@ class FrmCustomizerTest : public QObject {
   void everyControlHasAName();
   void theWheelTurnsThePageNotTheLists();
   void textsAreShownAsTheyAre();
+  void textsStandOutFromEveryDesktop_data();
+  void textsStandOutFromEveryDesktop();
   void nothingIsCut_data();
   void nothingIsCut();
 };
@@ -323,7 +341,13 @@ void FrmCustomizerTest::startsWithTheComputer() {
 void FrmCustomizerTest::theWayBackSavesAndStarts() {
   Desk desk;
   int starts = 0;
-  desk.session().StartReminder = [&starts] { return ++starts > 0; };
+  QString word;
+  desk.session().StartReminder = [&] {
+    word = desk.Word();
+    // The reminder program removes it as it starts.
+    [&] { QVERIFY(desk.settings.Delete("Customizer", "JustExited").ok()); }();
+    return ++starts > 0;
+  };
   QSignalSpy ended(&desk.Open(), &frmCustomizer::Ended);
   desk.Enter("txtFontSize", "1000");
   desk.Click("cmdReminder");
@@ -334,7 +358,8 @@ void FrmCustomizerTest::theWayBackSavesAndStarts() {
   QCOMPARE(starts, 1);
   QCOMPARE(ended.count(), 1);
   QCOMPARE(desk.settings.At("Settings", "FontSize"), std::string("14"));
-  QCOMPARE(desk.Word(), QStringLiteral("true"));
+  QCOMPARE(word, QStringLiteral("true"));
+  QCOMPARE(desk.Word(), QStringLiteral("(missing)"));
 }
 
 void FrmCustomizerTest::escapeAsksBeforeChangesAreLost() {
@@ -463,6 +488,34 @@ void FrmCustomizerTest::textsAreShownAsTheyAre() {
   for (auto* const label : desk.window->findChildren<QLabel*>()) {
     QCOMPARE(label->textFormat(), Qt::PlainText);
   }
+}
+
+void FrmCustomizerTest::textsStandOutFromEveryDesktop_data() {
+  QTest::addColumn<QColor>("window");
+  QTest::addColumn<QColor>("text");
+  QTest::newRow("light") << QColor(0xEF, 0xEF, 0xEF) << QColor(Qt::black);
+  QTest::newRow("dark") << QColor(0x2B, 0x2B, 0x2B) << QColor(0xEE, 0xEE, 0xEE);
+  QTest::newRow("black") << QColor(Qt::black) << QColor(Qt::white);
+}
+
+// The Web Content Accessibility Guidelines (2.1) ask for 4.5 to 1.
+void FrmCustomizerTest::textsStandOutFromEveryDesktop() {
+  QFETCH(QColor, window);
+  QFETCH(QColor, text);
+  Desk desk;
+  desk.Set("Options", "UseSkin", "False");
+  desk.Open().ShowPage(OptionPage::kFiles);
+  QPalette palette = desk.window->palette();
+  palette.setColor(QPalette::Window, window);
+  palette.setColor(QPalette::WindowText, text);
+  desk.window->setPalette(palette);
+  desk.Enter("txtLevelsOfBackup", "12");
+  desk.Click("cmdApply");
+  for (const char* const name : {"lblLevelsOfBackupHelp", "lblLevelsOfBackupNote"}) {
+    const QColor color = desk.The<QLabel>(name)->palette().color(QPalette::WindowText);
+    QVERIFY2(Contrast(color, window) >= 4.5, name);
+  }
+  QVERIFY(desk.The<QLabel>("lblLevelsOfBackupNote")->palette().color(QPalette::WindowText) != text);
 }
 
 void FrmCustomizerTest::nothingIsCut_data() {
