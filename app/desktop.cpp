@@ -1,9 +1,6 @@
 #include "app/desktop.h"
 
 #include <QApplication>
-#include <QBuffer>
-#include <QFileInfo>
-#include <QPixmap>
 #include <QScreen>
 
 #include "alarm/frm_alarm.h"
@@ -13,6 +10,7 @@
 #include "editor/launchers.h"
 #include "editor/page_printer.h"
 #include "platform/qt/qt_screens.h"
+#include "platform/qt/window_picture.h"
 #include "platform/system.h"
 #include "reminder/frm_reminder.h"
 #include "tidewarden_version.h"
@@ -23,12 +21,6 @@ namespace {
 std::unique_ptr<SettingsStore> SettingsOf(const Arguments& arguments, FileSystem& files) {
   if (arguments.settings.isEmpty()) return MakeSystemSettings(files);
   return std::make_unique<IniSettingsStore>(files, arguments.settings.toStdString());
-}
-
-// In the format that the file's name asks for, as a rule PNG.
-bool SavePicture(const QPixmap& picture, const QString& name, QBuffer& out) {
-  const QByteArray ending = QFileInfo(name).suffix().toLatin1();
-  return (!ending.isEmpty() && picture.save(&out, ending.constData())) || picture.save(&out, "PNG");
 }
 
 // Only a copy that is used counts; the mere making of the lock leaves a file.
@@ -191,7 +183,6 @@ std::optional<ExitCode> Desktop::LookAtLayout() {
   return kUsage;
 }
 
-// The picture shows the user's events, so it is for the user alone, like every file made here.
 int Desktop::Grab() {
   // Of a file that cannot be read there is nothing to see; the session has told why.
   if (!session_.builder().readStatus().ok()) return kCannotRead;
@@ -203,12 +194,7 @@ int Desktop::Grab() {
     window.resize(QApplication::primaryScreen()->availableSize());
   }
   QApplication::processEvents();
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  if (SavePicture(window.grab(), arguments_.grab, buffer) &&
-      ReplaceFile(*files_, arguments_.grab.toStdString(), bytes.toStdString()).ok()) {
-    return kDone;
-  }
+  if (SaveWindowPicture(window, *files_, arguments_.grab.toStdString()).ok()) return kDone;
   Complain(arguments_.grab.toStdString() + ": the picture cannot be written");
   return kCannotWrite;
 }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "core/autostart.h"
 #include "core/clock.h"
 #include "core/events_path.h"
 #include "core/file_system.h"
@@ -35,6 +36,11 @@ namespace tidewarden {
 // Linux, where users share no folder that they may write to, the user's data folder for the
 // program.
 [[nodiscard]] std::string GetCommonDataFolder();
+// The full path of the reminder program, which lies beside the running one.
+[[nodiscard]] std::string ReminderProgram();
+
+// The start of the reminder program at login: on Linux an entry in the user's autostart folder.
+[[nodiscard]] std::unique_ptr<Autostart> MakeAutostart(FileSystem& files);
 
 // The one copy of the program in the user's login session; with other settings than the user's
 // own (`settingsPath` not empty), the one copy that runs on that file.
