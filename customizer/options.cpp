@@ -13,13 +13,6 @@ using enum OptionKind;
 using enum OptionPage;
 using enum SwitchReading;
 
-// Read by printing.
-constexpr Setting kShowTableBorder{"Printing/ShowTableBorder", "False"};
-constexpr Setting kTableWidth{"Printing/TableWidthAsPercentageOfPage", "90"};
-constexpr Setting kShowMonthHeaders{"Printing/ShowMonthHeaders", "True"};
-constexpr Setting kMonthFontName{"Printing/MonthFontName", "Arial"};
-constexpr Setting kEventFontName{"Printing/EventFontName", "Arial"};
-
 constexpr std::array<PageName, kPageCount> kPages{{{kList, "The list", "list"},
                                                    {kLooks, "Colours and font", "looks"},
                                                    {kAlarms, "Alarms", "alarms"},
@@ -88,9 +81,9 @@ constexpr Option Other(Setting setting, OptionKind kind, OptionPage page, std::s
 }
 
 // The eight kinds of event that a page is printed from, by their numbers.
-constexpr Option PrintedKind(std::string_view key, std::string_view label, std::string_view help,
+constexpr Option PrintedKind(std::size_t kind, std::string_view label, std::string_view help,
                              std::string_view group = {}) {
-  return Switch({key, "True"}, kPrinting, kOnlyTrue, label, help, group);
+  return Switch(settings::kEventTypesToPrint[kind], kPrinting, kOnlyTrue, label, help, group);
 }
 
 constexpr std::array kOptions{
@@ -144,26 +137,24 @@ constexpr std::array kOptions{
     Switch(settings::kShowDateExample, kEditor, kOnlyTrue, "Show an example of a date",
            "Below the date while you type it."),
 
-    Switch(kShowMonthHeaders, kPrinting, kOnlyTrue, "A heading for each month",
+    Switch(settings::kShowMonthHeaders, kPrinting, kOnlyTrue, "A heading for each month",
            "The name of the month above its events.", "The page"),
-    Switch(kShowTableBorder, kPrinting, kNotFalse, "Lines around the events",
+    Switch(settings::kShowTableBorder, kPrinting, kNotFalse, "Lines around the events",
            "A table with borders."),
-    WithFractions(Number(kTableWidth, kPrinting, 50, 100, "Width in percent",
+    WithFractions(Number(settings::kTableWidthAsPercentageOfPage, kPrinting, 50, 100,
+                         "Width in percent",
                          "How much of the page's width the events take, 50 to 100.")),
-    Other(kMonthFontName, kFont, kPrinting, "Font of the headings", "For the names of the months."),
-    Other(kEventFontName, kFont, kPrinting, "Font of the events", "For everything else."),
-    PrintedKind("Printing/EventTypesToPrint0", "Yearly events",
-                "Birthdays, anniversaries and feasts.", "Events to print"),
-    PrintedKind("Printing/EventTypesToPrint1", "Quarterly events", "Those of every three months."),
-    PrintedKind("Printing/EventTypesToPrint2", "Monthly events", "Those of every month."),
-    PrintedKind("Printing/EventTypesToPrint3", "One-time events", "Those of one day only."),
-    PrintedKind("Printing/EventTypesToPrint4", "Events every so many days",
-                "Such as every 14 days."),
-    PrintedKind("Printing/EventTypesToPrint5", "Tasks until done",
-                "Those that stay listed until you delete them."),
-    PrintedKind("Printing/EventTypesToPrint6", "Counts to and from a date",
-                "Days past and days future."),
-    PrintedKind("Printing/EventTypesToPrint7", "Weekdays and last days of a month",
+    Other(settings::kMonthFontName, kFont, kPrinting, "Font of the headings",
+          "For the names of the months."),
+    Other(settings::kEventFontName, kFont, kPrinting, "Font of the events", "For everything else."),
+    PrintedKind(0, "Yearly events", "Birthdays, anniversaries and feasts.", "Events to print"),
+    PrintedKind(1, "Quarterly events", "Those of every three months."),
+    PrintedKind(2, "Monthly events", "Those of every month."),
+    PrintedKind(3, "One-time events", "Those of one day only."),
+    PrintedKind(4, "Events every so many days", "Such as every 14 days."),
+    PrintedKind(5, "Tasks until done", "Those that stay listed until you delete them."),
+    PrintedKind(6, "Counts to and from a date", "Days past and days future."),
+    PrintedKind(7, "Weekdays and last days of a month",
                 "Such as the fourth Thursday or the last day."),
 
     Other(settings::kPath, kEventsFile, kFiles, "Events file", "The text file with your events.",

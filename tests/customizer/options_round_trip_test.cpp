@@ -16,6 +16,7 @@
 #include "core/skin.h"
 #include "dates/text.h"
 #include "editor/events_writer.h"
+#include "editor/print_page.h"
 #include "reminder/daily_quote.h"
 #include "reminder/list_appearance.h"
 #include "reminder/list_options.h"
@@ -90,8 +91,21 @@ struct RoundTrip {
   std::string readAfter;
 };
 
-const Setting& Printed(std::string_view name) {
-  return AllOptions()[IndexOfOption(name)].setting;
+// What the page for printing is made by.
+Reader Page(bool PageOptions::*value) {
+  return [value](OptionsDesk& desk) { return OnOff(ReadPageOptions(desk.settings).*value); };
+}
+Reader Page(std::string PageOptions::*value) {
+  return [value](OptionsDesk& desk) { return ReadPageOptions(desk.settings).*value; };
+}
+std::string PageWidth(OptionsDesk& desk) {
+  std::ostringstream width;
+  width << ReadPageOptions(desk.settings).widthPercent;
+  return width.str();
+}
+Reader IsPrinted(std::size_t kind) {
+  return
+      [kind](OptionsDesk& desk) { return OnOff(ReadPageOptions(desk.settings).isPrinted[kind]); };
 }
 
 std::vector<RoundTrip> ListTrips() {
@@ -188,21 +202,19 @@ std::vector<RoundTrip> EditorAndPrintTrips() {
        OnlyTrue(settings::kShowPopularObservancesArrow), "on", "off"},
       {"ShowDateExample", "Options", "True", "off", "False", OnlyTrue(settings::kShowDateExample),
        "on", "off"},
-      {"ShowMonthHeaders", "Printing", "True", "off", "False",
-       OnlyTrue(Printed("ShowMonthHeaders")), "on", "off"},
-      {"ShowTableBorder", "Printing", "False", "on", "True", NotFalse(Printed("ShowTableBorder")),
-       "off", "on"},
-      {"TableWidthAsPercentageOfPage", "Printing", "90", "75.5", "75.5",
-       Lower(Printed("TableWidthAsPercentageOfPage")), "90", "75.5"},
-      {"MonthFontName", "Printing", "Arial", "Georgia", "Georgia", Lower(Printed("MonthFontName")),
+      {"ShowMonthHeaders", "Printing", "True", "off", "False", Page(&PageOptions::hasMonthHeaders),
+       "on", "off"},
+      {"ShowTableBorder", "Printing", "False", "on", "True", Page(&PageOptions::hasBorder), "off",
+       "on"},
+      {"TableWidthAsPercentageOfPage", "Printing", "90", "75.5", "75.5", PageWidth, "90", "75.5"},
+      {"MonthFontName", "Printing", "Arial", "Georgia", "Georgia", Page(&PageOptions::monthFont),
        "arial", "georgia"},
-      {"EventFontName", "Printing", "Arial", "Verdana", "Verdana", Lower(Printed("EventFontName")),
+      {"EventFontName", "Printing", "Arial", "Verdana", "Verdana", Page(&PageOptions::eventFont),
        "arial", "verdana"},
   };
-  for (int kind = 0; kind < 8; ++kind) {
+  for (std::size_t kind = 0; kind < kPrintedTypes; ++kind) {
     const std::string name = "EventTypesToPrint" + std::to_string(kind);
-    trips.push_back(
-        {name, "Printing", "True", "off", "False", OnlyTrue(Printed(name)), "on", "off"});
+    trips.push_back({name, "Printing", "True", "off", "False", IsPrinted(kind), "on", "off"});
   }
   return trips;
 }
