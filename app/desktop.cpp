@@ -7,7 +7,6 @@
 #include "alarm/frm_alarm.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
-#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_screens.h"
 #include "platform/system.h"
 #include "reminder/frm_reminder.h"
@@ -38,9 +37,10 @@ Desktop::Desktop(const Arguments& arguments)
       formats_(MakeSystemFormats(arguments.shortDate.toStdString())),
       settings_(SettingsOf(arguments, *files_)),
       instance_(MakePreviousInstance(*files_, arguments.settings.toStdString())),
-      sound_(&QApplication::beep, Complain),
+      tray_(MakeProgramTray()),
+      sound_(MakeSystemSound(Complain)),
       editor_({*settings_, *files_, clock_, Messages()}),
-      alarms_({*settings_, *files_, sound_, Messages()}, SystemFolders()),
+      alarms_({*settings_, *files_, *sound_, Messages()}, SystemFolders()),
       session_({*settings_, *files_, clock_, Messages(), shiftKey_, *formats_, Instance(), Area(),
                 random_, Editor(), alarms_, SystemFolders()}) {
   session_.Complain = Complain;
@@ -58,7 +58,7 @@ PreviousInstance& Desktop::Instance() {
 }
 
 NotificationArea& Desktop::Area() {
-  return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : area_;
+  return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : *tray_.area;
 }
 
 // For a picture the file stays as it is, as if an editor worked on it.
@@ -93,9 +93,9 @@ int Desktop::ShowWindows() {
 
 void Desktop::ConnectTray(frmReminder& window) {
   TrayIcon& icon = session_.tIcon();
-  icon.Icon(area_.AddIcon(ProgramIcon()));
+  icon.Icon(tray_.icon);
   icon.MouseUp = [&window](TrayButton /*button*/) { window.RestoreFromTray(); };
-  area_.Mouse = [&icon](IconMouseMessage message) {
+  tray_.area->Mouse = [&icon](IconMouseMessage message) {
     icon.HandleCallback(static_cast<double>(message), 1);
   };
 }

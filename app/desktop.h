@@ -8,11 +8,10 @@
 #include "app/arguments.h"
 #include "app/editor_of_program.h"
 #include "app/start_clock.h"
+#include "app/system_adapters.h"
 #include "platform/memory/memory_notification_area.h"
 #include "platform/memory/memory_reminder.h"
-#include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
-#include "platform/sdl/sdl_sound_player.h"
 #include "reminder/reminder_session.h"
 
 namespace tidewarden {
@@ -64,10 +63,10 @@ class Desktop {
   QtShiftKey shiftKey_;
   std::unique_ptr<PreviousInstance> instance_;
   MemoryPreviousInstance noInstance_;
-  QtNotificationArea area_;
+  ProgramTray tray_;
   MemoryNotificationArea noArea_;
   SplitMixNumbers random_;
-  SdlSoundPlayer sound_;
+  std::unique_ptr<SoundPlayer> sound_;
   EditorOfProgram editor_;
   MemoryEditorWindow noEditor_;
   AlarmSession alarms_;

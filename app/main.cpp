@@ -1,24 +1,15 @@
 // tidewarden: the desktop program.
 #include <QApplication>
-#include <algorithm>
-#include <string_view>
 
 #include "app/arguments.h"
 #include "app/desktop.h"
+#include "app/system_adapters.h"
 #include "platform/qt/program_icon.h"
 #include "tidewarden_version.h"
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-    const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
-    const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-      return argument == "--help" || argument == "-h" || argument == "--version" ||
-             argument == "-v";
-    });
-    qputenv("QT_QPA_PLATFORM", onlyTells ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
-  }
+  PrepareDesktop(argc, argv);
   const QApplication app(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));

@@ -1,0 +1,49 @@
+#include <windows.h>
+
+#include <QApplication>
+#include <array>
+#include <cstdio>
+#include <utility>
+
+#include "app/system_adapters.h"
+#include "platform/qt/program_icon.h"
+#include "platform/qt/qt_notification_area.h"
+#include "platform/system.h"
+
+namespace tidewarden {
+namespace {
+
+// A program with windows gets no console from the system, but may write to that of its caller.
+void UseConsoleOfCaller() {
+  struct Stream {
+    DWORD handle;
+    FILE* stream;
+  };
+  const std::array<Stream, 2> streams{
+      {{STD_OUTPUT_HANDLE, stdout}, {STD_ERROR_HANDLE, stderr}}};
+  const auto isOpen = [](const Stream& stream) {
+    const HANDLE handle = ::GetStdHandle(stream.handle);
+    return handle != nullptr && ::GetFileType(handle) != FILE_TYPE_UNKNOWN;
+  };
+  std::array<bool, 2> wasOpen{isOpen(streams[0]), isOpen(streams[1])};
+  if ((wasOpen[0] && wasOpen[1]) || ::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
+  // What the caller has sent to a file stays there.
+  for (std::size_t i = 0; i < streams.size(); ++i) {
+    if (!wasOpen[i]) static_cast<void>(std::freopen("CONOUT$", "w", streams[i].stream));
+  }
+}
+
+}  // namespace
+
+void PrepareDesktop(int /*argc*/, char** /*argv*/) {
+  UseConsoleOfCaller();
+  PrepareProgram();
+}
+
+ProgramTray MakeProgramTray() {
+  auto area = std::make_unique<QtNotificationArea>();
+  const IconHandle icon = area->AddIcon(ProgramIcon());
+  return {std::move(area), icon};
+}
+
+}  // namespace tidewarden
