@@ -19,8 +19,7 @@ void UseConsoleOfCaller() {
     DWORD handle;
     FILE* stream;
   };
-  const std::array<Stream, 2> streams{
-      {{STD_OUTPUT_HANDLE, stdout}, {STD_ERROR_HANDLE, stderr}}};
+  const std::array<Stream, 2> streams{{{STD_OUTPUT_HANDLE, stdout}, {STD_ERROR_HANDLE, stderr}}};
   const auto isOpen = [](const Stream& stream) {
     const HANDLE handle = ::GetStdHandle(stream.handle);
     return handle != nullptr && ::GetFileType(handle) != FILE_TYPE_UNKNOWN;
