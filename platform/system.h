@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/clock.h"
 #include "core/events_path.h"
@@ -14,6 +15,14 @@
 
 namespace tidewarden {
 
+// What a program does before anything else. On Windows: libraries come from the system's own
+// folder, and the standard streams carry bytes as they are written, UTF-8 for a console.
+void PrepareProgram();
+
+// The command line in UTF-8, the program's own name first; from what main was given where the
+// system gives it in that form.
+[[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);
+
 [[nodiscard]] std::unique_ptr<FileSystem> MakeSystemFiles();
 [[nodiscard]] std::unique_ptr<Clock> MakeSystemClock();
 
@@ -22,11 +31,9 @@ namespace tidewarden {
 [[nodiscard]] std::unique_ptr<RegionalFormats> MakeSystemFormats(
     const std::string& shortDatePattern);
 
-// The user's own settings: on Linux the file SettingsFilePath.
+// The user's own settings: on Linux the file "settings.ini" in his configuration folder for the
+// program, on Windows the registry.
 [[nodiscard]] std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files);
-
-// "settings.ini" in the user's configuration folder for the program.
-[[nodiscard]] std::string SettingsFilePath();
 
 [[nodiscard]] ProgramFolders SystemFolders();
 

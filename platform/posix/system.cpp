@@ -48,6 +48,10 @@ std::string ExecutableFolder() {
   return slash == 0 ? "/" : executable.substr(0, slash);
 }
 
+std::string SettingsFilePath() {
+  return XdgFolder("XDG_CONFIG_HOME", "/.config") + "/settings.ini";
+}
+
 std::string InstancePath(FileSystem& files, const std::string& settingsPath) {
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
   if (settingsPath.empty() && runtime != nullptr && *runtime == '/' && files.CanCreateIn(runtime)) {
@@ -57,6 +61,12 @@ std::string InstancePath(FileSystem& files, const std::string& settingsPath) {
 }
 
 }  // namespace
+
+void PrepareProgram() {}
+
+std::vector<std::string> ProgramArguments(int argc, char** argv) {
+  return {argv, argv + argc};
+}
 
 std::unique_ptr<FileSystem> MakeSystemFiles() {
   return std::make_unique<PosixFileSystem>();
@@ -70,10 +80,6 @@ std::unique_ptr<RegionalFormats> MakeSystemFormats(const std::string& shortDateP
   auto formats = std::make_unique<PosixRegionalFormats>();
   if (shortDatePattern.empty()) return formats;
   return std::make_unique<PatternRegionalFormats>(shortDatePattern, formats->names());
-}
-
-std::string SettingsFilePath() {
-  return XdgFolder("XDG_CONFIG_HOME", "/.config") + "/settings.ini";
 }
 
 std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files) {

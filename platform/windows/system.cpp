@@ -1,0 +1,109 @@
+#include "platform/system.h"
+
+#include <windows.h>
+// Needs the types of windows.h.
+#include <shlobj.h>
+
+#include <array>
+#include <cstdint>
+
+#include "dates/text.h"
+#include "platform/windows/registry_settings_store.h"
+#include "platform/windows/windows_file_system.h"
+#include "platform/windows/windows_previous_instance.h"
+#include "platform/windows/windows_process.h"
+#include "platform/windows/windows_regional_formats.h"
+#include "platform/windows/windows_staged_files.h"
+#include "platform/windows/windows_text.h"
+
+namespace tidewarden {
+namespace {
+
+class WindowsClock : public Clock {
+ public:
+  [[nodiscard]] LocalTime Now() const override {
+    SYSTEMTIME now{};
+    ::GetLocalTime(&now);
+    return {MakeDate(now.wYear, now.wMonth, now.wDay), now.wHour, now.wMinute, now.wSecond,
+            now.wMilliseconds};
+  }
+};
+
+std::wstring ProgramPath() {
+  std::wstring path(MAX_PATH, L'\0');
+  while (true) {
+    const DWORD length =
+        ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    if (length < path.size()) return path.substr(0, length);
+    path.resize(2 * path.size());
+  }
+}
+
+// A path in the form that people write.
+std::wstring Plain(const std::wstring& path) {
+  if (path.starts_with(L"\\\\?\\UNC\\")) return L"\\" + path.substr(7);
+  return path.starts_with(L"\\\\?\\") ? path.substr(4) : path;
+}
+
+std::wstring RoamingFolder() {
+  std::array<wchar_t, MAX_PATH> folder{};
+  const HRESULT found = ::SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT,
+                                           folder.data());
+  if (SUCCEEDED(found)) return folder.data();
+  return FolderOf(ProgramPath());
+}
+
+// A name for whatever path, fit for an object of the system: a hash (FNV-1a), because such names
+// hold no separators.
+std::wstring NameOf(const std::string& path) {
+  std::uint64_t hash = 14695981039346656037U;
+  for (const char c : ToLower(Narrow(WidePath(path)))) {
+    hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+  }
+  return std::to_wstring(hash);
+}
+
+}  // namespace
+
+void PrepareProgram() {
+  LoadOnlySystemLibraries();
+  UseUtf8Streams();
+}
+
+std::vector<std::string> ProgramArguments(int /*argc*/, char** /*argv*/) {
+  return CommandLineArguments();
+}
+
+std::unique_ptr<FileSystem> MakeSystemFiles() {
+  return std::make_unique<WindowsFileSystem>();
+}
+
+std::unique_ptr<Clock> MakeSystemClock() {
+  return std::make_unique<WindowsClock>();
+}
+
+std::unique_ptr<RegionalFormats> MakeSystemFormats(const std::string& shortDatePattern) {
+  auto formats = std::make_unique<WindowsRegionalFormats>();
+  if (shortDatePattern.empty()) return formats;
+  return std::make_unique<PatternRegionalFormats>(shortDatePattern, formats->names());
+}
+
+std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& /*files*/) {
+  return std::make_unique<RegistrySettingsStore>();
+}
+
+ProgramFolders SystemFolders() {
+  const std::wstring program = FolderOf(Plain(ResolveLink(ProgramPath())));
+  const std::string userData = JoinPath(Narrow(RoamingFolder()), kApplicationName,
+                                        PathStyle::kWindows);
+  return {Narrow(program), userData, PathStyle::kWindows};
+}
+
+std::unique_ptr<PreviousInstance> MakePreviousInstance(FileSystem& /*files*/,
+                                                       const std::string& settingsPath) {
+  const std::wstring name = L"Tideward.Instance";
+  return std::make_unique<WindowsPreviousInstance>(
+      settingsPath.empty() ? name : name + L"." + NameOf(settingsPath));
+}
+
+}  // namespace tidewarden
