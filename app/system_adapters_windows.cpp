@@ -8,6 +8,7 @@
 #include "app/system_adapters.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_notification_area.h"
+#include "platform/memory/memory_sound.h"
 #include "platform/system.h"
 
 namespace tidewarden {
@@ -37,12 +38,18 @@ void UseConsoleOfCaller() {
 void PrepareDesktop(int /*argc*/, char** /*argv*/) {
   UseConsoleOfCaller();
   PrepareProgram();
+  // Plugins are linked into the program; none is taken from a folder that anybody may make.
+  QCoreApplication::setLibraryPaths({});
 }
 
 ProgramTray MakeProgramTray() {
   auto area = std::make_unique<QtNotificationArea>();
   const IconHandle icon = area->AddIcon(ProgramIcon());
   return {std::move(area), icon};
+}
+
+std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::string&)> /*complain*/) {
+  return std::make_unique<MemorySoundPlayer>();
 }
 
 }  // namespace tidewarden
