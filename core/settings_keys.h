@@ -2,6 +2,8 @@
 // although the setting has one is worked out by the caller.
 #pragma once
 
+#include <array>
+
 #include "core/get_set_save_set.h"
 
 namespace tidewarden::settings {
@@ -76,6 +78,25 @@ inline constexpr Setting kRememberLastOccurs{"RememberLastOccurs", "False"};
 // Nothing until an event has been saved.
 inline constexpr Setting kRememberLastAdvanceNoticeValue{"RememberLastAdvanceNoticeValue", ""};
 inline constexpr Setting kRememberLastOccursIndex{"RememberLastOccursIndex", ""};
+
+// Printing.
+inline constexpr Setting kShowTableBorder{"Printing/ShowTableBorder", "False"};
+inline constexpr Setting kTableWidthAsPercentageOfPage{"Printing/TableWidthAsPercentageOfPage",
+                                                       "90"};
+inline constexpr Setting kShowMonthHeaders{"Printing/ShowMonthHeaders", "True"};
+inline constexpr Setting kMonthFontName{"Printing/MonthFontName", "Arial"};
+inline constexpr Setting kEventFontName{"Printing/EventFontName", "Arial"};
+// By kind of event: yearly, quarterly, monthly, one-time, every so many days, until done, counters,
+// weekdays and last days of a month.
+inline constexpr std::array<Setting, 8> kEventTypesToPrint{
+    {{"Printing/EventTypesToPrint0", "True"},
+     {"Printing/EventTypesToPrint1", "True"},
+     {"Printing/EventTypesToPrint2", "True"},
+     {"Printing/EventTypesToPrint3", "True"},
+     {"Printing/EventTypesToPrint4", "True"},
+     {"Printing/EventTypesToPrint5", "True"},
+     {"Printing/EventTypesToPrint6", "True"},
+     {"Printing/EventTypesToPrint7", "True"}}};
 
 // No longer used; removed from the store when found.
 inline constexpr Setting kShowTodaysDateWithReminders{"ShowTodaysDateWithReminders", ""};

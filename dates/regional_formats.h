@@ -30,6 +30,10 @@ class RegionalFormats {
 
   // The full name of a day of the week, Sunday = 1 to Saturday = 7.
   [[nodiscard]] virtual std::string WeekdayName(int weekday) const = 0;
+
+  // The full name of a month, 1 to 12, in the form that stands alone, as at the head of a calendar
+  // page ("Январь", not the "января" of a date).
+  [[nodiscard]] virtual std::string MonthName(int month) const = 0;
 };
 
 }  // namespace tidewarden

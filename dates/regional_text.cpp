@@ -125,6 +125,11 @@ std::string NamedRegionalFormats::WeekdayName(int weekday) const {
   return names_.weekdays[static_cast<std::size_t>(weekday - 1)];
 }
 
+std::string NamedRegionalFormats::MonthName(int month) const {
+  const auto index = static_cast<std::size_t>(month - 1);
+  return names_.monthsAlone[index].empty() ? names_.months[index] : names_.monthsAlone[index];
+}
+
 std::string PatternRegionalFormats::ShortDate(CivilDate date) const {
   return CleanRegionalText(FormatByPattern(pattern_, date, names()));
 }

@@ -20,6 +20,8 @@ struct CalendarNames {
   std::array<std::string, 12> monthAbbreviations;
   std::array<std::string, 7> weekdays;
   std::array<std::string, 7> weekdayAbbreviations;
+  // Without a day beside them; an empty one is the same as in `months`.
+  std::array<std::string, 12> monthsAlone{};
 };
 
 [[nodiscard]] const CalendarNames& EnglishCalendarNames();
@@ -43,6 +45,7 @@ class NamedRegionalFormats : public RegionalFormats {
   [[nodiscard]] std::string DayAndMonthName(CivilDate date, DayMonthOrder order,
                                             std::string_view separator) const override;
   [[nodiscard]] std::string WeekdayName(int weekday) const override;
+  [[nodiscard]] std::string MonthName(int month) const override;
 
   [[nodiscard]] const CalendarNames& names() const { return names_; }
 

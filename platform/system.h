@@ -37,6 +37,12 @@ void PrepareProgram();
 
 [[nodiscard]] ProgramFolders SystemFolders();
 
+// Where pages for printing are written, without a separator at the end; may not exist yet. On
+// Windows the folder for the data of applications that all users share (CSIDL_COMMON_APPDATA); on
+// Linux, where users share no folder that they may write to, the user's data folder for the
+// program.
+[[nodiscard]] std::string GetCommonDataFolder();
+
 // The one copy of the program in the user's login session; with other settings than the user's
 // own (`settingsPath` not empty), the one copy that runs on that file.
 [[nodiscard]] std::unique_ptr<PreviousInstance> MakePreviousInstance(

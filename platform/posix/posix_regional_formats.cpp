@@ -176,6 +176,7 @@ PosixRegionalFormats::PosixRegionalFormats()
   for (std::size_t i = 0; i < names.months.size(); ++i) {
     TemporaryLocale::Take(MON_1 + static_cast<nl_item>(i), names.months[i]);
     TemporaryLocale::Take(ABMON_1 + static_cast<nl_item>(i), names.monthAbbreviations[i]);
+    TemporaryLocale::Take(ALTMON_1 + static_cast<nl_item>(i), names.monthsAlone[i]);
   }
   for (std::size_t i = 0; i < names.weekdays.size(); ++i) {
     TemporaryLocale::Take(DAY_1 + static_cast<nl_item>(i), names.weekdays[i]);

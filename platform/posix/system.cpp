@@ -90,6 +90,10 @@ ProgramFolders SystemFolders() {
   return {ExecutableFolder(), XdgFolder("XDG_DATA_HOME", "/.local/share"), PathStyle::kPosix};
 }
 
+std::string GetCommonDataFolder() {
+  return SystemFolders().userData;
+}
+
 std::unique_ptr<PreviousInstance> MakePreviousInstance(FileSystem& files,
                                                        const std::string& settingsPath) {
   const std::string path = InstancePath(files, settingsPath);

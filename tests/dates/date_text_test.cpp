@@ -31,6 +31,9 @@ class NamesOnly : public RegionalFormats {
   [[nodiscard]] std::string WeekdayName(int weekday) const override {
     return "day " + std::to_string(weekday);
   }
+  [[nodiscard]] std::string MonthName(int month) const override {
+    return "month " + std::to_string(month);
+  }
 
  private:
   std::array<std::string, 12> months_;

@@ -168,6 +168,18 @@ TEST_F(PosixFormats, NativeDigitsBecomePlainOnes) {
   EXPECT_TRUE(format->TwoDigitYear);
 }
 
+// The form that stands beside a day is another one in Slavic languages.
+TEST_F(PosixFormats, MonthsStandAlone) {
+  ASSERT_NO_FATAL_FAILURE(NeedLocale("ru_RU.UTF-8"));
+  ASSERT_NO_FATAL_FAILURE(NeedLocale("pl_PL.UTF-8"));
+  ASSERT_NO_FATAL_FAILURE(NeedLocale("de_DE.ISO-8859-1"));
+  EXPECT_EQ(FormatsOf("ru_RU.UTF-8")->MonthName(5), "Май");
+  EXPECT_EQ(FormatsOf("ru_RU.UTF-8")->MonthName(1), "Январь");
+  EXPECT_EQ(FormatsOf("pl_PL.UTF-8")->MonthName(12), "grudzień");
+  EXPECT_EQ(FormatsOf("de_DE.ISO-8859-1")->MonthName(3), "März");
+  EXPECT_EQ(FormatsOf("C")->MonthName(7), "July");
+}
+
 struct OrderCase {
   std::string name;
   bool yearFirst;  // else day-first
