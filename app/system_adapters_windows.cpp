@@ -8,8 +8,8 @@
 #include "app/system_adapters.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_notification_area.h"
-#include "platform/memory/memory_sound.h"
 #include "platform/system.h"
+#include "platform/windows/windows_sound_player.h"
 
 namespace tidewarden {
 namespace {
@@ -48,8 +48,8 @@ ProgramTray MakeProgramTray() {
   return {std::move(area), icon};
 }
 
-std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::string&)> /*complain*/) {
-  return std::make_unique<MemorySoundPlayer>();
+std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::string&)> complain) {
+  return std::make_unique<WindowsSoundPlayer>(std::move(complain));
 }
 
 }  // namespace tidewarden
