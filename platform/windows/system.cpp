@@ -45,12 +45,12 @@ std::wstring Plain(const std::wstring& path) {
   return path.starts_with(L"\\\\?\\") ? path.substr(4) : path;
 }
 
-std::wstring RoamingFolder() {
+// One of the folders that the system knows by number; the program's own where there is none.
+std::wstring SystemFolder(int number) {
   std::array<wchar_t, MAX_PATH> folder{};
-  const HRESULT found = ::SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT,
-                                           folder.data());
-  if (SUCCEEDED(found)) return folder.data();
-  return FolderOf(ProgramPath());
+  const HRESULT found =
+      ::SHGetFolderPathW(nullptr, number, nullptr, SHGFP_TYPE_CURRENT, folder.data());
+  return SUCCEEDED(found) ? folder.data() : FolderOf(ProgramPath());
 }
 
 // A name for whatever path, fit for an object of the system: a hash (FNV-1a), because such names
@@ -94,9 +94,13 @@ std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& /*files*/) {
 
 ProgramFolders SystemFolders() {
   const std::wstring program = FolderOf(Plain(ResolveLink(ProgramPath())));
-  const std::string userData = JoinPath(Narrow(RoamingFolder()), kApplicationName,
-                                        PathStyle::kWindows);
+  const std::string userData =
+      JoinPath(Narrow(SystemFolder(CSIDL_APPDATA)), kApplicationName, PathStyle::kWindows);
   return {Narrow(program), userData, PathStyle::kWindows};
+}
+
+std::string GetCommonDataFolder() {
+  return Narrow(SystemFolder(CSIDL_COMMON_APPDATA));
 }
 
 std::unique_ptr<PreviousInstance> MakePreviousInstance(FileSystem& /*files*/,
