@@ -1,14 +1,13 @@
 #include "app/desktop.h"
 
 #include <QApplication>
-#include <QBuffer>
-#include <QPixmap>
 
 #include "alarm/frm_alarm.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_screens.h"
+#include "platform/qt/window_picture.h"
 #include "platform/system.h"
 #include "reminder/frm_reminder.h"
 #include "tidewarden_version.h"
@@ -159,16 +158,10 @@ std::optional<ExitCode> Desktop::LookAtLayout() {
   return kUsage;
 }
 
-// The picture shows the user's events, so it is for the user alone, like every file made here.
 int Desktop::Grab(frmReminder& window) {
   window.Start();
   QApplication::processEvents();
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  if (window.grab().save(&buffer, "PNG") &&
-      ReplaceFile(*files_, arguments_.grab.toStdString(), bytes.toStdString()).ok()) {
-    return kDone;
-  }
+  if (SaveWindowPicture(window, *files_, arguments_.grab.toStdString()).ok()) return kDone;
   Complain(arguments_.grab.toStdString() + ": the picture cannot be written");
   return kCannotWrite;
 }

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "dates/text.h"
+#include "platform/windows/registry_autostart.h"
 #include "platform/windows/registry_settings_store.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_previous_instance.h"
@@ -43,6 +44,10 @@ std::wstring ProgramPath() {
 std::wstring Plain(const std::wstring& path) {
   if (path.starts_with(L"\\\\?\\UNC\\")) return L"\\" + path.substr(7);
   return path.starts_with(L"\\\\?\\") ? path.substr(4) : path;
+}
+
+std::string ProgramFolder() {
+  return Narrow(FolderOf(Plain(ResolveLink(ProgramPath()))));
 }
 
 // One of the folders that the system knows by number; the program's own where there is none.
@@ -93,10 +98,17 @@ std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& /*files*/) {
 }
 
 ProgramFolders SystemFolders() {
-  const std::wstring program = FolderOf(Plain(ResolveLink(ProgramPath())));
   const std::string userData =
       JoinPath(Narrow(SystemFolder(CSIDL_APPDATA)), kApplicationName, PathStyle::kWindows);
-  return {Narrow(program), userData, PathStyle::kWindows};
+  return {ProgramFolder(), userData, PathStyle::kWindows};
+}
+
+std::string ReminderProgram() {
+  return JoinPath(ProgramFolder(), "tidewarden.exe", PathStyle::kWindows);
+}
+
+std::unique_ptr<Autostart> MakeAutostart(FileSystem& /*files*/) {
+  return std::make_unique<RegistryAutostart>(ReminderProgram());
 }
 
 std::string GetCommonDataFolder() {
