@@ -1,13 +1,12 @@
 #include "app/desktop.h"
 
 #include <QApplication>
-#include <QBuffer>
-#include <QPixmap>
 
 #include "alarm/frm_alarm.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
 #include "platform/qt/qt_screens.h"
+#include "platform/qt/window_picture.h"
 #include "platform/system.h"
 #include "reminder/frm_reminder.h"
 #include "tidewarden_version.h"
@@ -36,12 +35,13 @@ Desktop::Desktop(const Arguments& arguments)
       clock_(*systemClock_, arguments.today, arguments.now),
       formats_(MakeSystemFormats(arguments.shortDate.toStdString())),
       settings_(SettingsOf(arguments, *files_)),
+      shiftKey_(MakeSystemShiftKey()),
       instance_(MakePreviousInstance(*files_, arguments.settings.toStdString())),
       tray_(MakeProgramTray()),
       sound_(MakeSystemSound(Complain)),
       editor_({*settings_, *files_, clock_, Messages()}),
       alarms_({*settings_, *files_, *sound_, Messages()}, SystemFolders()),
-      session_({*settings_, *files_, clock_, Messages(), shiftKey_, *formats_, Instance(), Area(),
+      session_({*settings_, *files_, clock_, Messages(), *shiftKey_, *formats_, Instance(), Area(),
                 random_, Editor(), alarms_, SystemFolders()}) {
   session_.Complain = Complain;
 }
@@ -159,16 +159,10 @@ std::optional<ExitCode> Desktop::LookAtLayout() {
   return kUsage;
 }
 
-// The picture shows the user's events, so it is for the user alone, like every file made here.
 int Desktop::Grab(frmReminder& window) {
   window.Start();
   QApplication::processEvents();
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  if (window.grab().save(&buffer, "PNG") &&
-      ReplaceFile(*files_, arguments_.grab.toStdString(), bytes.toStdString()).ok()) {
-    return kDone;
-  }
+  if (SaveWindowPicture(window, *files_, arguments_.grab.toStdString()).ok()) return kDone;
   Complain(arguments_.grab.toStdString() + ": the picture cannot be written");
   return kCannotWrite;
 }

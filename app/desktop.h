@@ -60,7 +60,7 @@ class Desktop {
   std::unique_ptr<SettingsStore> settings_;
   QtMessageBox boxes_;
   StandardErrorMessages lines_;
-  QtShiftKey shiftKey_;
+  std::unique_ptr<ShiftKey> shiftKey_;
   std::unique_ptr<PreviousInstance> instance_;
   MemoryPreviousInstance noInstance_;
   ProgramTray tray_;

@@ -9,7 +9,7 @@
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  PrepareDesktop(argc, argv);
+  PrepareDesktop(argc, argv, WindowPlaces::kProgram);
   const QApplication app(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));

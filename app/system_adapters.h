@@ -1,5 +1,6 @@
-// What only the desktop program needs of its system, and what is another thing on each of them:
-// how it starts, the notification area and the sound. Each system has its own source file.
+// What only programs with windows need of their system, and what is another thing on each of
+// them: how they start, the notification area, the sound and the Shift key. Each system has its
+// own source file.
 #pragma once
 
 #include <functional>
@@ -8,13 +9,18 @@
 
 #include "alarm/notification_area.h"
 #include "alarm/sound_player.h"
+#include "reminder/shift_key.h"
 
 namespace tidewarden {
 
-// Before the application object is made. On Linux: chooses between X11, Wayland and no screen,
-// unless the user has chosen. On Windows: what the program says reaches the console that it was
-// started from, and libraries come from the system alone.
-void PrepareDesktop(int argc, char** argv);
+// Who places the windows of a program.
+enum class WindowPlaces { kProgram, kDesktop };
+
+// Before the application object is made. On Linux: chooses X11 for a program that places its
+// windows, and no screen for one that only tells its version or its help, unless the user has
+// chosen. On Windows: what the program says reaches the console that it was started from, and
+// libraries and plugins come from the system and the program alone.
+void PrepareDesktop(int argc, char** argv, WindowPlaces places);
 
 // The notification area and the program's own picture by the number that the area knows it by.
 struct ProgramTray {
@@ -28,5 +34,7 @@ struct ProgramTray {
 // `complain` takes one line for standard error, without a line end.
 [[nodiscard]] std::unique_ptr<SoundPlayer> MakeSystemSound(
     std::function<void(const std::string&)> complain);
+
+[[nodiscard]] std::unique_ptr<ShiftKey> MakeSystemShiftKey();
 
 }  // namespace tidewarden

@@ -7,8 +7,9 @@
 
 #include "app/system_adapters.h"
 #include "platform/qt/program_icon.h"
-#include "platform/qt/qt_notification_area.h"
 #include "platform/system.h"
+#include "platform/windows/qt_shell_notification_area.h"
+#include "platform/windows/windows_ports.h"
 #include "platform/windows/windows_sound_player.h"
 
 namespace tidewarden {
@@ -35,7 +36,7 @@ void UseConsoleOfCaller() {
 
 }  // namespace
 
-void PrepareDesktop(int /*argc*/, char** /*argv*/) {
+void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
   UseConsoleOfCaller();
   PrepareProgram();
   // Plugins are linked into the program; none is taken from a folder that anybody may make.
@@ -43,13 +44,17 @@ void PrepareDesktop(int /*argc*/, char** /*argv*/) {
 }
 
 ProgramTray MakeProgramTray() {
-  auto area = std::make_unique<QtNotificationArea>();
+  auto area = std::make_unique<QtShellNotificationArea>();
   const IconHandle icon = area->AddIcon(ProgramIcon());
   return {std::move(area), icon};
 }
 
 std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::string&)> complain) {
   return std::make_unique<WindowsSoundPlayer>(std::move(complain));
+}
+
+std::unique_ptr<ShiftKey> MakeSystemShiftKey() {
+  return std::make_unique<WindowsShiftKey>();
 }
 
 }  // namespace tidewarden

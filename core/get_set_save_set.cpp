@@ -71,6 +71,22 @@ void Save(SettingsStore& store, const Setting& setting, const std::string& value
   SaveSet(store, key, value);
 }
 
+std::string Stored(SettingsStore& store, const Setting& setting) {
+  return Get(store, {setting.key, "", kKeepCaps});
+}
+
+Status SaveAll(SettingsStore& store,
+               const std::vector<std::pair<std::string, std::string>>& values) {
+  std::vector<SettingValue> all;
+  all.reserve(values.size());
+  for (const auto& [key, value] : values) {
+    std::string name = key;
+    const std::string_view section = TakeSection(name);
+    all.push_back({std::string(section), std::move(name), value});
+  }
+  return store.WriteAll(all);
+}
+
 void Delete(SettingsStore& store, const Setting& setting) {
   std::string key(setting.key);
   const std::string_view section = TakeSection(key);

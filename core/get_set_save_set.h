@@ -7,6 +7,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "core/settings_store.h"
 
@@ -36,6 +38,15 @@ struct Setting {
 [[nodiscard]] std::string Get(SettingsStore& store, const Setting& setting,
                               const std::string& defaultValue);
 void Save(SettingsStore& store, const Setting& setting, const std::string& value);
+
+// The value as it is stored, letter case included; the empty text when there is none. Never
+// writes.
+[[nodiscard]] std::string Stored(SettingsStore& store, const Setting& setting);
+
+// SaveSet for several keys at once, each with its value, for a caller who has to tell the user how
+// it ended: every value is stored or none.
+[[nodiscard]] Status SaveAll(SettingsStore& store,
+                             const std::vector<std::pair<std::string, std::string>>& values);
 
 // Removes a key, addressed as GetSet does.
 void Delete(SettingsStore& store, const Setting& setting);

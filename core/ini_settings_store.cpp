@@ -166,7 +166,14 @@ Status IniSettingsStore::Read(std::string_view section, std::string_view name, s
 
 Status IniSettingsStore::Write(std::string_view section, std::string_view name,
                                std::string_view value) {
-  if (!ini::IsStorableName(name)) {
+  return WriteAll({{std::string(section), std::string(name), std::string(value)}});
+}
+
+Status IniSettingsStore::WriteAll(const std::vector<SettingValue>& values) {
+  const bool allStorable = std::all_of(values.begin(), values.end(), [](const auto& value) {
+    return ini::IsStorableName(value.name);
+  });
+  if (!allStorable) {
     return Status(StatusKind::kInputOutput, "a setting's name cannot hold these characters");
   }
   std::unique_ptr<FileLock> lock;
@@ -174,7 +181,11 @@ Status IniSettingsStore::Write(std::string_view section, std::string_view name,
   loaded_ = false;  // what is changed is the file as it is now, whatever its stamp says
   if (status.ok()) status = Refresh();
   if (!status.ok()) return status;
-  return Change(ini::WithValue(content_, section, name, value));
+  std::string changed = content_;
+  for (const SettingValue& value : values) {
+    changed = ini::WithValue(changed, value.section, value.name, value.value);
+  }
+  return Change(changed);
 }
 
 Status IniSettingsStore::Delete(std::string_view section, std::string_view name) {

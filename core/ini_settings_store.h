@@ -47,6 +47,8 @@ class IniSettingsStore : public SettingsStore {
 
   Status Read(std::string_view section, std::string_view name, std::string& value) override;
   Status Write(std::string_view section, std::string_view name, std::string_view value) override;
+  // In one replacement of the file.
+  Status WriteAll(const std::vector<SettingValue>& values) override;
   Status Delete(std::string_view section, std::string_view name) override;
 
  private:

@@ -8,12 +8,19 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/status.h"
 
 namespace tidewarden {
 
 inline constexpr std::string_view kApplicationName = "Tideward";
+
+struct SettingValue {
+  std::string section;
+  std::string name;
+  std::string value;
+};
 
 class SettingsStore {
  public:
@@ -26,6 +33,11 @@ class SettingsStore {
   // Stores a value, the empty text included. On failure the store is as before. A store that
   // cannot be read is not written.
   virtual Status Write(std::string_view section, std::string_view name, std::string_view value) = 0;
+
+  // Stores several values, all of them or none. This form writes them one by one and puts the
+  // old ones back when one fails, a missing one for an empty one; a store that can write them at
+  // once does so in its own form.
+  virtual Status WriteAll(const std::vector<SettingValue>& values);
 
   // Removes a name. kOk also when it is missing.
   virtual Status Delete(std::string_view section, std::string_view name) = 0;

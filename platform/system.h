@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/autostart.h"
 #include "core/clock.h"
 #include "core/events_path.h"
 #include "core/file_system.h"
@@ -36,6 +37,13 @@ void PrepareProgram();
 [[nodiscard]] std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files);
 
 [[nodiscard]] ProgramFolders SystemFolders();
+
+// The full path of the reminder program, which lies beside the running one.
+[[nodiscard]] std::string ReminderProgram();
+
+// The start of the reminder program at login: on Linux an entry in the user's autostart folder, on
+// Windows one in the registry.
+[[nodiscard]] std::unique_ptr<Autostart> MakeAutostart(FileSystem& files);
 
 // Where pages for printing are written, without a separator at the end; may not exist yet. On
 // Windows the folder for the data of applications that all users share (CSIDL_COMMON_APPDATA); on

@@ -11,6 +11,7 @@
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_previous_instance.h"
 #include "platform/posix/posix_regional_formats.h"
+#include "platform/posix/xdg_autostart.h"
 
 namespace tidewarden {
 namespace {
@@ -35,8 +36,15 @@ std::string HomeFolder() {
 // One of the XDG base directories, whose variables count only when they hold an absolute path.
 std::string XdgFolder(const char* variable, const char* fallbackInHome) {
   const char* value = std::getenv(variable);
-  std::string folder = value != nullptr && *value == '/' ? value : HomeFolder() + fallbackInHome;
+  return value != nullptr && *value == '/' ? value : HomeFolder() + fallbackInHome;
+}
+
+std::string OwnFolderIn(const std::string& folder) {
   return folder + "/" + std::string(kApplicationName);
+}
+
+std::string ConfigFolder() {
+  return XdgFolder("XDG_CONFIG_HOME", "/.config");
 }
 
 std::string ExecutableFolder() {
@@ -49,7 +57,7 @@ std::string ExecutableFolder() {
 }
 
 std::string SettingsFilePath() {
-  return XdgFolder("XDG_CONFIG_HOME", "/.config") + "/settings.ini";
+  return OwnFolderIn(ConfigFolder()) + "/settings.ini";
 }
 
 std::string InstancePath(FileSystem& files, const std::string& settingsPath) {
@@ -87,7 +95,16 @@ std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files) {
 }
 
 ProgramFolders SystemFolders() {
-  return {ExecutableFolder(), XdgFolder("XDG_DATA_HOME", "/.local/share"), PathStyle::kPosix};
+  return {ExecutableFolder(), OwnFolderIn(XdgFolder("XDG_DATA_HOME", "/.local/share")),
+          PathStyle::kPosix};
+}
+
+std::string ReminderProgram() {
+  return JoinPath(ExecutableFolder(), "tidewarden", PathStyle::kPosix);
+}
+
+std::unique_ptr<Autostart> MakeAutostart(FileSystem& files) {
+  return std::make_unique<XdgAutostart>(files, ConfigFolder(), ReminderProgram());
 }
 
 std::string GetCommonDataFolder() {

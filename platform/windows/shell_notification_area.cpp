@@ -52,20 +52,26 @@ NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record) {
   return data;
 }
 
-ShellNotificationArea::ShellNotificationArea(NotifyIconCall call)
-    : call_(std::move(call)), shellStarted_(::RegisterWindowMessageW(L"TaskbarCreated")) {
-  if (call_) return;
-  call_ = [](DWORD message, NOTIFYICONDATAA& data) {
+ShellAreaCalls SystemShellAreaCalls() {
+  ShellAreaCalls calls;
+  calls.notifyIcon = [](DWORD message, NOTIFYICONDATAA& data) {
     return ::Shell_NotifyIconA(message, &data) != 0;
   };
+  calls.isSeen = [](HWND window) {
+    return ::IsWindowVisible(window) != 0 && ::IsIconic(window) == 0;
+  };
+  return calls;
 }
+
+ShellNotificationArea::ShellNotificationArea(ShellAreaCalls calls)
+    : calls_(std::move(calls)), shellStarted_(::RegisterWindowMessageW(L"TaskbarCreated")) {}
 
 void ShellNotificationArea::NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
                                        std::string_view /*tooltip*/) {
   NOTIFYICONDATAA data = NativeRecord(record);
   shown_ = record;
   if (message == NotifyIconMessage::kDelete) shown_.reset();
-  call_(static_cast<DWORD>(message), data);
+  calls_.notifyIcon(static_cast<DWORD>(message), data);
 }
 
 bool ShellNotificationArea::IsAvailable() {
@@ -79,7 +85,7 @@ bool ShellNotificationArea::IsFromIcon(HWND window, UINT message, WPARAM wParam,
   const bool isMouse = lParam >= static_cast<LPARAM>(IconMouseMessage::kLeftDown) &&
                        lParam <= static_cast<LPARAM>(IconMouseMessage::kRightDoubleClick);
   // A mouse that drags over the first line of pixels of a window looks the same.
-  return isMouse && (::IsWindowVisible(window) == 0 || ::IsIconic(window) != 0);
+  return isMouse && !calls_.isSeen(window);
 }
 
 bool ShellNotificationArea::HandleMessage(HWND window, UINT message, WPARAM wParam,
@@ -88,7 +94,7 @@ bool ShellNotificationArea::HandleMessage(HWND window, UINT message, WPARAM wPar
     // Every window of the program hears of it; the icon's window counts.
     if (shown_ && window == WindowOf(shown_->hWnd)) {
       NOTIFYICONDATAA data = NativeRecord(*shown_);
-      if (call_(NIM_ADD, data) && Appeared) Appeared();
+      if (calls_.notifyIcon(NIM_ADD, data) && Appeared) Appeared();
     }
     return false;
   }

@@ -27,12 +27,17 @@ namespace tidewarden {
 // many more as longer handles take where they have 64. The tooltip ends in a NUL.
 [[nodiscard]] NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record);
 
+// The calls of the system; a test puts its own in their places.
+struct ShellAreaCalls {
+  std::function<bool(DWORD message, NOTIFYICONDATAA& data)> notifyIcon;  // Shell_NotifyIconA
+  std::function<bool(HWND window)> isSeen;  // shown, and not only as a button of the taskbar
+};
+
+[[nodiscard]] ShellAreaCalls SystemShellAreaCalls();
+
 class ShellNotificationArea : public NotificationArea {
  public:
-  using NotifyIconCall = std::function<bool(DWORD message, NOTIFYICONDATAA& data)>;
-
-  // `call` stands in for Shell_NotifyIconA in a test.
-  explicit ShellNotificationArea(NotifyIconCall call = {});
+  explicit ShellNotificationArea(ShellAreaCalls calls = SystemShellAreaCalls());
 
   // Tooltips are as short as the record's.
   void NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
@@ -48,7 +53,7 @@ class ShellNotificationArea : public NotificationArea {
  private:
   [[nodiscard]] bool IsFromIcon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
 
-  NotifyIconCall call_;
+  ShellAreaCalls calls_;
   UINT shellStarted_;
   std::optional<NotifyIconRecord> shown_;
 };

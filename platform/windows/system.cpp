@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "dates/text.h"
+#include "platform/windows/registry_autostart.h"
 #include "platform/windows/registry_settings_store.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_previous_instance.h"
@@ -45,12 +46,16 @@ std::wstring Plain(const std::wstring& path) {
   return path.starts_with(L"\\\\?\\") ? path.substr(4) : path;
 }
 
-std::wstring RoamingFolder() {
+std::string ProgramFolder() {
+  return Narrow(FolderOf(Plain(ResolveLink(ProgramPath()))));
+}
+
+// One of the folders that the system knows by number; the program's own where there is none.
+std::wstring SystemFolder(int number) {
   std::array<wchar_t, MAX_PATH> folder{};
-  const HRESULT found = ::SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT,
-                                           folder.data());
-  if (SUCCEEDED(found)) return folder.data();
-  return FolderOf(ProgramPath());
+  const HRESULT found =
+      ::SHGetFolderPathW(nullptr, number, nullptr, SHGFP_TYPE_CURRENT, folder.data());
+  return SUCCEEDED(found) ? folder.data() : FolderOf(ProgramPath());
 }
 
 // A name for whatever path, fit for an object of the system: a hash (FNV-1a), because such names
@@ -93,10 +98,21 @@ std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& /*files*/) {
 }
 
 ProgramFolders SystemFolders() {
-  const std::wstring program = FolderOf(Plain(ResolveLink(ProgramPath())));
-  const std::string userData = JoinPath(Narrow(RoamingFolder()), kApplicationName,
-                                        PathStyle::kWindows);
-  return {Narrow(program), userData, PathStyle::kWindows};
+  const std::string userData =
+      JoinPath(Narrow(SystemFolder(CSIDL_APPDATA)), kApplicationName, PathStyle::kWindows);
+  return {ProgramFolder(), userData, PathStyle::kWindows};
+}
+
+std::string ReminderProgram() {
+  return JoinPath(ProgramFolder(), "tidewarden.exe", PathStyle::kWindows);
+}
+
+std::unique_ptr<Autostart> MakeAutostart(FileSystem& /*files*/) {
+  return std::make_unique<RegistryAutostart>(ReminderProgram());
+}
+
+std::string GetCommonDataFolder() {
+  return Narrow(SystemFolder(CSIDL_COMMON_APPDATA));
 }
 
 std::unique_ptr<PreviousInstance> MakePreviousInstance(FileSystem& /*files*/,

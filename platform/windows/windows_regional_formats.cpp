@@ -52,6 +52,7 @@ CalendarNames NamesOf(const wchar_t* locale) {
     TakeName(locale, (CAL_SMONTHNAME1 + offset) | CAL_RETURN_GENITIVE_NAMES, names.months[i]);
     TakeName(locale, (CAL_SABBREVMONTHNAME1 + offset) | CAL_RETURN_GENITIVE_NAMES,
              names.monthAbbreviations[i]);
+    TakeName(locale, CAL_SMONTHNAME1 + offset, names.monthsAlone[i]);
   }
   for (std::size_t i = 0; i < names.weekdays.size(); ++i) {
     // The system counts from Monday.

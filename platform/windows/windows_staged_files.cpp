@@ -247,6 +247,15 @@ std::wstring ResolveLink(const std::wstring& path) {
   return target;
 }
 
+Status StageInPlace(const std::wstring& path, std::string_view content,
+                    std::unique_ptr<StagedFile>& out) {
+  FileHandle file = OpenPatiently(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+  if (!file.ok()) return LastStatus();
+  out = std::make_unique<StagedInPlace>(std::move(file), content);
+  return {};
+}
+
 Status StageFile(const std::wstring& path, std::string_view content,
                  std::unique_ptr<StagedFile>& out) {
   const std::wstring target = ResolveLink(path);
@@ -262,14 +271,8 @@ Status StageFile(const std::wstring& path, std::string_view content,
 
   FileHandle file;
   Status status = CreateTemporary(temporary, replaces, file);
-  if (replaces && status.kind() == StatusKind::kNoPermission) {
-    FileHandle direct = OpenPatiently(target, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
-                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
-    if (direct.ok()) {
-      out = std::make_unique<StagedInPlace>(std::move(direct), content);
-      return {};
-    }
-  }
+  const bool folderRefuses = status.kind() == StatusKind::kNoPermission;
+  if (replaces && folderRefuses && StageInPlace(target, content, out).ok()) return {};
   if (!status.ok()) return status;
 
   auto staged = std::make_unique<StagedBeside>(target, temporary, std::move(file));

@@ -13,6 +13,10 @@ namespace tidewarden {
 [[nodiscard]] Status StageFile(const std::wstring& path, std::string_view content,
                                std::unique_ptr<StagedFile>& out);
 
+// The same for a file that exists in a folder that takes no new files: Commit writes into it.
+[[nodiscard]] Status StageInPlace(const std::wstring& path, std::string_view content,
+                                  std::unique_ptr<StagedFile>& out);
+
 // The file that a path leads to when it is a symbolic link that leads somewhere; else the path.
 [[nodiscard]] std::wstring ResolveLink(const std::wstring& path);
 
