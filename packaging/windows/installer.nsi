@@ -1,8 +1,8 @@
 ; The installer for one user: no administrator, nothing outside the user's own folders and registry.
 ;
-;   makensis -DVERSION=0.1.0 -DFOLDER=... -DREMOVALS=... -DOUTPUT=... installer.nsi
+;   makensis -DVERSION=0.1.0 -DSOURCE=... -DREMOVALS=... -DOUTPUT=... installer.nsi
 ;
-; FOLDER holds what is installed, REMOVALS is a file of the instructions that take it away again.
+; SOURCE holds what is installed, REMOVALS is a file of the instructions that take it away again.
 ; The installer answers to /S (asks nothing), /D=FOLDER (last), /STARTUP (start with the computer);
 ; the uninstaller to /S and /SETTINGS (delete the settings too).
 
@@ -14,6 +14,7 @@ Target amd64-unicode
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tidewarden"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
+!define APPROVED_KEY "Software\Microsoft\Windows\CurrentVersion\Explorer\StartupApproved\Run"
 !define SETTINGS_KEY "Software\Tideward"
 
 Name "Tidewarden"
@@ -80,7 +81,7 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Tidewarden authors; MIT
     DetailPrint "Kept as it is: ${folder}${name}"
   ${Else}
     SetOutPath "$INSTDIR\${folder}"
-    File "${FOLDER}/${folder}${name}"
+    File "${SOURCE}/${folder}${name}"
     GetFileTime "$INSTDIR\${folder}${name}" $1 $2
     WriteRegStr HKCU "${UNINSTALL_KEY}" "Time ${folder}${name}" "$1 $2"
   ${EndIf}
@@ -100,7 +101,7 @@ Section "Tidewarden" SectionProgram
   !insertmacro RefuseWhileRunning "customizer" "installed"
   !insertmacro RefuseWhileRunning "twdocs" "installed"
   SetOutPath "$INSTDIR"
-  File /r /x Inspiration.txt /x winaqua.skn /x emergency.wav "${FOLDER}/*"
+  File /r /x Inspiration.txt /x winaqua.skn /x emergency.wav "${SOURCE}/*"
   !insertmacro InstallUsersFile "Quotes\" "Inspiration.txt"
   !insertmacro InstallUsersFile "alarms\" "emergency.wav"
   !insertmacro InstallUsersFile "" "winaqua.skn"
@@ -177,6 +178,8 @@ Section "Uninstall"
   ReadRegStr $0 HKCU "${RUN_KEY}" "Tidewarden"
   ${If} $0 == '"$INSTDIR\tidewarden.exe"'
     DeleteRegValue HKCU "${RUN_KEY}" "Tidewarden"
+    ; Where the task manager notes that it has switched the entry off.
+    DeleteRegValue HKCU "${APPROVED_KEY}" "Tidewarden"
   ${EndIf}
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
   ${If} $R2 == "delete"
