@@ -24,8 +24,8 @@ SoundCalls SystemSoundCalls() {
   };
   calls.control = [](const std::wstring& command, std::wstring* answer) {
     std::array<wchar_t, 128> text{};
-    const MCIERROR error = ::mciSendStringW(command.c_str(), text.data(),
-                                            static_cast<UINT>(text.size()), nullptr);
+    const MCIERROR error =
+        ::mciSendStringW(command.c_str(), text.data(), static_cast<UINT>(text.size()), nullptr);
     if (answer != nullptr) *answer = text.data();
     return error == 0;
   };

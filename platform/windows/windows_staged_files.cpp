@@ -37,8 +37,8 @@ Status Flush(HANDLE file) {
 Status SetEnd(HANDLE file, std::size_t size) {
   LARGE_INTEGER position{};
   position.QuadPart = static_cast<LONGLONG>(size);
-  const bool set = ::SetFilePointerEx(file, position, nullptr, FILE_BEGIN) != 0 &&
-                   ::SetEndOfFile(file) != 0;
+  const bool set =
+      ::SetFilePointerEx(file, position, nullptr, FILE_BEGIN) != 0 && ::SetEndOfFile(file) != 0;
   return set ? Status() : LastStatus();
 }
 
@@ -265,7 +265,7 @@ Status StageFile(const std::wstring& path, std::string_view content,
   const std::wstring separator = folder.ends_with(L'\\') ? L"" : L"\\";
   const std::wstring temporary = folder + separator + L"." + name.substr(0, 240) + L".new";
 
-  const Status present = LookAtTarget(target);
+  Status present = LookAtTarget(target);
   const bool replaces = present.ok();
   if (!replaces && present.kind() != StatusKind::kNotFound) return present;
 

@@ -33,8 +33,8 @@ class RegistryPart {
   }
 
   [[nodiscard]] bool Has(const std::wstring& key, const std::wstring& name) const {
-    return ::RegGetValueW(HKEY_CURRENT_USER, (root_ + L"\\" + key).c_str(), name.c_str(), RRF_RT_ANY,
-                          nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+    return ::RegGetValueW(HKEY_CURRENT_USER, (root_ + L"\\" + key).c_str(), name.c_str(),
+                          RRF_RT_ANY, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
   }
 
  private:
@@ -75,9 +75,8 @@ TEST_F(RegistrySettings, AMissingValueReadsAsEmptyAndMakesNothing) {
 }
 
 TEST_F(RegistrySettings, ValuesComeBackAsTheyWereWritten) {
-  for (const std::string value :
-       {"\\sub\\dates.txt", "  two", "a, b; c", "", "True", "Zoë Ж 日本 𝄞", "\"quoted\"", "a=b",
-        "trailing  "}) {
+  for (const std::string value : {"\\sub\\dates.txt", "  two", "a, b; c", "", "True",
+                                  "Zoë Ж 日本 𝄞", "\"quoted\"", "a=b", "trailing  "}) {
     ASSERT_TRUE(store_.Write("Settings", "Name", value).ok());
     EXPECT_EQ(Read("Settings", "Name"), value);
   }
@@ -174,10 +173,9 @@ TEST_F(RegistryStart, IsSwitchedOnAndOff) {
 }
 
 TEST_F(RegistryStart, CountsWhateverTheEntryAddsToTheProgram) {
-  for (const wchar_t* command :
-       {L"\"C:\\Program Files\\Tidewarden\\tidewarden.exe\" --file x.txt",
-        L"\"c:\\program files\\TIDEWARDEN\\Tidewarden.exe\"",
-        L"C:\\PROGRA~1\\Tidewarden\\..\\..\\Program?Files"}) {
+  for (const wchar_t* command : {L"\"C:\\Program Files\\Tidewarden\\tidewarden.exe\" --file x.txt",
+                                 L"\"c:\\program files\\TIDEWARDEN\\Tidewarden.exe\"",
+                                 L"C:\\PROGRA~1\\Tidewarden\\..\\..\\Program?Files"}) {
     SCOPED_TRACE(Narrow(command));
     part_.Set(kRun, kName, REG_SZ, Stored(command));
     const bool isProgram = std::wstring(command).find(L'?') == std::wstring::npos;
