@@ -33,8 +33,11 @@ void LoadOnlySystemLibraries() {
 }
 
 void UseUtf8Streams() {
-  ::_setmode(::_fileno(stdout), _O_BINARY);
-  ::_setmode(::_fileno(stderr), _O_BINARY);
+  for (FILE* const stream : {stdout, stderr}) {
+    // A program with windows may have no streams.
+    const int number = ::_fileno(stream);
+    if (number >= 0) ::_setmode(number, _O_BINARY);
+  }
   if (!IsConsole(STD_OUTPUT_HANDLE) && !IsConsole(STD_ERROR_HANDLE)) return;
   formerCodePage = ::GetConsoleOutputCP();
   if (::SetConsoleOutputCP(CP_UTF8) != 0 && formerCodePage != 0) {
