@@ -2,14 +2,15 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <windows.h>
-// Needs the types of windows.h.
-#include <shellapi.h>
 
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
+
+// Needs the types of windows.h.
+#include <shellapi.h>
 
 namespace tidewarden {
 namespace {

@@ -1,13 +1,13 @@
 #include "platform/windows/windows_sound_player.h"
 
-#include <windows.h>
-// Needs the types of windows.h.
-#include <mmsystem.h>
-
 #include <array>
 #include <utility>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
+
+// Needs the types of windows.h.
+#include <mmsystem.h>
 
 namespace tidewarden {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/windows/windows_text.h"
 
-#include <windows.h>
+#include "platform/windows/windows_api.h"
 
 namespace tidewarden {
 namespace {

@@ -1,13 +1,13 @@
 // tidewarden-cli as a program of Windows: the registry, the command line, and files that are in
 // use, write-protected or no files at all.
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <filesystem>
 
 #include "dates/regional_text.h"
 #include "platform/system.h"
 #include "platform/windows/registry_settings_store.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_text.h"
 #include "tests/cli/program.h"

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <filesystem>
 #include <thread>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_staged_files.h"

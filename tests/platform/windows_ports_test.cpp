@@ -1,7 +1,6 @@
 // The notification area, the sound, the shell, the previous instance and the precautions of a
 // start on Windows.
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <cstring>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include "alarm/tray_icon.h"
 #include "platform/system.h"
 #include "platform/windows/shell_notification_area.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_previous_instance.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_sound_player.h"

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <array>
 
 #include "dates/date_text.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_regional_formats.h"
 
 namespace tidewarden {

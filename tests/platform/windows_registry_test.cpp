@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <string>
 
@@ -7,6 +6,7 @@
 #include "core/settings_keys.h"
 #include "platform/windows/registry_autostart.h"
 #include "platform/windows/registry_settings_store.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
 #include "tests/support/windows_child.h"
 

@@ -1,4 +1,3 @@
-#include <windows.h>
 
 #include <algorithm>
 #include <atomic>
@@ -8,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_text.h"
 #include "tests/support/temporary_folder.h"
