@@ -117,6 +117,7 @@ class StagedBeside : public StagedFile {
     committed_ = true;
     // The new name is part of what the system keeps of the file. It is in force already.
     static_cast<void>(Flush(file_.get()).ok());
+    file_.Close();
     constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kKept) != 0) {
       ::SetFileAttributesW(target_.c_str(), attributes);

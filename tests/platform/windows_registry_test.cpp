@@ -95,8 +95,7 @@ TEST_F(RegistrySettings, SectionsAndNamesHaveNoLetterCase) {
 
 TEST_F(RegistrySettings, TheSystemsToolShowsTheSections) {
   std::string key = "Settings/FontName";
-  EXPECT_EQ(modGetSetSaveSet::GetSet(store_, key, "MS Sans Serif", modGetSetSaveSet::kKeepCaps),
-            "MS Sans Serif");
+  EXPECT_EQ(modGetSetSaveSet::GetSet(store_, key, "MS Sans Serif", "KeepCaps"), "MS Sans Serif");
   EXPECT_THAT(Query("Settings", "FontName"), HasSubstr("FontName    REG_SZ    MS Sans Serif"));
   key = "EDIT/Left";
   std::string value = "-1";
