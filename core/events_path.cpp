@@ -23,8 +23,7 @@ const std::string& EventsFolder(FileSystem& files, const ProgramFolders& folders
 // True for a file somewhere below a folder on the network, by the texts alone.
 bool IsBelowNetworkFolder(std::string_view path, std::string_view folder) {
   return folder.starts_with(kNetwork) && path.size() > folder.size() &&
-         path[folder.size()] == '\\' &&
-         EqualIgnoringCase(path.substr(0, folder.size()), folder);
+         path[folder.size()] == '\\' && EqualIgnoringCase(path.substr(0, folder.size()), folder);
 }
 
 }  // namespace

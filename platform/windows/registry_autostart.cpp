@@ -1,13 +1,13 @@
 #include "platform/windows/registry_autostart.h"
 
-#include <windows.h>
-// Needs the types of windows.h.
-#include <shellapi.h>
-
 #include <utility>
 
 #include "platform/windows/registry_key.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
+
+// Needs the types of windows.h.
+#include <shellapi.h>
 
 namespace tidewarden {
 namespace {

@@ -12,9 +12,8 @@ class RegistryAutostart : public Autostart {
  public:
   // `program` is the full path of the program that is to start. `root`, below HKEY_CURRENT_USER,
   // holds the key "Run".
-  explicit RegistryAutostart(
-      const std::string& program,
-      std::wstring root = L"Software\\Microsoft\\Windows\\CurrentVersion");
+  explicit RegistryAutostart(const std::string& program,
+                             std::wstring root = L"Software\\Microsoft\\Windows\\CurrentVersion");
 
   // An entry that the task manager has switched off is off.
   [[nodiscard]] bool IsOn() override;

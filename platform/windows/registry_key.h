@@ -1,13 +1,12 @@
 // Values of the user's own part of the registry.
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/status.h"
+#include "platform/windows/windows_api.h"
 
 namespace tidewarden {
 

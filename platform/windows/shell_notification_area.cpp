@@ -88,8 +88,7 @@ bool ShellNotificationArea::IsFromIcon(HWND window, UINT message, WPARAM wParam,
   return isMouse && !calls_.isSeen(window);
 }
 
-bool ShellNotificationArea::HandleMessage(HWND window, UINT message, WPARAM wParam,
-                                          LPARAM lParam) {
+bool ShellNotificationArea::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (shellStarted_ != 0 && message == shellStarted_) {
     // Every window of the program hears of it; the icon's window counts.
     if (shown_ && window == WindowOf(shown_->hWnd)) {

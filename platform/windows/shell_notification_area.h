@@ -5,15 +5,15 @@
 // the message loop hands every message of the program's windows to HandleMessage.
 #pragma once
 
-#include <windows.h>
-// Needs the types of windows.h.
-#include <shellapi.h>
-
 #include <functional>
 #include <optional>
 #include <string_view>
 
 #include "alarm/notification_area.h"
+#include "platform/windows/windows_api.h"
+
+// Needs the types of windows.h.
+#include <shellapi.h>
 
 namespace tidewarden {
 

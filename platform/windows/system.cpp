@@ -1,21 +1,21 @@
 #include "platform/system.h"
 
-#include <windows.h>
-// Needs the types of windows.h.
-#include <shlobj.h>
-
 #include <array>
 #include <cstdint>
 
 #include "dates/text.h"
 #include "platform/windows/registry_autostart.h"
 #include "platform/windows/registry_settings_store.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_previous_instance.h"
 #include "platform/windows/windows_process.h"
 #include "platform/windows/windows_regional_formats.h"
 #include "platform/windows/windows_staged_files.h"
 #include "platform/windows/windows_text.h"
+
+// Needs the types of windows.h.
+#include <shlobj.h>
 
 namespace tidewarden {
 namespace {

@@ -77,17 +77,16 @@ Status WindowsFileSystem::Read(const std::string& path, const TakeBytes& take) {
   const auto buffer = std::make_unique_for_overwrite<char[]>(kReadPiece);
   while (true) {
     DWORD got = 0;
-    const Status status = Patiently(
-        [&] { return ::ReadFile(file.get(), buffer.get(), kReadPiece, &got, nullptr); });
+    const Status status =
+        Patiently([&] { return ::ReadFile(file.get(), buffer.get(), kReadPiece, &got, nullptr); });
     if (!status.ok()) return status;
     if (got == 0 || !take({buffer.get(), got})) return {};
   }
 }
 
 Status WindowsFileSystem::GetStamp(const std::string& path, FileStamp& out) {
-  const FileHandle file =
-      OpenPatiently(WidePath(path), FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING,
-                    FILE_FLAG_BACKUP_SEMANTICS | kHarmless);
+  const FileHandle file = OpenPatiently(WidePath(path), FILE_READ_ATTRIBUTES, kShareAll,
+                                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | kHarmless);
   BY_HANDLE_FILE_INFORMATION info{};
   if (!file.ok() || ::GetFileInformationByHandle(file.get(), &info) == 0) return LastStatus();
   const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32U | low; };
@@ -105,7 +104,8 @@ Status WindowsFileSystem::ListNames(const std::string& folder, std::vector<std::
     return status.ok() ? Status(StatusKind::kNotFound) : status;
   }
   WIN32_FIND_DATAW entry{};
-  HANDLE search = ::FindFirstFileW((wide + (wide.ends_with(L'\\') ? L"*" : L"\\*")).c_str(), &entry);
+  HANDLE search =
+      ::FindFirstFileW((wide + (wide.ends_with(L'\\') ? L"*" : L"\\*")).c_str(), &entry);
   std::vector<std::string> names;
   if (search == INVALID_HANDLE_VALUE) {
     // The root of an empty drive has no entries at all.
@@ -125,7 +125,7 @@ Status WindowsFileSystem::ListNames(const std::string& folder, std::vector<std::
 
 Status WindowsFileSystem::CreateEmpty(const std::string& path) {
   const std::wstring wide = WidePath(path);
-  const Status status = CreateFolders(FolderOf(wide));
+  Status status = CreateFolders(FolderOf(wide));
   if (!status.ok()) return status;
   PrivateSecurity security(wide);
   // Appending: when a file has appeared meanwhile, it stays as it is.
@@ -142,7 +142,7 @@ Status WindowsFileSystem::Stage(const std::string& path, std::string_view conten
 Status WindowsFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>& out) {
   // A link and its target are one file and have one lock.
   const std::wstring target = ResolveLink(WidePath(path));
-  const Status status = CreateFolders(FolderOf(target));
+  Status status = CreateFolders(FolderOf(target));
   if (!status.ok()) return status;
   const std::wstring beside = target + L".lock";
   PrivateSecurity security(beside);

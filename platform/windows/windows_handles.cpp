@@ -124,8 +124,7 @@ PrivateSecurity::PrivateSecurity(const std::wstring& path) {
   const std::wstring user = UserNumber();
   if (user.empty()) return;
   // Inherited by what is created in a folder; protected from what the folder above grants.
-  const std::wstring access =
-      L"D:P(A;OICI;FA;;;" + user + L")(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)";
+  const std::wstring access = L"D:P(A;OICI;FA;;;" + user + L")(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)";
   // On failure the pointer stays null, and the permissions are the system's own.
   ::ConvertStringSecurityDescriptorToSecurityDescriptorW(
       access.c_str(), SDDL_REVISION_1, &attributes_.lpSecurityDescriptor, nullptr);

@@ -2,12 +2,11 @@
 // patience with files that another program holds, and permissions for the user alone.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 #include <utility>
 
 #include "core/status.h"
+#include "platform/windows/windows_api.h"
 
 namespace tidewarden {
 

@@ -1,8 +1,7 @@
 // The keyboard, and windows above all others.
 #pragma once
 
-#include <windows.h>
-
+#include "platform/windows/windows_api.h"
 #include "reminder/shift_key.h"
 
 namespace tidewarden {

@@ -1,7 +1,6 @@
 #include "platform/windows/windows_previous_instance.h"
 
-#include <windows.h>
-
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_handles.h"
 
 namespace tidewarden {

@@ -2,14 +2,15 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <windows.h>
-// Needs the types of windows.h.
-#include <shellapi.h>
 
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
+
+// Needs the types of windows.h.
+#include <shellapi.h>
 
 namespace tidewarden {
 namespace {
@@ -33,8 +34,11 @@ void LoadOnlySystemLibraries() {
 }
 
 void UseUtf8Streams() {
-  ::_setmode(::_fileno(stdout), _O_BINARY);
-  ::_setmode(::_fileno(stderr), _O_BINARY);
+  for (FILE* const stream : {stdout, stderr}) {
+    // A program with windows may have no streams.
+    const int number = ::_fileno(stream);
+    if (number >= 0) ::_setmode(number, _O_BINARY);
+  }
   if (!IsConsole(STD_OUTPUT_HANDLE) && !IsConsole(STD_ERROR_HANDLE)) return;
   formerCodePage = ::GetConsoleOutputCP();
   if (::SetConsoleOutputCP(CP_UTF8) != 0 && formerCodePage != 0) {

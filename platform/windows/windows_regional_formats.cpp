@@ -1,13 +1,12 @@
 #include "platform/windows/windows_regional_formats.h"
 
-#include <windows.h>
-
 #include <array>
 #include <cstddef>
 #include <string_view>
 #include <utility>
 
 #include "dates/text.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
 
 namespace tidewarden {

@@ -1,13 +1,13 @@
 #include "platform/windows/windows_sound_player.h"
 
-#include <windows.h>
-// Needs the types of windows.h.
-#include <mmsystem.h>
-
 #include <array>
 #include <utility>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
+
+// Needs the types of windows.h.
+#include <mmsystem.h>
 
 namespace tidewarden {
 namespace {
@@ -24,8 +24,8 @@ SoundCalls SystemSoundCalls() {
   };
   calls.control = [](const std::wstring& command, std::wstring* answer) {
     std::array<wchar_t, 128> text{};
-    const MCIERROR error = ::mciSendStringW(command.c_str(), text.data(),
-                                            static_cast<UINT>(text.size()), nullptr);
+    const MCIERROR error =
+        ::mciSendStringW(command.c_str(), text.data(), static_cast<UINT>(text.size()), nullptr);
     if (answer != nullptr) *answer = text.data();
     return error == 0;
   };

@@ -37,8 +37,8 @@ Status Flush(HANDLE file) {
 Status SetEnd(HANDLE file, std::size_t size) {
   LARGE_INTEGER position{};
   position.QuadPart = static_cast<LONGLONG>(size);
-  const bool set = ::SetFilePointerEx(file, position, nullptr, FILE_BEGIN) != 0 &&
-                   ::SetEndOfFile(file) != 0;
+  const bool set =
+      ::SetFilePointerEx(file, position, nullptr, FILE_BEGIN) != 0 && ::SetEndOfFile(file) != 0;
   return set ? Status() : LastStatus();
 }
 
@@ -117,6 +117,7 @@ class StagedBeside : public StagedFile {
     committed_ = true;
     // The new name is part of what the system keeps of the file. It is in force already.
     static_cast<void>(Flush(file_.get()).ok());
+    file_.Close();
     constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & kKept) != 0) {
       ::SetFileAttributesW(target_.c_str(), attributes);
@@ -265,7 +266,7 @@ Status StageFile(const std::wstring& path, std::string_view content,
   const std::wstring separator = folder.ends_with(L'\\') ? L"" : L"\\";
   const std::wstring temporary = folder + separator + L"." + name.substr(0, 240) + L".new";
 
-  const Status present = LookAtTarget(target);
+  Status present = LookAtTarget(target);
   const bool replaces = present.ok();
   if (!replaces && present.kind() != StatusKind::kNotFound) return present;
 

@@ -1,6 +1,6 @@
 #include "platform/windows/windows_text.h"
 
-#include <windows.h>
+#include "platform/windows/windows_api.h"
 
 namespace tidewarden {
 namespace {
@@ -42,9 +42,9 @@ std::string Narrow(std::wstring_view text) {
 }
 
 std::wstring WidePath(const std::string& path) {
-  const std::wstring wide = Wide(path);
+  std::wstring wide = Wide(path);
   if (wide.empty() || wide.starts_with(kUnlimited) || wide.starts_with(kDevice)) return wide;
-  const std::wstring full = FullPath(wide);
+  std::wstring full = FullPath(wide);
   if (full.size() < kLongestOrdinary || full.starts_with(kDevice)) return full;
   if (full.starts_with(L"\\\\")) {
     return std::wstring(kUnlimited).append(L"UNC").append(full.substr(1));

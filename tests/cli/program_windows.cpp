@@ -1,9 +1,9 @@
-#include <windows.h>
 
 #include <array>
 #include <stdexcept>
 #include <thread>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_text.h"
 #include "tests/cli/program.h"

@@ -1,13 +1,13 @@
 // tidewarden-cli as a program of Windows: the registry, the command line, and files that are in
 // use, write-protected or no files at all.
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <filesystem>
 
 #include "dates/regional_text.h"
 #include "platform/system.h"
 #include "platform/windows/registry_settings_store.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_text.h"
 #include "tests/cli/program.h"
@@ -79,9 +79,9 @@ TEST_F(WindowsProgram, FindsTheEventsFileByTheRegistry) {
 
 TEST_F(WindowsProgram, TakesArgumentsOfEveryAlphabet) {
   const std::string title = "Zoë Ж 日本 𝄞 \"quoted\" back\\slash\\";
-  EXPECT_EQ(terminal_.Run({"next", "12.25," + title + ",7,yearly", "--today", "2014-12-22",
-                           "--json"}),
-            terminal_.Run({"next", "12.25,A,7,yearly", "--today", "2014-12-22", "--json"}));
+  EXPECT_EQ(
+      terminal_.Run({"next", "12.25," + title + ",7,yearly", "--today", "2014-12-22", "--json"}),
+      terminal_.Run({"next", "12.25,A,7,yearly", "--today", "2014-12-22", "--json"}));
   folder_.Write("Übung/Жанна 日本.txt", "12.24," + title + ",7,yearly\n");
   EXPECT_EQ(terminal_.RunOnTheDay("list", {"--file", "Übung/Жанна 日本.txt"}),
             (Outcome{0, kToday + ("12/24/2014 " + title + " (Wednesday, 2 days)\n"), ""}));
@@ -101,8 +101,8 @@ TEST_F(WindowsProgram, TakesTheSystemsDay) {
   const auto today = [] { return IsoDate(MakeSystemClock()->Now().date); };
   // Midnight may come while the program runs; then either day is right.
   const std::string before = today();
-  const Outcome outcome = terminal_.Run({"list", "--file", "dates.txt", "--settings",
-                                         "settings.ini", "--short-date", "yyyy-MM-dd"});
+  const Outcome outcome = terminal_.Run(
+      {"list", "--file", "dates.txt", "--settings", "settings.ini", "--short-date", "yyyy-MM-dd"});
   const std::string after = today();
   EXPECT_TRUE(outcome.out == before + "   <TODAY>\n" || outcome.out == after + "   <TODAY>\n")
       << outcome.out;
@@ -136,8 +136,8 @@ TEST_F(WindowsProgram, UpdatesTheFileAndLeavesNothingBesideIt) {
 }
 
 TEST_F(WindowsProgram, UpdatesAFileWithALongPath) {
-  const std::string name = std::string(120, 'a') + "/" + std::string(120, 'b') + "/" +
-                           std::string(120, 'c') + ".txt";
+  const std::string name =
+      std::string(120, 'a') + "/" + std::string(120, 'b') + "/" + std::string(120, 'c') + ".txt";
   folder_.Write(name, kBefore);
   EXPECT_EQ(Update(name), (Outcome{0, kList, ""}));
   EXPECT_EQ(folder_.Read(name), kAfter);
@@ -180,7 +180,9 @@ TEST_F(WindowsProgram, LeavesAFileInUseAsItIs) {
 TEST_F(WindowsProgram, EndsInExitCodeThreeForWhatIsNoFile) {
   folder_.MakeFolder("folder");
   folder_.Write("exclusive.txt", kEvent);
-  folder_.Write("utf16.txt", std::string("\xFF\xFE" "1\0002\0", 6));
+  folder_.Write("utf16.txt", std::string("\xFF\xFE"
+                                         "1\0002\0",
+                                         6));
   const FileHandle exclusive(::CreateFileW(WidePath(folder_ / "exclusive.txt").c_str(),
                                            GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
   ASSERT_TRUE(exclusive.ok());

@@ -137,8 +137,7 @@ TEST_F(LocateEventsFileTest, OnWindowsAnyOtherRootedPathStartsAtTheProgramsFolde
   folders_ = {"C:\\Tw", "\\\\server\\me\\Tideward", PathStyle::kWindows};
   const std::vector<PathCase> cases{
       {"\\\\server\\share\\dates.txt", "C:\\Tw\\\\server\\share\\dates.txt"},
-      {"\\\\server\\me\\TidewardToo\\dates.txt",
-       "C:\\Tw\\\\server\\me\\TidewardToo\\dates.txt"},
+      {"\\\\server\\me\\TidewardToo\\dates.txt", "C:\\Tw\\\\server\\me\\TidewardToo\\dates.txt"},
       {"\\dates.txt", "C:\\Tw\\dates.txt"},
       {"C:\\Tw\\dates.txt", "C:\\Tw\\dates.txt"},
   };

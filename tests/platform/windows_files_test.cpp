@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <filesystem>
 #include <thread>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_staged_files.h"
@@ -125,7 +125,7 @@ TEST_F(WindowsFiles, OnlyOneProgramStagesAFileAtATime) {
   EXPECT_EQ(files_.Stage(path_, "second", second).kind(), StatusKind::kBusy);
   EXPECT_EQ(second, nullptr);
   EXPECT_TRUE(first->Commit().ok());
-  EXPECT_TRUE(files_.Stage(path_, "second", second).ok());
+  ASSERT_TRUE(files_.Stage(path_, "second", second).ok()) << "the first is in its place";
   EXPECT_TRUE(second->Commit().ok());
   EXPECT_EQ(folder_.Read("dates.txt"), "second");
 }

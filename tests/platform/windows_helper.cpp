@@ -4,12 +4,12 @@
 //   library NAME    loads a library as a program of this project does, prints whether it could
 //   any-library NAME  the same without its precautions
 //   write PATH      writes its current folder into a file
-#include <windows.h>
 
 #include <cstdio>
 #include <fstream>
 #include <string>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_file_system.h"
 #include "platform/windows/windows_previous_instance.h"
 #include "platform/windows/windows_process.h"

@@ -1,7 +1,6 @@
 // The notification area, the sound, the shell, the previous instance and the precautions of a
 // start on Windows.
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <cstring>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include "alarm/tray_icon.h"
 #include "platform/system.h"
 #include "platform/windows/shell_notification_area.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_previous_instance.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_sound_player.h"
@@ -72,8 +72,7 @@ TEST_F(ShellArea, GetsTheRecordInTheSystemsLayout) {
   EXPECT_EQ(data_.uCallbackMessage, static_cast<UINT>(WM_MOUSEMOVE));
   EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
   // 63 of the 65 characters, and the NUL that the system needs.
-  EXPECT_STREQ(data_.szTip,
-               "For \"always on\" computers,\r\nTidewarden reminders pop up each da");
+  EXPECT_STREQ(data_.szTip, "For \"always on\" computers,\r\nTidewarden reminders pop up each da");
   EXPECT_EQ(std::strlen(data_.szTip), 63U);
   icon_.Tooltip("short");
   icon_.Visible(false);
@@ -171,9 +170,9 @@ TEST_F(WindowsSound, OfAWaveFileIsPlayedByItsNameInTheBackground) {
 
 TEST_F(WindowsSound, OfAnotherFileGoesThroughTheControl) {
   player_.Play("C:\\alarms\\a b.mp3", SoundKind::kOther);
-  EXPECT_THAT(Calls(), ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
-                                   "open \"C:\\alarms\\a b.mp3\" alias tidewarden",
-                                   "play tidewarden"));
+  EXPECT_THAT(Calls(),
+              ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
+                          "open \"C:\\alarms\\a b.mp3\" alias tidewarden", "play tidewarden"));
   player_.Rest();
   EXPECT_THAT(Calls(), ElementsAre("status tidewarden mode"));
   mode_ = L"stopped";
@@ -216,7 +215,8 @@ TEST(SystemSound, TheControlTellsWhatItCannotDo) {
 TEST(WindowsShellCalls, AreOneCallOfEveryRequest) {
   std::vector<ShellExecuteArguments> calls;
   WindowsShell shell([&](const ShellExecuteArguments& arguments) { calls.push_back(arguments); });
-  shell.Execute(RequestFor(ShellTarget::kDocument, "C:\\ProgramData\\prïnt.htm", PathStyle::kWindows));
+  shell.Execute(
+      RequestFor(ShellTarget::kDocument, "C:\\ProgramData\\prïnt.htm", PathStyle::kWindows));
   shell.Execute(RequestFor(ShellTarget::kWebPage, "https://example.org/", PathStyle::kWindows));
   ASSERT_EQ(calls.size(), 2U);
   EXPECT_EQ(calls[0].file, L"C:\\ProgramData\\prïnt.htm");
@@ -229,9 +229,8 @@ TEST(WindowsShellCalls, AreOneCallOfEveryRequest) {
 TEST(WindowsShellCalls, StartAProgramInTheRoot) {
   const TemporaryFolder folder;
   const std::string answer = folder / "Übung.txt";
-  ShellRequest request = RequestFor(ShellTarget::kProgram,
-                                    Narrow(WidePath(TIDEWARDEN_TEST_WINDOWS_HELPER)),
-                                    PathStyle::kWindows);
+  ShellRequest request = RequestFor(
+      ShellTarget::kProgram, Narrow(WidePath(TIDEWARDEN_TEST_WINDOWS_HELPER)), PathStyle::kWindows);
   request.parameters = "write \"" + answer + "\"";
   WindowsShell().Execute(request);
   for (int i = 0; i < 200 && !folder.Exists("Übung.txt"); ++i) ::Sleep(50);

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
-#include <windows.h>
 
 #include <array>
 
 #include "dates/date_text.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_regional_formats.h"
 
 namespace tidewarden {
@@ -68,9 +68,7 @@ class OwnShortDate {
   }
   OwnShortDate(const OwnShortDate&) = delete;
   OwnShortDate& operator=(const OwnShortDate&) = delete;
-  ~OwnShortDate() {
-    ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, former_.data());
-  }
+  ~OwnShortDate() { ::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, former_.data()); }
 
  private:
   std::array<wchar_t, 128> former_{};
@@ -80,7 +78,8 @@ TEST(WindowsRegionalFormats, FollowWhatTheUserHasChanged) {
   const struct {
     const wchar_t* pattern;
     const char* shortDate;
-  } cases[] = {{L"dd-MMM-yy", "31-Dec-92"}, {L"yy/MM/dd", "92/12/31"}, {L"dd.MM.yyyy", "31.12.1992"}};
+  } cases[] = {
+      {L"dd-MMM-yy", "31-Dec-92"}, {L"yy/MM/dd", "92/12/31"}, {L"dd.MM.yyyy", "31.12.1992"}};
   for (const auto& [pattern, shortDate] : cases) {
     const OwnShortDate own(pattern);
     const WindowsRegionalFormats formats;

@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <string>
 
@@ -7,6 +6,7 @@
 #include "core/settings_keys.h"
 #include "platform/windows/registry_autostart.h"
 #include "platform/windows/registry_settings_store.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
 #include "tests/support/windows_child.h"
 
@@ -33,8 +33,8 @@ class RegistryPart {
   }
 
   [[nodiscard]] bool Has(const std::wstring& key, const std::wstring& name) const {
-    return ::RegGetValueW(HKEY_CURRENT_USER, (root_ + L"\\" + key).c_str(), name.c_str(), RRF_RT_ANY,
-                          nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+    return ::RegGetValueW(HKEY_CURRENT_USER, (root_ + L"\\" + key).c_str(), name.c_str(),
+                          RRF_RT_ANY, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
   }
 
  private:
@@ -75,9 +75,8 @@ TEST_F(RegistrySettings, AMissingValueReadsAsEmptyAndMakesNothing) {
 }
 
 TEST_F(RegistrySettings, ValuesComeBackAsTheyWereWritten) {
-  for (const std::string value :
-       {"\\sub\\dates.txt", "  two", "a, b; c", "", "True", "Zoë Ж 日本 𝄞", "\"quoted\"", "a=b",
-        "trailing  "}) {
+  for (const std::string value : {"\\sub\\dates.txt", "  two", "a, b; c", "", "True",
+                                  "Zoë Ж 日本 𝄞", "\"quoted\"", "a=b", "trailing  "}) {
     ASSERT_TRUE(store_.Write("Settings", "Name", value).ok());
     EXPECT_EQ(Read("Settings", "Name"), value);
   }
@@ -96,8 +95,7 @@ TEST_F(RegistrySettings, SectionsAndNamesHaveNoLetterCase) {
 
 TEST_F(RegistrySettings, TheSystemsToolShowsTheSections) {
   std::string key = "Settings/FontName";
-  EXPECT_EQ(modGetSetSaveSet::GetSet(store_, key, "MS Sans Serif", modGetSetSaveSet::kKeepCaps),
-            "MS Sans Serif");
+  EXPECT_EQ(modGetSetSaveSet::GetSet(store_, key, "MS Sans Serif", "KeepCaps"), "MS Sans Serif");
   EXPECT_THAT(Query("Settings", "FontName"), HasSubstr("FontName    REG_SZ    MS Sans Serif"));
   key = "EDIT/Left";
   std::string value = "-1";
@@ -174,10 +172,9 @@ TEST_F(RegistryStart, IsSwitchedOnAndOff) {
 }
 
 TEST_F(RegistryStart, CountsWhateverTheEntryAddsToTheProgram) {
-  for (const wchar_t* command :
-       {L"\"C:\\Program Files\\Tidewarden\\tidewarden.exe\" --file x.txt",
-        L"\"c:\\program files\\TIDEWARDEN\\Tidewarden.exe\"",
-        L"C:\\PROGRA~1\\Tidewarden\\..\\..\\Program?Files"}) {
+  for (const wchar_t* command : {L"\"C:\\Program Files\\Tidewarden\\tidewarden.exe\" --file x.txt",
+                                 L"\"c:\\program files\\TIDEWARDEN\\Tidewarden.exe\"",
+                                 L"C:\\PROGRA~1\\Tidewarden\\..\\..\\Program?Files"}) {
     SCOPED_TRACE(Narrow(command));
     part_.Set(kRun, kName, REG_SZ, Stored(command));
     const bool isProgram = std::wstring(command).find(L'?') == std::wstring::npos;

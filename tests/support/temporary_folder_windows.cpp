@@ -1,4 +1,3 @@
-#include <windows.h>
 
 #include <algorithm>
 #include <atomic>
@@ -8,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_text.h"
 #include "tests/support/temporary_folder.h"
@@ -31,9 +31,9 @@ std::optional<std::string> ReadWhole(const std::string& path) {
 }
 
 FileHandle Open(const std::string& path, DWORD access) {
-  FileHandle file = OpenPatiently(
-      WidePath(path), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING,
-      FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
+  FileHandle file =
+      OpenPatiently(WidePath(path), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT);
   if (!file.ok()) Fail(path);
   return file;
 }
@@ -57,8 +57,7 @@ FileState LookAt(const std::string& path) {
   state.mode = info.dwFileAttributes;
   state.identity = static_cast<unsigned long long>(Joined(info.nFileIndexHigh, info.nFileIndexLow));
   state.size = Joined(info.nFileSizeHigh, info.nFileSizeLow);
-  state.modified =
-      Joined(info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime);
+  state.modified = Joined(info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime);
   state.changed = state.modified;
   const bool isFile = (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
   if (isFile && state.size <= kContentLimit) state.content = BytesOf(path);
@@ -67,9 +66,9 @@ FileState LookAt(const std::string& path) {
 
 TemporaryFolder::TemporaryFolder() {
   static std::atomic<int> number{0};
-  const fs::path folder = fs::temp_directory_path() /
-                          ("tidewarden-test-" + std::to_string(::GetCurrentProcessId()) + "-" +
-                           std::to_string(number++));
+  const fs::path folder =
+      fs::temp_directory_path() / ("tidewarden-test-" + std::to_string(::GetCurrentProcessId()) +
+                                   "-" + std::to_string(number++));
   if (!fs::create_directory(folder)) Fail(folder.string());
   path_ = Narrow(fs::canonical(folder).wstring());
 }
