@@ -46,14 +46,16 @@ prepare_screen() {
 picture() {
   [ -n "${TIDEWARDEN_PICTURES:-}" ] || return 0
   mkdir -p "$TIDEWARDEN_PICTURES"
+  sleep 1
   import -window root "$TIDEWARDEN_PICTURES/$1.png"
 }
 
 shown() { xdotool search --onlyvisible --name "$1"; }
 first_shown() { shown "$1" | head -n 1; }
 
-# The value NAME of a key below HKEY_CURRENT_USER\Software, as Windows' own tool tells it.
+# The value NAME of a key below HKEY_CURRENT_USER\Software, as Windows' own tool tells it, in the
+# old code page of consoles.
 registry() {
-  wine_run reg query "HKCU\\Software\\$1" /v "$2" 2>/dev/null | tr -d '\r' |
-    sed -n "s/^ *${2//\//\\/}  *REG_[A-Z]*  *//p"
+  wine_run reg query "HKCU\\Software\\$1" /v "$2" 2>/dev/null | iconv -f CP437 |
+    tr -d '\r' | sed -n "s/^ *${2//\//\\/}  *REG_[A-Z]*  *//p"
 }
