@@ -10,7 +10,8 @@
 int main(int argc, char** argv) {
   using namespace tidewarden;
   PrepareDesktop(argc, argv, WindowPlaces::kProgram);
-  const QApplication app(argc, argv);
+  QApplication app(argc, argv);
+  WatchWindows(app);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));

@@ -11,6 +11,8 @@
 #include "alarm/sound_player.h"
 #include "reminder/shift_key.h"
 
+class QCoreApplication;
+
 namespace tidewarden {
 
 // Who places the windows of a program.
@@ -21,6 +23,10 @@ enum class WindowPlaces { kProgram, kDesktop };
 // chosen. On Windows: what the program says reaches the console that it was started from, and
 // libraries and plugins come from the system and the program alone.
 void PrepareDesktop(int argc, char** argv, WindowPlaces places);
+
+// After it is made. On Windows: windows that ask to stay above the others are put there by the
+// system's own call; on Linux Qt does it.
+void WatchWindows(QCoreApplication& application);
 
 // The notification area and the program's own picture by the number that the area knows it by.
 struct ProgramTray {

@@ -26,6 +26,8 @@ void PrepareDesktop(int argc, char** argv, WindowPlaces places) {
   qputenv("QT_QPA_PLATFORM", hasX11 ? "xcb;wayland" : "wayland;xcb");
 }
 
+void WatchWindows(QCoreApplication& /*application*/) {}
+
 ProgramTray MakeProgramTray() {
   auto area = std::make_unique<QtNotificationArea>();
   const IconHandle icon = area->AddIcon(ProgramIcon());

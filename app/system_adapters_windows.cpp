@@ -9,6 +9,7 @@
 #include "platform/qt/program_icon.h"
 #include "platform/system.h"
 #include "platform/windows/qt_shell_notification_area.h"
+#include "platform/windows/qt_topmost_windows.h"
 #include "platform/windows/windows_ports.h"
 #include "platform/windows/windows_sound_player.h"
 
@@ -41,6 +42,11 @@ void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
   PrepareProgram();
   // Plugins are linked into the program; none is taken from a folder that anybody may make.
   QCoreApplication::setLibraryPaths({});
+}
+
+void WatchWindows(QCoreApplication& application) {
+  // Belongs to the application.
+  new QtTopmostWindows(application);
 }
 
 ProgramTray MakeProgramTray() {
