@@ -1,19 +1,27 @@
 #include "platform/windows/qt_shell_notification_area.h"
 
-#include <QCoreApplication>
+#include <windows.h>
+// Needs the types of windows.h.
+#include <commctrl.h>
+
 #include <QImage>
 #include <QPixmap>
 
 namespace tidewarden {
+namespace {
 
-QtShellNotificationArea::QtShellNotificationArea() {
-  QCoreApplication::instance()->installNativeEventFilter(this);
-}
+constexpr UINT_PTR kListener = 1;
+
+}  // namespace
 
 QtShellNotificationArea::~QtShellNotificationArea() {
-  if (QCoreApplication* const application = QCoreApplication::instance()) {
-    application->removeNativeEventFilter(this);
-  }
+  ListenTo(nullptr);
+}
+
+void QtShellNotificationArea::NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
+                                         std::string_view tooltip) {
+  if (message == NotifyIconMessage::kAdd) ListenTo(WindowOf(record.hWnd));
+  ShellNotificationArea::NotifyIcon(message, record, tooltip);
 }
 
 IconHandle QtShellNotificationArea::AddIcon(const QIcon& icon) {
@@ -23,14 +31,21 @@ IconHandle QtShellNotificationArea::AddIcon(const QIcon& icon) {
   return NumberOf(pictures_.back().get());
 }
 
-bool QtShellNotificationArea::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
-                                                qintptr* result) {
-  const MSG& received = *static_cast<const MSG*>(message);
-  if (!HandleMessage(received.hwnd, received.message, received.wParam, received.lParam)) {
-    return false;
+void QtShellNotificationArea::ListenTo(HWND window) {
+  if (window == owner_) return;
+  if (owner_ != nullptr) ::RemoveWindowSubclass(owner_, Hear, kListener);
+  owner_ = window;
+  if (window != nullptr) {
+    ::SetWindowSubclass(window, Hear, kListener, reinterpret_cast<DWORD_PTR>(this));
   }
-  *result = 0;
-  return true;
+}
+
+LRESULT CALLBACK QtShellNotificationArea::Hear(HWND window, UINT message, WPARAM wParam,
+                                               LPARAM lParam, UINT_PTR /*id*/, DWORD_PTR area) {
+  auto* const self = reinterpret_cast<QtShellNotificationArea*>(area);
+  if (message == WM_NCDESTROY) self->ListenTo(nullptr);
+  if (self->HandleMessage(window, message, wParam, lParam)) return 0;
+  return ::DefSubclassProc(window, message, wParam, lParam);
 }
 
 }  // namespace tidewarden
