@@ -9,6 +9,7 @@
 
 #include "core/ini_settings_store.h"
 #include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_folders.h"
 #include "platform/posix/posix_previous_instance.h"
 #include "platform/posix/posix_regional_formats.h"
 #include "platform/posix/xdg_autostart.h"
@@ -56,10 +57,6 @@ std::string ExecutableFolder() {
   return slash == 0 ? "/" : executable.substr(0, slash);
 }
 
-std::string SettingsFilePath() {
-  return OwnFolderIn(ConfigFolder()) + "/settings.ini";
-}
-
 std::string InstancePath(FileSystem& files, const std::string& settingsPath) {
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
   if (settingsPath.empty() && runtime != nullptr && *runtime == '/' && files.CanCreateIn(runtime)) {
@@ -88,6 +85,10 @@ std::unique_ptr<RegionalFormats> MakeSystemFormats(const std::string& shortDateP
   auto formats = std::make_unique<PosixRegionalFormats>();
   if (shortDatePattern.empty()) return formats;
   return std::make_unique<PatternRegionalFormats>(shortDatePattern, formats->names());
+}
+
+std::string SettingsFilePath() {
+  return OwnFolderIn(ConfigFolder()) + "/settings.ini";
 }
 
 std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& files) {

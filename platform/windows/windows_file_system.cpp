@@ -99,10 +99,9 @@ Status WindowsFileSystem::GetStamp(const std::string& path, FileStamp& out) {
 
 Status WindowsFileSystem::ListNames(const std::string& folder, std::vector<std::string>& out) {
   const std::wstring wide = WidePath(folder);
-  if (!IsFolder(wide)) {
-    const Status status = LastStatus();
-    return status.ok() ? Status(StatusKind::kNotFound) : status;
-  }
+  const DWORD attributes = ::GetFileAttributesW(wide.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return LastStatus();
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return Status(StatusKind::kNotFound);
   WIN32_FIND_DATAW entry{};
   HANDLE search =
       ::FindFirstFileW((wide + (wide.ends_with(L'\\') ? L"*" : L"\\*")).c_str(), &entry);
@@ -177,10 +176,15 @@ Status WindowsFileSystem::Remove(const std::string& path) {
 Status WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
   const std::wstring wideFrom = WidePath(from);
   const std::wstring wideTo = WidePath(to);
-  return Patiently([&] {
-    return ::MoveFileExW(wideFrom.c_str(), wideTo.c_str(),
-                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-  });
+  const Patience patience;
+  while (::MoveFileExW(wideFrom.c_str(), wideTo.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {
+    const DWORD error = ::GetLastError();
+    // A file that somebody reads is refused as a target with "access denied".
+    const bool mayPass = IsSharingError(error) || error == ERROR_ACCESS_DENIED;
+    if (!mayPass || !patience.Wait()) return FromSystemError(error);
+  }
+  return {};
 }
 
 Status WindowsFileSystem::Link(const std::string& from, const std::string& to) {

@@ -216,14 +216,12 @@ Status CreateTemporary(const std::wstring& temporary, bool replaces, FileHandle&
 // What stands at the target: kOk for a file that may be written, kNotFound for none.
 Status LookAtTarget(const std::wstring& target) {
   const DWORD attributes = ::GetFileAttributesW(target.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) {
-    if (!IsSharingError(::GetLastError())) return LastStatus();
-  } else if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-    return Status(StatusKind::kIsFolder);
-  } else if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+  if (attributes != INVALID_FILE_ATTRIBUTES) {
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Status(StatusKind::kIsFolder);
     // A file that its owner has write-protected is not to be replaced behind his back.
-    return Status(StatusKind::kNoPermission);
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return Status(StatusKind::kNoPermission);
   }
+  // What has no attributes may still be there: a device, or a file that somebody keeps closed.
   const FileHandle file = OpenPatiently(target, FILE_WRITE_DATA, kShareAll, OPEN_EXISTING,
                                         SECURITY_SQOS_PRESENT | SECURITY_IDENTIFICATION);
   if (!file.ok()) return LastStatus();

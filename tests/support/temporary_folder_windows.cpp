@@ -65,20 +65,22 @@ FileState LookAt(const std::string& path) {
 }
 
 TemporaryFolder::TemporaryFolder() {
-  static std::atomic<int> number{0};
-  const fs::path folder =
-      fs::temp_directory_path() / ("tidewarden-test-" + std::to_string(::GetCurrentProcessId()) +
-                                   "-" + std::to_string(number++));
-  if (!fs::create_directory(folder)) Fail(folder.string());
+  // Numbers of processes come back, and a run that was ended may have left its folder.
+  static std::atomic<unsigned long long> number{::GetTickCount64() * 1000};
+  fs::path folder;
+  do {
+    folder = fs::temp_directory_path() / ("tidewarden-test-" + std::to_string(number++));
+  } while (!fs::create_directory(folder));
   path_ = Narrow(fs::canonical(folder).wstring());
 }
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
-  const fs::path folder(WidePath(path_));
-  for (const auto& entry : fs::recursive_directory_iterator(folder, ignored)) {
+  const fs::path folder(L"\\\\?\\" + Wide(path_));
+  for (auto entry = fs::recursive_directory_iterator(folder, ignored);
+       entry != fs::recursive_directory_iterator(); entry.increment(ignored)) {
     // What is write-protected cannot be removed.
-    ::SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+    ::SetFileAttributesW(entry->path().c_str(), FILE_ATTRIBUTE_NORMAL);
   }
   fs::remove_all(folder, ignored);
 }
@@ -91,7 +93,7 @@ std::string TemporaryFolder::operator/(std::string_view name) const {
 
 void TemporaryFolder::Write(std::string_view name, std::string_view content) const {
   const std::string path = *this / name;
-  fs::create_directories(fs::path(WidePath(path)).parent_path());
+  fs::create_directories(FolderOf(WidePath(path)));
   WriteBytes(path, content);
   if (::SetFileTime(Open(path, FILE_WRITE_ATTRIBUTES).get(), nullptr, nullptr, &kLongAgo) == 0) {
     Fail(path);
