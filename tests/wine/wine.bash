@@ -25,8 +25,8 @@ prepare_windows() {
   export DBUS_SESSION_BUS_ADDRESS=unix:path=$scratch/nowhere XDG_RUNTIME_DIR=$scratch/run
   mkdir -m 700 "$XDG_RUNTIME_DIR"
   wine_run cmd /c exit >"$scratch/wine.log" 2>&1 || fail 'Wine does not start'
-  WINEPREFIX=$prefix wineserver --persistent
-  wine_run cmd /c exit >"$scratch/wine.log" 2>&1
+  sleep infinity | wine_run cmd >/dev/null 2>&1 &
+  processes+=($!)
 }
 
 prepare_screen() {
