@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
   using namespace tidewarden;
   PrepareDesktop(argc, argv, WindowPlaces::kProgram);
   QApplication app(argc, argv);
-  WatchWindows(app);
+  SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));

@@ -4,33 +4,46 @@
 #include <utility>
 
 #include "app/system_adapters.h"
-#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
+#include "platform/qt/qt_shell.h"
 #include "platform/sdl/sdl_sound_player.h"
 
 namespace tidewarden {
 
+namespace {
+
+// True when the platform was chosen here.
+bool isOwnChoice = false;
+
+}  // namespace
+
 void PrepareDesktop(int argc, char** argv, WindowPlaces places) {
   if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
-  const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-    return argument == "--help" || argument == "-h" || argument == "--version" || argument == "-v";
+  const bool hasDesktop = HasDesktop();
+  const bool needsNone = std::any_of(argv + 1, argv + argc, [=](std::string_view argument) {
+    return argument == "--help" || argument == "-h" || argument == "--version" ||
+           argument == "-v" || (!hasDesktop && argument.starts_with("--grab"));
   });
-  if (onlyTells) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    return;
-  }
-  if (places == WindowPlaces::kDesktop) return;
+  isOwnChoice = needsNone || places == WindowPlaces::kProgram;
+  if (!isOwnChoice) return;
   // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
   const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
-  qputenv("QT_QPA_PLATFORM", hasX11 ? "xcb;wayland" : "wayland;xcb");
+  qputenv("QT_QPA_PLATFORM", needsNone ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
 }
 
-void WatchWindows(QCoreApplication& /*application*/) {}
+void SettleDesktop(QCoreApplication& /*application*/) {
+  if (isOwnChoice) qunsetenv("QT_QPA_PLATFORM");
+}
+
+bool HasDesktop() {
+  return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
 
 ProgramTray MakeProgramTray() {
   auto area = std::make_unique<QtNotificationArea>();
-  const IconHandle icon = area->AddIcon(ProgramIcon());
+  const IconHandle icon = area->AddIcon(QApplication::windowIcon());
   return {std::move(area), icon};
 }
 
@@ -40,6 +53,14 @@ std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::strin
 
 std::unique_ptr<ShiftKey> MakeSystemShiftKey() {
   return std::make_unique<QtShiftKey>();
+}
+
+std::unique_ptr<Shell> MakeSystemShell() {
+  return std::make_unique<QtShell>();
+}
+
+std::unique_ptr<ProgramEnd> MakeProgramEnd() {
+  return std::make_unique<ProcessEnd>();
 }
 
 }  // namespace tidewarden

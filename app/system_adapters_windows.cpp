@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "app/system_adapters.h"
-#include "platform/qt/program_icon.h"
 #include "platform/system.h"
 #include "platform/windows/qt_shell_notification_area.h"
 #include "platform/windows/qt_topmost_windows.h"
 #include "platform/windows/windows_ports.h"
+#include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_sound_player.h"
 
 namespace tidewarden {
@@ -44,14 +44,18 @@ void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
   QCoreApplication::setLibraryPaths({});
 }
 
-void WatchWindows(QCoreApplication& application) {
+void SettleDesktop(QCoreApplication& application) {
   // Belongs to the application.
   new QtTopmostWindows(application);
 }
 
+bool HasDesktop() {
+  return true;
+}
+
 ProgramTray MakeProgramTray() {
   auto area = std::make_unique<QtShellNotificationArea>();
-  const IconHandle icon = area->AddIcon(ProgramIcon());
+  const IconHandle icon = area->AddIcon(QApplication::windowIcon());
   return {std::move(area), icon};
 }
 
@@ -61,6 +65,14 @@ std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::strin
 
 std::unique_ptr<ShiftKey> MakeSystemShiftKey() {
   return std::make_unique<WindowsShiftKey>();
+}
+
+std::unique_ptr<Shell> MakeSystemShell() {
+  return std::make_unique<WindowsShell>();
+}
+
+std::unique_ptr<ProgramEnd> MakeProgramEnd() {
+  return std::make_unique<WindowsProgramEnd>();
 }
 
 }  // namespace tidewarden

@@ -24,3 +24,8 @@ tidewarden_windows_program(tidewarden "Tidewarden" GUI)
 tidewarden_windows_program(customizer "Tidewarden Options" GUI)
 tidewarden_windows_program(twdocs "Tidewarden Help" GUI)
 tidewarden_windows_program(tidewarden-cli "Tidewarden at the command line")
+
+# It tells its help and its topics without a screen.
+if(TARGET twdocs)
+  qt_import_plugins(twdocs INCLUDE Qt6::QOffscreenIntegrationPlugin)
+endif()

@@ -168,7 +168,7 @@ class Customizer {
   }
 
   // On the same settings and events, and for as long as it likes.
-  bool StartReminder() const {
+  [[nodiscard]] bool StartReminder() const {
     QStringList same;
     const auto pass = [&same](const char* name, const QString& path) {
       // The reminder runs in another folder.
@@ -205,7 +205,8 @@ class Customizer {
 int main(int argc, char** argv) {
   using namespace tidewarden;
   PrepareDesktop(argc, argv, WindowPlaces::kDesktop);
-  const QApplication app(argc, argv);
+  QApplication app(argc, argv);
+  SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("customizer"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidewarden"));

@@ -25,7 +25,10 @@ prepare_windows() {
   export DBUS_SESSION_BUS_ADDRESS=unix:path=$scratch/nowhere XDG_RUNTIME_DIR=$scratch/run
   mkdir -m 700 "$XDG_RUNTIME_DIR"
   wine_run cmd /c exit >"$scratch/wine.log" 2>&1 || fail 'Wine does not start'
-  sleep infinity | wine_run cmd >/dev/null 2>&1 &
+  # A prompt that waits for input as long as the test runs.
+  mkfifo "$scratch/input"
+  exec 8<>"$scratch/input"
+  wine_run cmd <&8 >/dev/null 2>&1 &
   processes+=($!)
 }
 
