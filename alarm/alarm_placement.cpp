@@ -89,15 +89,4 @@ void SaveAlarmMaximized(SettingsStore& settings) {
   Save(settings, settings::kAlarmMaximized, "True");
 }
 
-AlarmFont ReadAlarmFont(SettingsStore& settings) {
-  constexpr long long kLargest = 999;
-  AlarmFont font;
-  font.name = Get(settings, settings::kFontName);
-  font.bold = isTrue(Get(settings, settings::kFontBold));
-  font.italic = isTrue(Get(settings, settings::kFontItalic));
-  const long long size = RoundHalfToEven(LeadingNumber(Get(settings, settings::kFontSize)));
-  font.size = static_cast<int>(std::clamp(size, 0LL, kLargest));
-  return font;
-}
-
 }  // namespace tidewarden

@@ -1,7 +1,5 @@
-// Where the alarm window stands and which font its messages have, kept in the settings.
+// Where the alarm window stands, kept in the settings.
 #pragma once
-
-#include <string>
 
 #include "core/settings_store.h"
 #include "core/window_placement.h"
@@ -29,14 +27,6 @@ struct AlarmWindowState {
   WindowArea area;
 };
 
-// The font of the messages: the one of the reminder list.
-struct AlarmFont {
-  std::string name;
-  bool bold = false;
-  bool italic = false;
-  int size = 0;  // points, 1 to 999; 0 leaves the size that the window was designed with
-};
-
 // Reads the stored placement. It counts when all four numbers are stored and readable, left and
 // top are not negative and the size is not below the least one; otherwise the window opens in
 // its first size, at the place where the least size would be in the middle of the primary screen.
@@ -52,8 +42,5 @@ void SaveAlarmPlacement(SettingsStore& settings, const AlarmWindowState& window,
 
 // Writes that the window has been maximized.
 void SaveAlarmMaximized(SettingsStore& settings);
-
-// Reads the font settings. The size is rounded to a whole number, halves to even.
-[[nodiscard]] AlarmFont ReadAlarmFont(SettingsStore& settings);
 
 }  // namespace tidewarden

@@ -185,8 +185,8 @@ AlarmPlacement AlarmSession::LoadAlarmPlacement(const Screens& screens) {
   return tidewarden::LoadAlarmPlacement(ports_.settings, screens);
 }
 
-AlarmFont AlarmSession::ReadAlarmFont() {
-  return tidewarden::ReadAlarmFont(ports_.settings);
+ListFont AlarmSession::ReadAlarmFont() {
+  return ReadListFont(ports_.settings, FontSizeRule::kRounded);
 }
 
 void AlarmSession::Maximized() {

@@ -21,6 +21,7 @@
 #include "alarm/sound_player.h"
 #include "core/events_path.h"
 #include "core/file_system.h"
+#include "core/list_font.h"
 #include "core/message_box.h"
 #include "core/settings_store.h"
 #include "core/window_placement.h"
@@ -100,7 +101,7 @@ class AlarmSession {
 
   // --- The alarm window.
   [[nodiscard]] AlarmPlacement LoadAlarmPlacement(const Screens& screens);
-  [[nodiscard]] AlarmFont ReadAlarmFont();
+  [[nodiscard]] ListFont ReadAlarmFont();
 
   // The user has maximized the window.
   void Maximized();

@@ -120,8 +120,10 @@ void frmAlarm::Load() {
 }
 
 void frmAlarm::ApplyAlarmFont() {
-  const AlarmFont stored = session_.ReadAlarmFont();
+  const ListFont stored = session_.ReadAlarmFont();
   QFont font(QString::fromStdString(stored.name), kDesignedPoints);
+  // As in the list, so that a face that is not installed is replaced by the same one.
+  font.setStyleHint(QFont::SansSerif);
   font.setBold(stored.bold);
   font.setItalic(stored.italic);
   if (stored.size > 0) font.setPointSize(stored.size);

@@ -11,7 +11,7 @@ namespace {
 
 // The bell, drawn on a square of this many units.
 constexpr double kUnits = 20;
-constexpr QRectF kBellPlace{4, 9, 17, 17};
+constexpr QRectF kBellPlace{4, 10, 15, 15};
 
 void DrawBell(QPainter& painter, bool onDark) {
   const QColor outline = onDark ? QColor(0xFF, 0xD5, 0x7A) : QColor(0x7A, 0x4A, 0x00);

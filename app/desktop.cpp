@@ -1,11 +1,14 @@
 #include "app/desktop.h"
 
 #include <QApplication>
+#include <QScreen>
 
 #include "alarm/frm_alarm.h"
+#include "app/order_page.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
-#include "platform/qt/program_icon.h"
+#include "editor/launchers.h"
+#include "editor/page_printer.h"
 #include "platform/qt/qt_screens.h"
 #include "platform/qt/window_picture.h"
 #include "platform/system.h"
@@ -18,6 +21,12 @@ namespace {
 std::unique_ptr<SettingsStore> SettingsOf(const Arguments& arguments, FileSystem& files) {
   if (arguments.settings.isEmpty()) return MakeSystemSettings(files);
   return std::make_unique<IniSettingsStore>(files, arguments.settings.toStdString());
+}
+
+// Only a copy that is used counts; the mere making of the lock leaves a file.
+std::unique_ptr<PreviousInstance> InstanceOf(const Arguments& arguments, FileSystem& files) {
+  if (!arguments.grab.isEmpty()) return std::make_unique<MemoryPreviousInstance>();
+  return MakePreviousInstance(files, arguments.settings.toStdString());
 }
 
 }  // namespace
@@ -36,49 +45,54 @@ Desktop::Desktop(const Arguments& arguments)
       clock_(*systemClock_, arguments.today, arguments.now),
       formats_(MakeSystemFormats(arguments.shortDate.toStdString())),
       settings_(SettingsOf(arguments, *files_)),
-      instance_(MakePreviousInstance(*files_, arguments.settings.toStdString())),
+      settingsOfPicture_(*settings_),
+      instance_(InstanceOf(arguments, *files_)),
       sound_(&QApplication::beep, Complain),
-      editor_({*settings_, *files_, clock_, Messages()}),
-      alarms_({*settings_, *files_, sound_, Messages()}, SystemFolders()),
-      session_({*settings_, *files_, clock_, Messages(), shiftKey_, *formats_, Instance(), Area(),
-                random_, Editor(), alarms_, SystemFolders()}) {
+      editor_({Settings(), *files_, clock_, Messages()}),
+      alarms_({Settings(), *files_, sound_, Messages()}, SystemFolders()),
+      session_({Settings(), *files_, clock_, Messages(), Shift(), *formats_, *instance_, Area(),
+                random_, editor_, alarms_, SystemFolders()}) {
   session_.Complain = Complain;
+  heldShift_.down = true;
 }
 
 Desktop::~Desktop() = default;
 
-// A picture can be taken beside a running program, and leaves no trace on the desktop.
 MessageBox& Desktop::Messages() {
   return OnlyPicture() ? static_cast<MessageBox&>(lines_) : boxes_;
 }
 
-PreviousInstance& Desktop::Instance() {
-  return OnlyPicture() ? static_cast<PreviousInstance&>(noInstance_) : *instance_;
+SettingsStore& Desktop::Settings() {
+  return OnlyPicture() ? static_cast<SettingsStore&>(settingsOfPicture_) : *settings_;
 }
 
 NotificationArea& Desktop::Area() {
   return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : area_;
 }
 
-// For a picture the file stays as it is, as if an editor worked on it.
-EditorWindow& Desktop::Editor() {
-  noEditor_.loaded = OnlyPicture();
-  return OnlyPicture() ? static_cast<EditorWindow&>(noEditor_) : editor_;
+// Who asks for a picture wants to see it, as one who holds Shift wants to see an empty list.
+ShiftKey& Desktop::Shift() {
+  return OnlyPicture() ? static_cast<ShiftKey&>(heldShift_) : shiftKey_;
 }
 
 int Desktop::Run() {
   if (const auto code = LookAtSettings()) return *code;
   if (const auto code = LookAtLayout()) return *code;
-  if (session_.Load(DesktopScreens(), arguments_.file.toStdString()) == WindowChange::kEnd) {
-    return kDone;
+  const StartFor startFor = OnlyPicture() ? StartFor::kPicture : StartFor::kUse;
+  if (session_.Load(DesktopScreens(), arguments_.file.toStdString(), startFor) ==
+      WindowChange::kEnd) {
+    // Without a picture the one that was asked for is missing.
+    return OnlyPicture() ? kUsage : kDone;
   }
-  return ShowWindows();
+  return OnlyPicture() ? Grab() : ShowWindows();
 }
 
 int Desktop::ShowWindows() {
   frmReminder window(session_);
-  if (OnlyPicture()) return Grab(window);
   ConnectTray(window);
+  const QtScreenWatch screens;
+  QObject::connect(&screens, &QtScreenWatch::Changed, &window,
+                   [&window] { window.ScreensChanged(DesktopScreens()); });
   session_.ShowAlarm = [this] { ShowAlarm(); };
   editor_.MakeParts = [this, &window] { return EditorParts(window); };
   QObject::connect(&window, &frmReminder::Ended, [this] {
@@ -86,13 +100,12 @@ int Desktop::ShowWindows() {
     QApplication::exit(kDone);
   });
   window.Start();
-  session_.tIcon().OwnerForm = static_cast<WindowHandle>(window.winId());
   return QApplication::exec();
 }
 
 void Desktop::ConnectTray(frmReminder& window) {
   TrayIcon& icon = session_.tIcon();
-  icon.Icon(area_.AddIcon(ProgramIcon()));
+  icon.Icon(area_.AddIcon(QApplication::windowIcon()));
   icon.MouseUp = [&window](TrayButton /*button*/) { window.RestoreFromTray(); };
   area_.Mouse = [&icon](IconMouseMessage message) {
     icon.HandleCallback(static_cast<double>(message), 1);
@@ -101,15 +114,12 @@ void Desktop::ConnectTray(frmReminder& window) {
 
 EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
   EditorOfProgram::Parts parts;
-  const auto notYet = [this](const char* what) {
-    return [this, what] {
-      Messages().Show(std::string(what) + " not there yet.", MessageButtons::kOk,
-                      MessageIcon::kNone);
-    };
-  };
-  parts.hooks.print = notYet("Printing is");
-  parts.hooks.help = notYet("The help program is");
-  parts.hooks.options = notYet("The options program is");
+  parts.hooks.print = [this](const std::vector<EventRow>& rows) { Print(rows); };
+  parts.hooks.help = [this] { StartHelp(shell_, SystemFolders()); };
+  parts.hooks.options = [this] { EndWithOptions(); };
+  if (IsOrderPage(kOrderPage)) {
+    parts.hooks.donate = [this] { OpenOrderPage(shell_, kOrderPage, SystemFolders().style); };
+  }
   parts.hooks.showReminder = [&window] { window.Return(); };
   parts.format = session_.builder().format();
   parts.setup.eventsFilePath = session_.EventsFilePath();
@@ -118,6 +128,21 @@ EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
   parts.setup.minorVersion = TIDEWARDEN_VERSION_MINOR;
   parts.skin = session_.skin();
   return parts;
+}
+
+void Desktop::Print(const std::vector<EventRow>& rows) {
+  const ProgramFolders folders = SystemFolders();
+  PrintEvents({*settings_, *files_, *formats_, Messages(), shell_}, rows,
+              session_.builder().format(),
+              {GetCommonDataFolder(), folders.userData, folders.style});
+}
+
+void Desktop::EndWithOptions() {
+  const auto release = [this] {
+    session_.tIcon().Visible(false);
+    instance_->Release();
+  };
+  ChangeToOptions({*files_, shell_, end_, release}, SystemFolders());
 }
 
 void Desktop::ShowAlarm() {
@@ -158,8 +183,16 @@ std::optional<ExitCode> Desktop::LookAtLayout() {
   return kUsage;
 }
 
-int Desktop::Grab(frmReminder& window) {
+int Desktop::Grab() {
+  // Of a file that cannot be read there is nothing to see; the session has told why.
+  if (!session_.builder().readStatus().ok()) return kCannotRead;
+  frmReminder window(session_);
+  window.setAttribute(Qt::WA_DontShowOnScreen);
   window.Start();
+  // Off the screen nobody makes it as large as the screen.
+  if (session_.placement().maximized) {
+    window.resize(QApplication::primaryScreen()->availableSize());
+  }
   QApplication::processEvents();
   if (SaveWindowPicture(window, *files_, arguments_.grab.toStdString()).ok()) return kDone;
   Complain(arguments_.grab.toStdString() + ": the picture cannot be written");

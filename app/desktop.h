@@ -3,15 +3,19 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "alarm/alarm_session.h"
 #include "app/arguments.h"
 #include "app/editor_of_program.h"
 #include "app/start_clock.h"
 #include "platform/memory/memory_notification_area.h"
+#include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
+#include "platform/memory/settings_in_memory.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
+#include "platform/qt/qt_shell.h"
 #include "platform/sdl/sdl_sound_player.h"
 #include "reminder/reminder_session.h"
 
@@ -39,17 +43,21 @@ class Desktop {
     MessageAnswer Show(const std::string& text, MessageButtons buttons, MessageIcon icon) override;
   };
 
+  // A run that only takes a picture may stand beside a running program and leaves no trace but the
+  // picture: no lock, no setting, no change of the events file, nothing on the desktop.
   [[nodiscard]] bool OnlyPicture() const { return !arguments_.grab.isEmpty(); }
+  [[nodiscard]] SettingsStore& Settings();
   [[nodiscard]] MessageBox& Messages();
-  [[nodiscard]] PreviousInstance& Instance();
   [[nodiscard]] NotificationArea& Area();
-  [[nodiscard]] EditorWindow& Editor();
+  [[nodiscard]] ShiftKey& Shift();
   [[nodiscard]] std::optional<ExitCode> LookAtSettings();
   [[nodiscard]] std::optional<ExitCode> LookAtLayout();
-  [[nodiscard]] int Grab(frmReminder& window);
+  [[nodiscard]] int Grab();
   [[nodiscard]] int ShowWindows();
   [[nodiscard]] EditorOfProgram::Parts EditorParts(frmReminder& window);
   void ConnectTray(frmReminder& window);
+  void Print(const std::vector<EventRow>& rows);
+  void EndWithOptions();
   void ShowAlarm();
   void CloseAlarm();
 
@@ -59,17 +67,19 @@ class Desktop {
   StartClock clock_;
   std::unique_ptr<RegionalFormats> formats_;
   std::unique_ptr<SettingsStore> settings_;
+  SettingsInMemory settingsOfPicture_;
   QtMessageBox boxes_;
   StandardErrorMessages lines_;
   QtShiftKey shiftKey_;
+  MemoryShiftKey heldShift_;
   std::unique_ptr<PreviousInstance> instance_;
-  MemoryPreviousInstance noInstance_;
   QtNotificationArea area_;
   MemoryNotificationArea noArea_;
   SplitMixNumbers random_;
   SdlSoundPlayer sound_;
+  QtShell shell_;
+  ProcessEnd end_;
   EditorOfProgram editor_;
-  MemoryEditorWindow noEditor_;
   AlarmSession alarms_;
   ReminderSession session_;
   std::unique_ptr<frmAlarm> alarmWindow_;  // once the first alarm has gone off

@@ -11,15 +11,19 @@
 int main(int argc, char** argv) {
   using namespace tidewarden;
   // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+  const bool isOwnChoice = !qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+  if (isOwnChoice) {
     const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
-    const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+    const bool hasDisplay = hasX11 || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    const bool needsNone = std::any_of(argv + 1, argv + argc, [=](std::string_view argument) {
       return argument == "--help" || argument == "-h" || argument == "--version" ||
-             argument == "-v";
+             argument == "-v" || (!hasDisplay && argument.starts_with("--grab"));
     });
-    qputenv("QT_QPA_PLATFORM", onlyTells ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
+    qputenv("QT_QPA_PLATFORM", needsNone ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
   }
   const QApplication app(argc, argv);
+  // Programs that are started from here choose for themselves.
+  if (isOwnChoice) qunsetenv("QT_QPA_PLATFORM");
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));

@@ -60,8 +60,7 @@ void frmCustomizer::Connect() {
   connect(cmdCancel, &QPushButton::clicked, this,
           [this] { static_cast<void>(Leave(OptionsClosing::kDone)); });
   const auto turn = [this](QKeySequence::StandardKey standard, const char* other, int step) {
-    for (const QKeySequence& key :
-         {QKeySequence(standard), QKeySequence(QLatin1String(other))}) {
+    for (const QKeySequence& key : {QKeySequence(standard), QKeySequence(QLatin1String(other))}) {
       if (key.isEmpty()) continue;
       connect(new QShortcut(key, this), &QShortcut::activated, this,
               [this, step] { NextPage(step); });
@@ -111,15 +110,14 @@ void frmCustomizer::ShowRefused() {
 }
 
 void frmCustomizer::PickColour(bool background) {
-  const ListColours own = session_.OwnColours();
-  if (!own.text || !own.background) return;
+  const ListColours shown = session_.ShownColours();
   const QColor colour = QColorDialog::getColor(
-      Shown(background ? *own.background : *own.text), this,
+      Shown(background ? *shown.background : *shown.text), this,
       background ? tr("The colour behind the text") : tr("The colour of the text"));
   if (!colour.isValid()) return;
   saidSaved_ = false;
-  session_.SetOwnColours(background ? *own.text : Chosen(colour),
-                         background ? Chosen(colour) : *own.background);
+  session_.SetOwnColours(background ? *shown.text : Chosen(colour),
+                         background ? Chosen(colour) : *shown.background);
   Render();
 }
 
@@ -129,14 +127,13 @@ void frmCustomizer::Browse(std::size_t option) {
   switch (AllOptions()[option].kind) {
     case OptionKind::kEventsFile:
       // It may be a file that is not there yet.
-      path = QFileDialog::getSaveFileName(this, tr("Events file"), present,
-                                          tr("Text files (*.txt)"), nullptr,
-                                          QFileDialog::DontConfirmOverwrite);
+      path =
+          QFileDialog::getSaveFileName(this, tr("Events file"), present, tr("Text files (*.txt)"),
+                                       nullptr, QFileDialog::DontConfirmOverwrite);
       break;
     case OptionKind::kSoundFile:
-      path = QFileDialog::getOpenFileName(
-          this, tr("Sound file"), present,
-          tr("Sounds (*.wav *.ogg *.mp3 *.flac);;All files (*)"));
+      path = QFileDialog::getOpenFileName(this, tr("Sound file"), present,
+                                          tr("Sounds (*.wav *.ogg *.mp3 *.flac);;All files (*)"));
       break;
     default:
       path = QFileDialog::getOpenFileName(this, tr("Quotes file"), present,

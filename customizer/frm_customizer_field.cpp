@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QStyle>
+#include <QStyleOptionButton>
 
 #include "reminder/list_appearance.h"
 
@@ -136,6 +137,7 @@ void OptionField::MakeList() {
   list_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list_->setMinimumWidth(kFieldWidth);
   list_->setFocusPolicy(Qt::StrongFocus);
+  list_->view()->setAccessibleName(TextOf(option_.label));
   connect(list_, &QComboBox::activated, this, [this](int index) {
     const QVariant stored = list_->itemData(index);
     if (stored.isValid()) {
@@ -181,13 +183,8 @@ void OptionField::MakeTexts(const QString& help) {
   QFont bold = note_->font();
   bold.setBold(true);
   note_->setFont(bold);
-  const int indent = check_ == nullptr ? 0
-                                       : style()->pixelMetric(QStyle::PM_IndicatorWidth) +
-                                             style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
-  for (QLabel* const label : {helpLabel_, note_}) {
-    label->setContentsMargins(indent, 0, 0, 0);
-    layout()->addWidget(label);
-  }
+  for (QLabel* const label : {helpLabel_, note_}) layout()->addWidget(label);
+  IndentTexts();
   ColourTexts();
 }
 
@@ -235,13 +232,13 @@ void OptionField::RenderColours(const ListColours& own) {
   const bool isOwn = own.text && own.background;
   const int last = list_->count() - 1;
   list_->setItemIcon(last, isOwn ? ColourPicture(own, palette()) : QIcon());
-  for (auto* const button : findChildren<QPushButton*>()) button->setEnabled(isOwn);
 }
 
 void OptionField::RenderNote(const QString& text, bool refuses) {
   refuses_ = refuses;
   if (note_->text() != text) note_->setText(Breakable(text));
   note_->setVisible(!text.isEmpty());
+  IndentTexts();
   control_->setAccessibleDescription(text.isEmpty() ? help_ : help_ + QLatin1Char(' ') + text);
   ColourTexts();
 }
@@ -263,6 +260,16 @@ bool OptionField::eventFilter(QObject* watched, QEvent* event) {
 void OptionField::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::PaletteChange && note_ != nullptr) ColourTexts();
+}
+
+// Below the words of a switch, wherever the style of the moment puts them.
+void OptionField::IndentTexts() {
+  if (check_ == nullptr) return;
+  QStyleOptionButton option;
+  option.initFrom(check_);
+  const int indent =
+      check_->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, check_).left();
+  for (QLabel* const label : {helpLabel_, note_}) label->setContentsMargins(indent, 0, 0, 0);
 }
 
 void OptionField::ColourTexts() {

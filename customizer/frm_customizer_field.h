@@ -65,6 +65,7 @@ class OptionField : public QWidget {
   void MakeBox();
   void MakeTexts(const QString& help);
   void FillList(const FieldState& state);
+  void IndentTexts();
   void ColourTexts();
 
   const Option& option_;

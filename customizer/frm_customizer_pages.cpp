@@ -100,9 +100,8 @@ void frmCustomizer::MakeField(std::size_t option, QWidget* page, QVBoxLayout* co
     function();
     Render();
   };
-  connect(field, &OptionField::Switched, this, [this, change, option](bool on) {
-    change([&] { session_.SetOn(option, on); });
-  });
+  connect(field, &OptionField::Switched, this,
+          [this, change, option](bool on) { change([&] { session_.SetOn(option, on); }); });
   connect(field, &OptionField::Edited, this, [this, change, option](const QString& text) {
     change([&] { session_.SetText(option, text.toStdString()); });
   });
@@ -146,12 +145,9 @@ void frmCustomizer::AddPathButtons(std::size_t option, OptionField& field) {
 }
 
 void frmCustomizer::MakeAutostart(QWidget* page, QVBoxLayout* column) {
-  static constexpr Option kAutostart{{"Autostart", "False"},
-                                     OptionKind::kSwitch,
-                                     OptionPage::kStart,
-                                     "The computer",
-                                     "Start with the computer",
-                                     "The reminders come up when you log in."};
+  static constexpr Option kAutostart{
+      {"Autostart", "False"}, OptionKind::kSwitch,       OptionPage::kStart,
+      "The computer",         "Start with the computer", "The reminders come up when you log in."};
   constexpr double kGroupSize = 1.15;
   column->addWidget(MakeHeading(TextOf(kAutostart.group), kGroupSize, page));
   autostart_ = new OptionField(kAutostart, TextOf(kAutostart.help) + tr(" Default: off."), page);
@@ -173,8 +169,8 @@ void frmCustomizer::MakeButtons() {
     button->setMinimumHeight(kButtonHeight);
     return button;
   };
-  cmdReminder = make("cmdReminder", tr("Save and show the &reminders"),
-                     tr("Save and show the reminders"));
+  cmdReminder =
+      make("cmdReminder", tr("Save and show the &reminders"), tr("Save and show the reminders"));
   lblStatus = new QLabel(this);
   lblStatus->setObjectName(QStringLiteral("lblStatus"));
   lblStatus->setTextFormat(Qt::PlainText);

@@ -14,7 +14,7 @@ namespace tidewarden {
 
 namespace {
 
-constexpr int kListHeight = 132;
+constexpr int kListHeight = 112;
 constexpr int kTitleMargin = 6;
 
 }  // namespace

@@ -32,8 +32,9 @@ struct ListPreview {
   ListFont font;
 };
 
-// The events of a file. The draft may be written to, as every reader does. "ShowOnlyIfEventsInRange"
-// has no effect, and a layout of dates that the program cannot place is taken for "MM/dd/yyyy".
+// The events of a file. The draft may be written to, as every reader does.
+// "ShowOnlyIfEventsInRange" has no effect, and a layout of dates that the program cannot place is
+// taken for "MM/dd/yyyy".
 [[nodiscard]] ListPreview MakeListPreview(SettingsStore& draft, const PreviewPorts& ports,
                                           const std::string& eventsFile);
 

@@ -105,8 +105,7 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
   parser.addHelpOption();
   parser.addVersionOption();
   for (const Argument& argument : kArguments) {
-    parser.addOption({QString::fromLatin1(argument.name),
-                      QString::fromLatin1(argument.description),
+    parser.addOption({QString::fromLatin1(argument.name), QString::fromLatin1(argument.description),
                       QString::fromLatin1(argument.value)});
   }
   std::string fault;
@@ -169,7 +168,7 @@ class Customizer {
   }
 
   // On the same settings and events, and for as long as it likes.
-  bool StartReminder() const {
+  [[nodiscard]] bool StartReminder() const {
     QStringList same;
     const auto pass = [&same](const char* name, const QString& path) {
       // The reminder runs in another folder.

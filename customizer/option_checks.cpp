@@ -114,7 +114,6 @@ std::string CheckEventsFile(std::string_view text, const PathSurroundings& paths
     return WantsWholePath(paths.folders.style);
   }
   // As it stands it may be a folder, to which the program would add an ending.
-  FileStamp stamp;
   if (TryToRead(paths.files, std::string(text)).kind() == StatusKind::kIsFolder) {
     return Sentence(Status(StatusKind::kIsFolder), text);
   }
@@ -126,8 +125,9 @@ std::string CheckEventsFile(std::string_view text, const PathSurroundings& paths
   // The program begins a new file where there is none; in a folder that is there.
   const std::string folder(FolderOf(path));
   if (folder == paths.folders.userData) return {};
-  if (!paths.files.GetStamp(folder, stamp).ok()) return "There is no folder " + folder + ".";
   if (paths.files.CanCreateIn(folder)) return {};
+  FileStamp stamp;
+  if (!paths.files.GetStamp(folder, stamp).ok()) return "There is no folder " + folder + ".";
   return "There is no such file, and none can be made in " + folder + ".";
 }
 
@@ -246,10 +246,9 @@ bool ReadSwitch(const Option& option, std::string_view stored) {
 }
 
 int ChoiceOf(const Option& option, std::string_view stored) {
-  const auto found =
-      std::find_if(option.choices.begin(), option.choices.end(), [stored](const Choice& choice) {
-        return EqualIgnoringCase(choice.stored, stored);
-      });
+  const auto found = std::find_if(
+      option.choices.begin(), option.choices.end(),
+      [stored](const Choice& choice) { return EqualIgnoringCase(choice.stored, stored); });
   return found == option.choices.end() ? -1 : static_cast<int>(found - option.choices.begin());
 }
 

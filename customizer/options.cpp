@@ -117,8 +117,8 @@ constexpr std::array kOptions{
 
     Other(settings::kReminderListColors, kColours, kLooks, "Colours of the list",
           "Text and background of the reminder list.", "Colours"),
-    Switch(settings::kUseSkin, kLooks, kNotFalse, "Dress the windows in the skin",
-           "Off leaves them the plain look of the desktop."),
+    Switch(settings::kUseSkin, kLooks, kNotFalse, "Use the skin",
+           "Off leaves the windows the plain look of the desktop."),
     Other(settings::kFontName, kFont, kLooks, "Font", "For the list, the quote and the alarms.",
           "Font of the list"),
     Number(settings::kFontSize, kLooks, 4, 99, "Size", "In points, 4 to 99."),
@@ -177,9 +177,9 @@ constexpr std::array kOptions{
            "Start only when something is near",
            "Else the program ends at once. Hold Shift to see it anyway.", "The reminder window"),
     Other(settings::kNewDateOffset, kTime, kStart, "The new day begins at",
-          "When a computer that is never switched off makes the new list."),
-    Number(settings::kTimerInterval, kStart, 1000, 60000, "Milliseconds between looks at the clock",
-           "From 1000, a second, to 60000, a minute."),
+          "Hours and minutes. A list left open overnight waits for it."),
+    Number(settings::kTimerInterval, kStart, 1000, 60000, "Look at the clock every",
+           "In milliseconds: 1000 is a second, 60000 a minute."),
 };
 
 }  // namespace
@@ -198,9 +198,8 @@ std::string_view NameOf(const Option& option) {
 }
 
 std::size_t IndexOfOption(std::string_view name) {
-  const auto* const found = std::find_if(kOptions.begin(), kOptions.end(), [name](const auto& o) {
-    return NameOf(o) == name;
-  });
+  const auto* const found = std::find_if(kOptions.begin(), kOptions.end(),
+                                         [name](const auto& o) { return NameOf(o) == name; });
   return static_cast<std::size_t>(found - kOptions.begin());
 }
 

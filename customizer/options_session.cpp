@@ -15,7 +15,7 @@ namespace {
 using modGetSetSaveSet::isTrue;
 using modGetSetSaveSet::Stored;
 
-constexpr std::string_view kStays = " It stays so until you change it.";
+constexpr std::string_view kStays = " It stays as it is until you change it.";
 
 const Option& OptionAt(std::size_t option) {
   return AllOptions()[option];
@@ -28,8 +28,8 @@ std::size_t Colours() {
 std::string HexPair(Colour text, Colour background) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string out;
-  for (const std::uint8_t part : {text.red, text.green, text.blue, background.red,
-                                  background.green, background.blue}) {
+  for (const std::uint8_t part :
+       {text.red, text.green, text.blue, background.red, background.green, background.blue}) {
     if (out.size() == 6) out.push_back(',');
     out.push_back(kDigits[part / 16]);
     out.push_back(kDigits[part % 16]);
@@ -39,7 +39,7 @@ std::string HexPair(Colour text, Colour background) {
 
 // How a default is called in the line of help.
 std::string DefaultWords(const Option& option, const PathSurroundings& paths) {
-  const std::string text = DefaultOf(option, paths);
+  std::string text = DefaultOf(option, paths);
   if (option.kind == OptionKind::kSwitch) return ReadSwitch(option, text) ? "on" : "off";
   const std::span<const Choice> choices =
       option.kind == OptionKind::kColours ? ColourNames() : option.choices;
@@ -176,11 +176,16 @@ ListColours OptionsSession::OwnColours() const {
   return isName ? ListColours() : ColoursOf(text);
 }
 
-void OptionsSession::UseOwnColours() {
+ListColours OptionsSession::ShownColours() {
   constexpr Colour kBlack{0, 0, 0};
   constexpr Colour kWhite{255, 255, 255};
-  const ListColours shown = preview().colours;
-  SetOwnColours(shown.text.value_or(kBlack), shown.background.value_or(kWhite));
+  const ListColours& shown = preview().colours;
+  return {shown.text.value_or(kBlack), shown.background.value_or(kWhite)};
+}
+
+void OptionsSession::UseOwnColours() {
+  const ListColours shown = ShownColours();
+  SetOwnColours(*shown.text, *shown.background);
 }
 
 void OptionsSession::SetOwnColours(Colour text, Colour background) {
@@ -226,9 +231,8 @@ const ListPreview& OptionsSession::preview() {
     if (showsExamples_) {
       preview_ = MakeExamplePreview(draft, ForPreview());
     } else {
-      const std::string path = eventsFile_.empty()
-                                   ? LocateEventsFile(draft, ports_.files, ports_.folders)
-                                   : eventsFile_;
+      const std::string path =
+          eventsFile_.empty() ? LocateEventsFile(draft, ports_.files, ports_.folders) : eventsFile_;
       preview_ = MakeListPreview(draft, ForPreview(), path);
     }
   }
@@ -316,7 +320,8 @@ bool OptionsSession::Close(OptionsClosing why) {
     return false;
   }
   StopSound();
-  LeaveWord();
+  // The reminder program that was started has heard the word, and may have removed it already.
+  if (!hasReturned_) LeaveWord();
   return true;
 }
 
@@ -324,7 +329,8 @@ bool OptionsSession::ReturnToReminder() {
   if (Save() != SaveOutcome::kSaved) return false;
   // It reads the word as it starts.
   LeaveWord();
-  if (StartReminder && StartReminder()) return true;
+  hasReturned_ = StartReminder && StartReminder();
+  if (hasReturned_) return true;
   ports_.messages.Show("The reminder program could not be started.", MessageButtons::kOk,
                        MessageIcon::kExclamation);
   return false;

@@ -78,6 +78,8 @@ class OptionsSession {
 
   // Both are given for a custom pair only.
   [[nodiscard]] ListColours OwnColours() const;
+  // Those of the preview; black and white stand for the desktop's own.
+  [[nodiscard]] ListColours ShownColours();
   // The colours that are shown become the custom pair.
   void UseOwnColours();
   void SetOwnColours(Colour text, Colour background);
@@ -151,6 +153,7 @@ class OptionsSession {
   bool showsExamples_ = false;
   std::optional<ListPreview> preview_;
   bool hasSaved_ = false;
+  bool hasReturned_ = false;  // to the reminder program, which has been left word
 };
 
 }  // namespace tidewarden

@@ -124,15 +124,31 @@ void EditSession::Reload() {
 
 // --- The list.
 
+// Reads the file, once what an interrupted save has left is settled.
+Status EditSession::ReadEventsFile(std::string& content) {
+  const auto tell = [this](const std::string& keptPath) {
+    ports_.messages.Show(
+        "Saving the events file was interrupted, and the file has been changed since:\n" +
+            setup_.eventsFilePath + "\n\nThe file as it was before is now kept here:\n" + keptPath,
+        MessageButtons::kOk, MessageIcon::kNone);
+  };
+  unreadPath_ = setup_.eventsFilePath;
+  WriteResult settled =
+      SettleInterruptedSave(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, tell);
+  if (settled.status.ok()) return ReadFile(ports_.files, setup_.eventsFilePath, content);
+  unreadPath_ = std::move(settled.path);
+  return std::move(settled.status);
+}
+
 void EditSession::LoadEventLines(CivilDate today) {
   std::string content;
-  readStatus_ = ReadFile(ports_.files, setup_.eventsFilePath, content);
+  readStatus_ = ReadEventsFile(content);
   if (readStatus_.kind() == StatusKind::kNotFound) {
-    // The message of a missing file is the only one; a file that cannot be created is missing again
-    // at the next reading.
-    static_cast<void>(
-        CreateNewEventsFile(ports_.files, ports_.messages, setup_.eventsFilePath).ok());
+    // Without a file there are no events; a save tries to make it once more.
     readStatus_ = Status();
+    const Status created =
+        CreateNewEventsFile(ports_.files, ports_.messages, setup_.eventsFilePath);
+    if (!created.ok()) ShowWriteFailure(setup_.eventsFilePath, created);
   }
   FillEventList(std::move(content), today);
   if (!readStatus_.ok()) ShowReadFailure();
@@ -248,7 +264,7 @@ void EditSession::SetEntryMode(bool on) {
     button->visible = cmdHelp_.enabled;
   }
   // Without a page to open there is nothing to press.
-  if (!hooks_.donate) cmdDonate_.visible = false;
+  if (!hooks_.donate) cmdDonate_.enabled = cmdDonate_.visible = false;
 }
 
 void EditSession::Add() {
@@ -304,20 +320,28 @@ void EditSession::DrawDonateGlyph() {
 }
 
 void EditSession::ShowReadFailure() {
-  ports_.messages.Show("Tidewarden could not read the events file:\n" + setup_.eventsFilePath +
-                           "\n" + DescribeStatus(readStatus_),
+  ports_.messages.Show("Tidewarden could not read the events file:\n" + unreadPath_ + "\n" +
+                           DescribeStatus(readStatus_),
                        MessageButtons::kOk, MessageIcon::kNone);
+}
+
+void EditSession::ShowWriteFailure(const std::string& path, const Status& status) {
+  ports_.messages.Show(
+      "Tidewarden could not save the events file:\n" + path + "\n" + DescribeStatus(status),
+      MessageButtons::kOk, MessageIcon::kNone);
 }
 
 // --- What other parts of the program do.
 
 void EditSession::Print() const {
-  Run(hooks_.print);
+  if (hooks_.print) hooks_.print(List1_);
 }
 void EditSession::Help() const {
   Run(hooks_.help);
 }
-void EditSession::Options() const {
+void EditSession::Options(const std::optional<EditorPlace>& place) const {
+  if (isEntryUnderWay()) return;
+  if (place) SaveEditorPlacement(ports_.settings, *place);
   Run(hooks_.options);
 }
 void EditSession::Donate() const {
@@ -330,8 +354,8 @@ void EditSession::HiddenSave() {
 void EditSession::HiddenPrint() const {
   if (cmdPrint_.enabled) Print();
 }
-void EditSession::HiddenOptions() const {
-  if (cmdOptions_.enabled) Options();
+void EditSession::HiddenOptions(const std::optional<EditorPlace>& place) const {
+  if (cmdOptions_.enabled) Options(place);
 }
 void EditSession::HiddenDonate() const {
   if (cmdDonate_.enabled) Donate();

@@ -37,10 +37,10 @@ struct EditPorts {
 
 // What other parts of the program do for the editor. Any may be empty.
 struct EditorHooks {
-  std::function<void()> print;
+  std::function<void(const std::vector<EventRow>& rows)> print;
   std::function<void()> help;
-  std::function<void()> options;
-  std::function<void()> donate;
+  std::function<void()> options;       // changes to the options program, which ends this one
+  std::function<void()> donate;        // without it the order page is not offered
   std::function<void()> showReminder;  // brings the reminder window back, which rebuilds its list
 };
 
@@ -130,11 +130,13 @@ class EditSession {
   void Delete();
   void Print() const;
   void Help() const;
-  void Options() const;
+  // `place` as in Closed. It is saved before the hook is called, which may never return. Nothing
+  // while an entry is under way, which would be lost.
+  void Options(const std::optional<EditorPlace>& place) const;
   void Donate() const;
   void HiddenSave();
   void HiddenPrint() const;
-  void HiddenOptions() const;
+  void HiddenOptions(const std::optional<EditorPlace>& place) const;
   void HiddenDonate() const;
   void EscapeReleased();  // ends an entry, does nothing without one
 
@@ -186,6 +188,7 @@ class EditSession {
   void OpenRequested();
   void SetEntryMode(bool on);
   void EnableEventList(bool enable);
+  [[nodiscard]] Status ReadEventsFile(std::string& content);
   void LoadEventLines(CivilDate today);
   void FillEventList(std::string content, CivilDate today);
   void FillAfterWriting(std::string content, CivilDate today);
@@ -200,6 +203,7 @@ class EditSession {
   void FindEventRowByTitle(std::string_view title);
   void DrawDonateGlyph();
   void ShowReadFailure();
+  void ShowWriteFailure(const std::string& path, const Status& status);
 
   EditPorts ports_;
   EditorHooks hooks_;
@@ -227,6 +231,7 @@ class EditSession {
   bool settled_ = true;                    // whether its rows are read back as they are
   long wantedLine_ = -1;                   // where the requested line was found in content_
   Status readStatus_;
+  std::string unreadPath_;  // the file that could not be read
   long RequestedEditLine_ = -1;
   std::string requestedRawLine_;
   bool RequestedAdd_ = false;

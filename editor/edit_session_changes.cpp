@@ -62,9 +62,8 @@ std::optional<std::size_t> EditSession::FindSelectedRow(const std::vector<EventR
 // Applies a change to the file as it now is. False when it could not be written; everything is
 // then as it was.
 bool EditSession::WriteChange(Change change, CivilDate today) {
-  const std::string& path = setup_.eventsFilePath;
   std::string current;
-  Status status = ReadFile(ports_.files, path, current);
+  Status status = ReadEventsFile(current);
   // A file that has vanished is written again with all that was in it.
   const bool exists = status.kind() != StatusKind::kNotFound;
   if (!exists) {
@@ -109,11 +108,7 @@ bool EditSession::WriteContent(const EventsChange& change) {
   const WriteResult result =
       WriteEventsFile(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, levels, change);
   // With backups the user is not told; the entry that stays open says it.
-  if (!result.status.ok() && levels == 0) {
-    ports_.messages.Show("Tidewarden could not save the events file:\n" + result.path + "\n" +
-                             DescribeStatus(result.status),
-                         MessageButtons::kOk, MessageIcon::kNone);
-  }
+  if (!result.status.ok() && levels == 0) ShowWriteFailure(result.path, result.status);
   return result.status.ok();
 }
 

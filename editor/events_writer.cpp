@@ -80,11 +80,16 @@ std::string BackupPath(const std::string& path, int number) {
   return backup.append("bk").append(std::to_string(number)).append(".txt");
 }
 
-std::string RescuePath(const std::string& rescueFolder, const std::string& path) {
+std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
+                       std::string_view ending) {
   const std::size_t separator = path.find_last_of("/\\");
   const std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
   const char joint = rescueFolder.find('\\') == std::string::npos ? '/' : '\\';
-  return (rescueFolder + joint).append(WithoutEnding(name)).append(".rescue.txt");
+  return (rescueFolder + joint).append(WithoutEnding(name)).append(ending);
+}
+
+std::string RescuePath(const std::string& rescueFolder, const std::string& path) {
+  return NamedAfter(rescueFolder, path, ".rescue.txt");
 }
 
 std::string EventsFileContent(const RowsToWrite& events, const RegionalDateFormat& format,
@@ -115,29 +120,32 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
   if (change.exists && change.oldContent == change.newContent) return {};
-  const std::string rescuePath = RescuePath(rescueFolder, path);
-  bool rescued = false;
   if (change.exists && change.rescue == RescueNeed::kDropsSomething) {
+    const std::string rescuePath = RescuePath(rescueFolder, path);
     Status status = MakeRescueCopy(files, rescuePath, change.oldContent);
     if (!status.ok()) return {std::move(status), rescuePath};
-    rescued = true;
   }
   std::unique_ptr<StagedFile> staged;
   Status status = files.Stage(path, change.newContent, staged);
   if (!status.ok()) return {std::move(status), path};
   // A file that is written in place is torn when the process is killed meanwhile.
-  if (change.exists && !staged->ReplacesAtOnce() && !rescued) {
-    status = MakeRescueCopy(files, rescuePath, change.oldContent);
-    if (!status.ok()) return {std::move(status), rescuePath};
+  const bool inPlace = change.exists && !staged->ReplacesAtOnce();
+  if (inPlace) {
+    WriteResult noted = NoteSave(files, path, rescueFolder, change.oldContent, change.newContent);
+    if (!noted.status.ok()) return noted;
   }
   if (change.exists && levels > 0) RotateBackups(files, path, levels, *staged, change.oldContent);
   status = staged->Commit();
+  // What cannot be settled now is settled before the file is next read.
+  if (inPlace) static_cast<void>(SettleInterruptedSave(files, path, rescueFolder, {}));
   if (!status.ok()) return {std::move(status), path};
   return {};
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& path, const std::string& rescueFolder) {
-  for (const std::string& target : {path, BackupPath(path, 1), RescuePath(rescueFolder, path)}) {
+  const SaveNotes notes = SaveNotesOf(rescueFolder, path);
+  for (const std::string& target :
+       {path, BackupPath(path, 1), RescuePath(rescueFolder, path), notes.before, notes.after}) {
     if (!files.CanCreateIn(std::string(FolderOf(target)))) continue;
     // Staging takes away what is left over, and giving the staged file up leaves nothing.
     std::unique_ptr<StagedFile> staged;

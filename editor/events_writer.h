@@ -15,6 +15,7 @@
 #include "core/settings_store.h"
 #include "dates/date_text.h"
 #include "editor/event_rows.h"
+#include "editor/interrupted_save.h"
 
 namespace tidewarden {
 
@@ -24,6 +25,11 @@ inline constexpr int kMostBackups = 8;
 [[nodiscard]] int LevelsOfBackup(SettingsStore& settings);
 
 [[nodiscard]] std::string BackupPath(const std::string& path, int number);
+
+// A file in the user's data folder, named after the events file: its name without the last four
+// characters, and `ending`.
+[[nodiscard]] std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
+                                     std::string_view ending);
 
 // The one copy that is kept of a file of which a save drops something: in the user's data folder,
 // named after the events file ("dates.rescue.txt").
@@ -55,15 +61,11 @@ struct EventsChange {
   bool exists = true;
 };
 
-struct WriteResult {
-  Status status;
-  std::string path;  // the file that could not be written; empty after success
-};
-
 // Replaces the events file by the new content, after a rescue copy if one is needed and with
 // `levels` backups (0 to 8). A file that holds the new content already is left alone, backups
 // included. On failure the events file holds what it held, and nothing else than the backups has
-// changed. A backup that cannot be made does not stop the save.
+// changed. A backup that cannot be made does not stop the save. Where the file has to be written in
+// place, a killed save is settled by SettleInterruptedSave.
 [[nodiscard]] WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                                           const std::string& rescueFolder, int levels,
                                           const EventsChange& change);

@@ -166,13 +166,13 @@ void frmEdit::ConnectButtons() {
   onClick(cmdEdit, &EditSession::Edit);
   onClick(cmdHelp, &EditSession::Help);
   onClick(cmdPrint, &EditSession::Print);
-  onClick(cmdOptions, &EditSession::Options);
+  onClick(cmdOptions, [this](EditSession& session) { session.Options(PlaceToSave()); });
   onClick(cmdDonate, &EditSession::Donate);
   onClick(cmdDelete, &EditSession::Delete);
   onClick(cmdSave, &EditSession::Save);
   onClick(cmdCancel, &EditSession::Cancel);
   onClick(cmdHiddenPrint, &EditSession::HiddenPrint);
-  onClick(cmdHiddenOptions, &EditSession::HiddenOptions);
+  onClick(cmdHiddenOptions, [this](EditSession& session) { session.HiddenOptions(PlaceToSave()); });
   onClick(cmdHiddenDonate, &EditSession::HiddenDonate);
   onClick(cmdHiddenSave, &EditSession::HiddenSave);
   connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);

@@ -155,13 +155,9 @@ void frmReminder::Connect() {
   connect(List1, &ReminderListView::MenuWanted, this, &frmReminder::ShowMenu);
   connect(cmdGoToEdit, &QPushButton::clicked, this, [this] { Apply(session_.GoToEdit(Here())); });
   connect(cmdTray, &QToolButton::clicked, this, [this] { Apply(session_.SendToTray()); });
-  connect(tmrAlarm, &QTimer::timeout, this, [this] { Apply(session_.Tick(State())); });
+  connect(tmrAlarm, &QTimer::timeout, this, &frmReminder::Tick);
   connect(tmrDelay, &QTimer::timeout, this, [this] { tmrAlarm->start(session_.timerInterval()); });
-  connect(tmrMinute, &QTimer::timeout, this, [this] {
-    const WindowChange change = session_.Tick(State());
-    if (change != WindowChange::kEnd) tmrMinute->start(session_.untilNextMinute());
-    Apply(change);
-  });
+  connect(tmrMinute, &QTimer::timeout, this, &frmReminder::Tick);
   connect(tmrShown, &QTimer::timeout, this, [this] { session_.Shown(); });
   connect(tmrState, &QTimer::timeout, this, [this] { Apply(session_.StateChanged(State())); });
   connect(tmrFrame, &QTimer::timeout, this, [this] {
@@ -192,6 +188,10 @@ void frmReminder::Return() {
 
 void frmReminder::RestoreFromTray() {
   Apply(session_.Restore());
+}
+
+void frmReminder::ScreensChanged(const Screens& screens) {
+  Apply(session_.ScreensChanged(screens, Here()));
 }
 
 void frmReminder::Apply(WindowChange change) {
@@ -225,6 +225,14 @@ void frmReminder::Apply(WindowChange change) {
       return;
   }
   Render();
+}
+
+// Each tick sets the next one to the edge of the minute, whichever timer it comes from: after a
+// sleep, or when the clock has been set, the old edge is none.
+void frmReminder::Tick() {
+  const WindowChange change = session_.Tick(State());
+  if (change != WindowChange::kEnd) tmrMinute->start(session_.untilNextMinute());
+  Apply(change);
 }
 
 void frmReminder::StopTimers() {
@@ -313,6 +321,13 @@ WindowPlacement frmReminder::Here() const {
   return {State(),
           {TwipsFromPixels(x()), TwipsFromPixels(y()), TwipsFromPixels(width()),
            TwipsFromPixels(height())}};
+}
+
+bool frmReminder::event(QEvent* event) {
+  if (event->type() == QEvent::WinIdChange) {
+    session_.tIcon().OwnerForm = static_cast<WindowHandle>(internalWinId());
+  }
+  return QWidget::event(event);
 }
 
 void frmReminder::showEvent(QShowEvent* event) {

@@ -19,6 +19,7 @@ class ListModel;
 class QuitListener;
 class ReminderListView;
 class ReminderSession;
+struct Screens;
 struct WindowPlacement;
 enum class WindowChange;
 enum class WindowState;
@@ -39,11 +40,15 @@ class frmReminder : public QWidget {
   // Fetches the window back from the notification area.
   void RestoreFromTray();
 
+  // The desktop has other screens, or places them differently.
+  void ScreensChanged(const Screens& screens);
+
  Q_SIGNALS:
   // The program is to end: the window was closed, or there is nothing to show.
   void Ended();
 
  protected:
+  bool event(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -59,6 +64,7 @@ class frmReminder : public QWidget {
   void RenderList();
   void LayOut();
   void Apply(WindowChange change);
+  void Tick();
   void StopTimers();
   void Place();
   void PopUp();

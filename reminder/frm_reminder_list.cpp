@@ -2,7 +2,9 @@
 
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QToolTip>
+#include <algorithm>
 
 #include "reminder/frm_reminder_look.h"
 
@@ -26,6 +28,24 @@ void ReminderListView::Select(int row) {
   } else {
     setCurrentIndex(model()->index(row, 0));
   }
+}
+
+// The rows are laid out in portions, at once only what can be seen. As long as the rows above that
+// are missing, the bar does not reach so far and the list jumps.
+void ReminderListView::doItemsLayout() {
+  constexpr int kPortion = 500;
+  const int top = verticalScrollBar()->value();
+  const int shown = viewport()->height() / std::max(1, fontMetrics().height()) + 1;
+  setBatchSize(top + 2 * shown);
+  QListView::doItemsLayout();
+  setBatchSize(kPortion);
+  const bool isCut = verticalScrollBar()->value() < top && top + shown < model()->rowCount();
+  if (!isCut) return;
+  // An earlier layout was still under way and would only now begin anew.
+  setLayoutMode(QListView::SinglePass);
+  QListView::doItemsLayout();
+  setLayoutMode(QListView::Batched);
+  verticalScrollBar()->setValue(top);
 }
 
 void ReminderListView::selectionChanged(const QItemSelection& selected,

@@ -20,6 +20,8 @@ class ReminderListView : public QListView {
   // Selects a row; kNoRow selects none.
   void Select(int row);
 
+  void doItemsLayout() override;
+
  Q_SIGNALS:
   // The selected row is another one, or there is none any more.
   void RowSelected(int /*row*/);

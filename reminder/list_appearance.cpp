@@ -90,14 +90,7 @@ ListColours ApplyListColors(SettingsStore& settings, RandomNumbers& random, Loca
 }
 
 ListFont ApplyListFont(SettingsStore& settings) {
-  constexpr double kLargest = 999;
-  ListFont font;
-  font.name = Get(settings, settings::kFontName);
-  font.bold = isTrue(Get(settings, settings::kFontBold));
-  font.italic = isTrue(Get(settings, settings::kFontItalic));
-  const double size = LeadingNumber(Get(settings, settings::kFontSize));
-  font.size = size < 1 ? 0 : static_cast<int>(std::min(size, kLargest));
-  return font;
+  return ReadListFont(settings, FontSizeRule::kWholePart);
 }
 
 }  // namespace tidewarden

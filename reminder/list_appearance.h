@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/list_font.h"
 #include "core/random_numbers.h"
 #include "core/settings_store.h"
 #include "dates/civil.h"
@@ -24,13 +25,6 @@ struct ListColours {
   std::optional<Colour> text;
   std::optional<Colour> background;
   bool operator==(const ListColours&) const = default;
-};
-
-struct ListFont {
-  std::string name;
-  bool bold = false;
-  bool italic = false;
-  int size = 0;  // points, 1 to 999; 0 leaves the size that the control was designed with
 };
 
 // The colours of a name ("pale green"), or of a custom pair: six hexadecimal digits red, green,

@@ -1,5 +1,7 @@
 #include "reminder/reminder_placement.h"
 
+#include <algorithm>
+
 #include "core/settings_keys.h"
 
 namespace tidewarden {
@@ -7,7 +9,7 @@ namespace {
 
 using namespace modGetSetSaveSet;
 
-WindowArea InTheMiddle(const Screens& screens) {
+WindowArea NewArea(const Screens& screens) {
   return {(screens.primary.width - kReminderWidth) / 2,
           (screens.primary.height - kReminderHeight) / 2, kReminderWidth, kReminderHeight};
 }
@@ -35,8 +37,8 @@ bool ReadArea(SettingsStore& store, const Screens& screens, WindowArea& out) {
 }  // namespace
 
 StoredPlacement LoadWindowPlacement(SettingsStore& settings, const Screens& screens) {
-  if (isTrue(Get(settings, settings::kMaximized))) return {true, InTheMiddle(screens)};
-  const WindowArea middle = InTheMiddle(screens);
+  if (isTrue(Get(settings, settings::kMaximized))) return {true, NewArea(screens)};
+  const WindowArea middle = NewArea(screens);
   WindowArea area = middle;
   if (!ReadArea(settings, screens, area)) {
     if (!screens.canPlaceWindows) return {false, middle};
@@ -51,6 +53,12 @@ StoredPlacement LoadWindowPlacement(SettingsStore& settings, const Screens& scre
     area.top = middle.top;
   }
   return {false, area};
+}
+
+WindowArea InTheMiddle(const WindowArea& area, const Screens& screens) {
+  const WindowArea& primary = screens.primary;
+  return {primary.left + std::max(0, (primary.width - area.width) / 2),
+          primary.top + std::max(0, (primary.height - area.height) / 2), area.width, area.height};
 }
 
 void SaveWindowPlacement(SettingsStore& settings, const WindowPlacement& placement,

@@ -32,6 +32,10 @@ struct WindowPlacement {
 // neither read nor written.
 [[nodiscard]] StoredPlacement LoadWindowPlacement(SettingsStore& settings, const Screens& screens);
 
+// An area of the same size in the middle of the primary screen; what is larger than the screen
+// begins at its left and top.
+[[nodiscard]] WindowArea InTheMiddle(const WindowArea& area, const Screens& screens);
+
 // Writes whether the window is maximized and, in the normal state, where it stands. Where windows
 // do not know their place only the size is written.
 void SaveWindowPlacement(SettingsStore& settings, const WindowPlacement& placement,

@@ -50,11 +50,13 @@ ReminderSession::ReminderSession(ReminderPorts ports)
       tIcon_(ports_.area),
       quote_(ports_.settings, ports_.files, ports_.random, ports_.folders) {}
 
-WindowChange ReminderSession::Load(const Screens& screens, const std::string& eventsFile) {
+WindowChange ReminderSession::Load(const Screens& screens, const std::string& eventsFile,
+                                   StartFor startFor) {
   const Busy busy(isBusy_);
   isLoaded_ = false;
+  startFor_ = startFor;
   screens_ = screens;
-  if (!IsOnlyCopy()) return WindowChange::kEnd;
+  if (startFor == StartFor::kUse && !IsOnlyCopy()) return WindowChange::kEnd;
   startMaximized_ = isTrue(Get(ports_.settings, settings::kMaximized));
   SetUpTray();
   const std::string path = eventsFile.empty()
@@ -124,7 +126,9 @@ int ReminderSession::timerDelay() const {
 WindowChange ReminderSession::Rebuild() {
   const Busy busy(isBusy_);
   const Busy building(isBuilding_);
-  const FileAccess access = ports_.editor.IsLoaded() ? FileAccess::kShared : FileAccess::kUpdate;
+  const FileAccess access = startFor_ == StartFor::kPicture ? FileAccess::kReadOnly
+                            : ports_.editor.IsLoaded()      ? FileAccess::kShared
+                                                            : FileAccess::kUpdate;
   const BuildOutcome outcome = builder_->BuildReminderList(access);
   ++builds_;
   selectedRow_ = kNoRow;
@@ -192,10 +196,9 @@ WindowChange ReminderSession::StateChanged(WindowState window) {
   if (!isLoaded_ || !isShown_) return WindowChange::kNone;
   switch (window) {
     case WindowState::kMinimized:
+      if (inTray_) return WindowChange::kHide;
       if (behindEditor_ || !ports_.area.IsAvailable()) return WindowChange::kNone;
-      inTray_ = true;
-      tIcon_.Visible(true);
-      return WindowChange::kHide;
+      return HideInTray();
     case WindowState::kMaximized:
       Save(ports_.settings, settings::kMaximized, "True");
       return WindowChange::kNone;
@@ -213,8 +216,27 @@ void ReminderSession::SurfaceReleased(const WindowPlacement& window) {
   SaveWindowPlacement(ports_.settings, window, screens_);
 }
 
-WindowChange ReminderSession::SendToTray() const {
-  return inTray_ ? WindowChange::kNone : WindowChange::kMinimize;
+WindowChange ReminderSession::SendToTray() {
+  if (inTray_) return WindowChange::kNone;
+  return ports_.area.IsAvailable() ? HideInTray() : WindowChange::kMinimize;
+}
+
+WindowChange ReminderSession::HideInTray() {
+  inTray_ = true;
+  tIcon_.Visible(true);
+  return WindowChange::kHide;
+}
+
+WindowChange ReminderSession::ScreensChanged(const Screens& screens,
+                                             const WindowPlacement& window) {
+  screens_ = screens;
+  // A maximized window is seen to by the desktop.
+  if (window.state == WindowState::kMaximized || !screens.canPlaceWindows ||
+      MeetsAScreen(window.area, screens)) {
+    return WindowChange::kNone;
+  }
+  placement_ = {false, InTheMiddle(window.area, screens)};
+  return WindowChange::kPlace;
 }
 
 WindowChange ReminderSession::Restore() {

@@ -60,6 +60,12 @@ enum class WindowChange {
   kEnd,            // end the program without a question
 };
 
+// What the program is started for.
+enum class StartFor {
+  kUse,
+  kPicture,  // of the list: beside any other copy, and the events file is only read
+};
+
 // The items of the popup menu that come and go; the text sizes and "Cancel" are always there.
 struct PopupMenu {
   bool mnuHideThis = false;
@@ -79,7 +85,8 @@ class ReminderSession {
   // something to say: another copy runs, the user's date layout is not supported, or there is
   // nothing to show. `eventsFile` is a full path in place of the one in the settings; empty
   // for that. To be called once, before everything else.
-  [[nodiscard]] WindowChange Load(const Screens& screens, const std::string& eventsFile);
+  [[nodiscard]] WindowChange Load(const Screens& screens, const std::string& eventsFile,
+                                  StartFor startFor = StartFor::kUse);
 
   // False until Load has come to its end; what happens to the window before then is not counted.
   [[nodiscard]] bool isLoaded() const { return isLoaded_; }
@@ -122,8 +129,14 @@ class ReminderSession {
   // The mouse was released over the bare window.
   void SurfaceReleased(const WindowPlacement& window);
 
-  // Into the notification area, by the button `cmdTray`. Nothing when the window is there already.
-  [[nodiscard]] WindowChange SendToTray() const;
+  // Into the notification area, by the button `cmdTray`: at once, because not every desktop tells
+  // a window that it has been minimized. Without an area the window is only minimized. Nothing
+  // when the window is there already.
+  [[nodiscard]] WindowChange SendToTray();
+
+  // Other screens, or the same in another order or size, while the window stands in `area`. A
+  // window that is on none of them any more gets a new place; the settings stay.
+  [[nodiscard]] WindowChange ScreensChanged(const Screens& screens, const WindowPlacement& window);
 
   // A click on the icon in the notification area, and the editor's return.
   [[nodiscard]] WindowChange Restore();
@@ -173,6 +186,7 @@ class ReminderSession {
   [[nodiscard]] bool IsOnlyCopy();
   [[nodiscard]] bool CanChangeFile() const;
   void SetUpTray();
+  [[nodiscard]] WindowChange HideInTray();
   [[nodiscard]] std::optional<Target> TargetOf(int row) const;
   [[nodiscard]] WindowChange Rebuild();
   [[nodiscard]] WindowChange CheckForNewDay(WindowState window);
@@ -193,6 +207,7 @@ class ReminderSession {
   std::optional<ListBuilder> builder_;
 
   CivilDate lastListDate_{};  // the day for which the list was last built anew
+  StartFor startFor_ = StartFor::kUse;
   bool isLoaded_ = false;
   bool isShown_ = false;
   bool startMaximized_ = false;

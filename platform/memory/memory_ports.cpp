@@ -165,8 +165,8 @@ int MemoryFileSystem::CountCalls(std::string_view word) const {
   }));
 }
 
-MemorySettingsStore::Entry* MemorySettingsStore::Find(std::string_view section,
-                                                      std::string_view name) {
+const MemorySettingsStore::Entry* MemorySettingsStore::Find(std::string_view section,
+                                                            std::string_view name) const {
   const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) {
     return EqualIgnoringAsciiCase(entry.section, section) &&
            EqualIgnoringAsciiCase(entry.name, name);
@@ -186,8 +186,8 @@ Status MemorySettingsStore::Write(std::string_view section, std::string_view nam
                                   std::string_view value) {
   if (failure != StatusKind::kOk) return Status(failure);
   ++writes;
-  if (Entry* entry = Find(section, name)) {
-    entry->value = value;
+  if (const Entry* entry = Find(section, name)) {
+    entries[static_cast<std::size_t>(entry - entries.data())].value = value;
   } else {
     entries.push_back({std::string(section), std::string(name), std::string(value)});
   }
@@ -203,12 +203,13 @@ Status MemorySettingsStore::Delete(std::string_view section, std::string_view na
   return {};
 }
 
+bool MemorySettingsStore::Has(std::string_view section, std::string_view name) const {
+  return Find(section, name) != nullptr;
+}
+
 std::string MemorySettingsStore::At(std::string_view section, std::string_view name) const {
-  for (const Entry& entry : entries) {
-    if (EqualIgnoringAsciiCase(entry.section, section) && EqualIgnoringAsciiCase(entry.name, name))
-      return entry.value;
-  }
-  return "(missing)";
+  const Entry* entry = Find(section, name);
+  return entry == nullptr ? "(missing)" : entry->value;
 }
 
 MessageAnswer MemoryMessageBox::Show(const std::string& text, MessageButtons buttons,

@@ -74,11 +74,14 @@ class MemorySettingsStore : public SettingsStore {
   Status Write(std::string_view section, std::string_view name, std::string_view value) override;
   Status Delete(std::string_view section, std::string_view name) override;
 
+  // Whether there is a value, be it the empty text.
+  [[nodiscard]] bool Has(std::string_view section, std::string_view name) const;
+
   // The value, or "(missing)".
   [[nodiscard]] std::string At(std::string_view section, std::string_view name) const;
 
  private:
-  Entry* Find(std::string_view section, std::string_view name);
+  [[nodiscard]] const Entry* Find(std::string_view section, std::string_view name) const;
 };
 
 // Stands still until it is told to move.

@@ -11,7 +11,7 @@ namespace tidewarden {
 QIcon ProgramIcon() {
   LoadResource();
   QIcon icon;
-  for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+  for (const int size : {16, 22, 24, 32, 48, 64, 128}) {
     icon.addFile(QStringLiteral(":/icons/tidewarden-%1.png").arg(size));
   }
   return icon;

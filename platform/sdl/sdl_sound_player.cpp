@@ -4,6 +4,7 @@
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 #include <SDL_mixer.h>
+#include <dlfcn.h>
 
 #include <utility>
 
@@ -17,24 +18,77 @@ constexpr int kOnce = 1;
 
 }  // namespace
 
+// What is used of SDL2_mixer and of the SDL2 below it. They bring forty libraries along, which cost
+// a fifth of the program's start, and most days nothing sounds: so they are loaded for the first
+// sound.
+class SdlSoundPlayer::Library {
+ public:
+  explicit Library(const std::string& name)
+      : handle_(::dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    isLoaded_ = handle_ != nullptr && Find("SDL_SetHint", SetHint) &&
+                Find("SDL_SetMainReady", SetMainReady) &&
+                Find("SDL_InitSubSystem", InitSubSystem) &&
+                Find("SDL_QuitSubSystem", QuitSubSystem) && Find("SDL_GetError", GetError) &&
+                Find("Mix_OpenAudioDevice", OpenAudioDevice) &&
+                Find("Mix_CloseAudio", CloseAudio) && Find("Mix_LoadMUS", LoadMUS) &&
+                Find("Mix_PlayMusic", PlayMusic) && Find("Mix_PlayingMusic", PlayingMusic) &&
+                Find("Mix_HaltMusic", HaltMusic) && Find("Mix_FreeMusic", FreeMusic);
+    if (isLoaded_) return;
+    const char* const problem = ::dlerror();
+    problem_ = problem != nullptr ? problem : name;
+  }
+
+  Library(const Library&) = delete;
+  Library& operator=(const Library&) = delete;
+
+  [[nodiscard]] bool isLoaded() const { return isLoaded_; }
+  // Why it is not, in the system's words.
+  [[nodiscard]] const std::string& problem() const { return problem_; }
+
+  decltype(&SDL_SetHint) SetHint = nullptr;
+  decltype(&SDL_SetMainReady) SetMainReady = nullptr;
+  decltype(&SDL_InitSubSystem) InitSubSystem = nullptr;
+  decltype(&SDL_QuitSubSystem) QuitSubSystem = nullptr;
+  decltype(&SDL_GetError) GetError = nullptr;
+  decltype(&Mix_OpenAudioDevice) OpenAudioDevice = nullptr;
+  decltype(&Mix_CloseAudio) CloseAudio = nullptr;
+  decltype(&Mix_LoadMUS) LoadMUS = nullptr;
+  decltype(&Mix_PlayMusic) PlayMusic = nullptr;
+  decltype(&Mix_PlayingMusic) PlayingMusic = nullptr;
+  decltype(&Mix_HaltMusic) HaltMusic = nullptr;
+  decltype(&Mix_FreeMusic) FreeMusic = nullptr;
+
+ private:
+  template <typename Function>
+  bool Find(const char* name, Function& function) {
+    function = reinterpret_cast<Function>(::dlsym(handle_, name));
+    return function != nullptr;
+  }
+
+  void* handle_;  // never closed: threads of the library may outlive a sound
+  bool isLoaded_ = false;
+  std::string problem_;
+};
+
 // The open sound device and the sound that it plays.
 class SdlSoundPlayer::Device {
  public:
-  Device() {
+  explicit Device(const Library& sdl) : sdl_(sdl) {
+    if (!sdl_.isLoaded()) return;
     // SDL would else take over the signals that end a program.
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tidewarden");
-    SDL_SetMainReady();
-    isInitialized_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    sdl_.SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    sdl_.SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tidewarden");
+    sdl_.SetMainReady();
+    isInitialized_ = sdl_.InitSubSystem(SDL_INIT_AUDIO) == 0;
     isOpen_ =
-        isInitialized_ && Mix_OpenAudioDevice(kRate, MIX_DEFAULT_FORMAT, kChannels, kBufferSamples,
-                                              nullptr, SDL_AUDIO_ALLOW_ANY_CHANGE) == 0;
+        isInitialized_ && sdl_.OpenAudioDevice(kRate, MIX_DEFAULT_FORMAT, kChannels, kBufferSamples,
+                                               nullptr, SDL_AUDIO_ALLOW_ANY_CHANGE) == 0;
   }
 
   ~Device() {
     Halt();
-    if (isOpen_) Mix_CloseAudio();
-    if (isInitialized_) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    if (isOpen_) sdl_.CloseAudio();
+    if (isInitialized_) sdl_.QuitSubSystem(SDL_INIT_AUDIO);
   }
   Device(const Device&) = delete;
   Device& operator=(const Device&) = delete;
@@ -43,33 +97,43 @@ class SdlSoundPlayer::Device {
 
   bool Start(const std::string& path) {
     Halt();
-    music_ = Mix_LoadMUS(path.c_str());
-    return music_ != nullptr && Mix_PlayMusic(music_, kOnce) == 0;
+    music_ = sdl_.LoadMUS(path.c_str());
+    return music_ != nullptr && sdl_.PlayMusic(music_, kOnce) == 0;
+  }
+
+  [[nodiscard]] bool isPlaying() const { return isOpen_ && sdl_.PlayingMusic() != 0; }
+
+  // Why the last call has failed.
+  [[nodiscard]] std::string Problem() const {
+    return sdl_.isLoaded() ? sdl_.GetError() : sdl_.problem();
   }
 
  private:
   void Halt() {
     if (music_ == nullptr) return;
-    Mix_HaltMusic();
-    Mix_FreeMusic(std::exchange(music_, nullptr));
+    sdl_.HaltMusic();
+    sdl_.FreeMusic(std::exchange(music_, nullptr));
   }
 
+  const Library& sdl_;
   bool isInitialized_ = false;
   bool isOpen_ = false;
   Mix_Music* music_ = nullptr;
 };
 
 SdlSoundPlayer::SdlSoundPlayer(std::function<void()> beep,
-                               std::function<void(const std::string&)> complain)
-    : beep_(std::move(beep)), complain_(std::move(complain)) {}
+                               std::function<void(const std::string&)> complain,
+                               std::string library)
+    : beep_(std::move(beep)), complain_(std::move(complain)), libraryName_(std::move(library)) {}
 
 SdlSoundPlayer::~SdlSoundPlayer() = default;
 
 void SdlSoundPlayer::Play(const std::string& path, SoundKind /*kind*/) {
-  if (!device_) device_ = std::make_unique<Device>();
+  if (!library_) library_ = std::make_unique<Library>(libraryName_);
+  if (!device_) device_ = std::make_unique<Device>(*library_);
   if (device_->isOpen() && device_->Start(path)) return;
   // The reason is read before the device is closed, which may put another in its place.
-  const std::string reason = path + ": cannot be played: " + SDL_GetError();
+  const std::string reason = path + ": cannot be played: " + device_->Problem();
   device_.reset();
   Beep(reason);
 }
@@ -88,7 +152,7 @@ void SdlSoundPlayer::Rest() {
 }
 
 bool SdlSoundPlayer::isPlaying() const {
-  return device_ && Mix_PlayingMusic() != 0;
+  return device_ && device_->isPlaying();
 }
 
 }  // namespace tidewarden

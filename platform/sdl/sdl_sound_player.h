@@ -16,8 +16,10 @@ namespace tidewarden {
 class SdlSoundPlayer : public SoundPlayer {
  public:
   // `beep` sounds the system's exclamation and does not wait for it. `complain` takes one line
-  // for standard error, without a line end.
-  SdlSoundPlayer(std::function<void()> beep, std::function<void(const std::string&)> complain);
+  // for standard error, without a line end. `library` is the file that the system's loader is to
+  // find.
+  SdlSoundPlayer(std::function<void()> beep, std::function<void(const std::string&)> complain,
+                 std::string library = "libSDL2_mixer-2.0.so.0");
   ~SdlSoundPlayer() override;
   SdlSoundPlayer(const SdlSoundPlayer&) = delete;
   SdlSoundPlayer& operator=(const SdlSoundPlayer&) = delete;
@@ -31,10 +33,13 @@ class SdlSoundPlayer : public SoundPlayer {
   [[nodiscard]] bool holdsDevice() const { return device_ != nullptr; }
 
  private:
+  class Library;
   class Device;
 
   std::function<void()> beep_;
   std::function<void(const std::string&)> complain_;
+  std::string libraryName_;
+  std::unique_ptr<Library> library_;
   std::unique_ptr<Device> device_;
 };
 

@@ -1,4 +1,4 @@
-// Where the alarm window opens, what is kept of it, and its font.
+// Where the alarm window opens and what is kept of it.
 #include "alarm/alarm_placement.h"
 
 #include <gmock/gmock.h>
@@ -173,38 +173,6 @@ TEST(SaveAlarmMaximized, WritesOnlyThat) {
   MemorySettingsStore settings;
   SaveAlarmMaximized(settings);
   EXPECT_EQ(PlaceIn(settings), "True (missing) (missing) (missing) (missing) ");
-}
-
-TEST(ReadAlarmFont, IsTheFontOfTheList) {
-  MemorySettingsStore settings;
-  AlarmFont font = ReadAlarmFont(settings);
-  EXPECT_EQ(font.name, "MS Sans Serif");
-  EXPECT_FALSE(font.bold);
-  EXPECT_FALSE(font.italic);
-  EXPECT_EQ(font.size, 8);
-  settings.entries = {{"Settings", "FontName", "DejaVu Serif"},
-                      {"Settings", "FontBold", "TRUE"},
-                      {"Settings", "FontItalic", "true"},
-                      {"Settings", "FontSize", "14"}};
-  font = ReadAlarmFont(settings);
-  EXPECT_EQ(font.name, "DejaVu Serif");
-  EXPECT_TRUE(font.bold);
-  EXPECT_TRUE(font.italic);
-  EXPECT_EQ(font.size, 14);
-}
-
-TEST(ReadAlarmFont, TheSizeIsRoundedAndKeptWithinReason) {
-  const struct {
-    const char* stored;
-    int size;
-  } cases[] = {{"9.7", 10}, {"8.5", 8}, {"9.5", 10}, {"0.5", 0},        {"0.6", 1},
-               {"0", 0},    {"-3", 0},  {"abc", 0},  {"12 points", 12}, {"99999999999", 999}};
-  for (const auto& [stored, size] : cases) {
-    MemorySettingsStore settings;
-    ASSERT_TRUE(settings.Write("Settings", "FontSize", stored).ok());
-    EXPECT_EQ(ReadAlarmFont(settings).size, size) << stored;
-    EXPECT_EQ(settings.At("Settings", "FontSize"), stored);
-  }
 }
 
 }  // namespace

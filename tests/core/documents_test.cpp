@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <regex>
 #include <set>
@@ -97,8 +98,33 @@ TEST(EventsFileDocument, ShowsEventsThatAreAcceptedAndLinesThatAreNot) {
       ++accepted;
     }
   }
-  EXPECT_GT(accepted, 40);
+  EXPECT_GT(accepted, 30);
   EXPECT_GT(rejected, 15);
+}
+
+TEST(GuidePages, ShowEventsThatAreAccepted) {
+  int accepted = 0;
+  for (const auto& page : std::filesystem::directory_iterator(SourceFolder() / "docs/guide")) {
+    if (page.path().extension() != ".md") continue;
+    const std::string name = page.path().filename().string();
+    bool inCode = false;
+    for (const std::string& line : LinesOf("docs/guide/" + name)) {
+      if (line.starts_with("```")) inCode = !inCode;
+      std::vector<std::string> texts = inCode ? std::vector<std::string>{line} : CodeIn(line);
+      const std::size_t quote = std::min(line.find('"'), line.size());
+      if (inCode && line.starts_with("$ ")) {
+        texts = {line.substr(quote, line.find('"', quote + 1) - quote).erase(0, 1)};
+      } else if (inCode && line.find(": ") != std::string::npos) {
+        texts.clear();  // a finding, not an event
+      }
+      for (const std::string& text : texts) {
+        if (!LooksLikeAnEvent(text)) continue;
+        EXPECT_TRUE(IsEvent(text)) << name << ": " << line;
+        ++accepted;
+      }
+    }
+  }
+  EXPECT_GE(accepted, 25);
 }
 
 TEST(Readme, ShowsEventsThatAreAccepted) {

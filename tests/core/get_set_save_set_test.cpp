@@ -325,5 +325,55 @@ TEST(BooleanSetting, AnyOtherTextGivesTheDefault) {
   }
 }
 
+// Takes every write but those of one name.
+class PickyStore : public MemorySettingsStore {
+ public:
+  std::string refused;
+  Status Write(std::string_view section, std::string_view name, std::string_view value) override {
+    return name == refused ? Status(StatusKind::kNoSpace)
+                           : MemorySettingsStore::Write(section, name, value);
+  }
+};
+
+TEST(SaveAll, StoresEveryValueUnderItsSection) {
+  MemorySettingsStore store;
+  EXPECT_TRUE(SaveAll(store, {{"Settings/FontSize", "14"}, {"UseSkin", ""}}).ok());
+  EXPECT_EQ(store.At("Settings", "FontSize"), "14");
+  EXPECT_EQ(store.At("Options", "UseSkin"), "");
+  EXPECT_TRUE(SaveAll(store, {}).ok());
+  EXPECT_EQ(store.entries.size(), 2U);
+}
+
+TEST(SaveAll, PutsBackWhatWasThereWhenAValueCannotBeStored) {
+  for (const char* const refused : {"UseSkin", "FontSize", "ShowLessThan"}) {
+    SCOPED_TRACE(refused);
+    PickyStore store;
+    ASSERT_TRUE(store.Write("Options", "UseSkin", "True").ok());
+    ASSERT_TRUE(store.Write("Options", "ShowLessThan", "False").ok());
+    store.refused = refused;
+    const Status status = SaveAll(
+        store, {{"UseSkin", "False"}, {"Settings/FontSize", "14"}, {"ShowLessThan", "True"}});
+    EXPECT_EQ(status.kind(), StatusKind::kNoSpace);
+    EXPECT_EQ(store.At("Options", "UseSkin"), "True");
+    EXPECT_EQ(store.At("Options", "ShowLessThan"), "False");
+    EXPECT_EQ(store.At("Settings", "FontSize"), "(missing)");
+  }
+}
+
+TEST(SaveAll, WritesNothingIntoAStoreThatCannotBeRead) {
+  MemorySettingsStore store;
+  store.failure = StatusKind::kNoPermission;
+  EXPECT_EQ(SaveAll(store, {{"UseSkin", "False"}}).kind(), StatusKind::kNoPermission);
+  EXPECT_EQ(store.writes, 0);
+}
+
+TEST(Stored, GivesTheTextAsItStandsAndNeverWrites) {
+  MemorySettingsStore store;
+  EXPECT_EQ(Stored(store, {"UseSkin", "True"}), "");
+  EXPECT_EQ(store.entries.size(), 0U);
+  SaveText(store, "UseSkin", "MayBe");
+  EXPECT_EQ(Stored(store, {"UseSkin", "True"}), "MayBe");
+}
+
 }  // namespace
 }  // namespace tidewarden::modGetSetSaveSet

@@ -392,6 +392,23 @@ TEST(IniSettingsStore, RefusesANameThatTheFileCannotHold) {
   EXPECT_TRUE(files.files.empty());
 }
 
+TEST(IniSettingsStore, SeveralValuesAreOneReplacementOrNone) {
+  MemoryFileSystem files;
+  files.files[kPath] = "[Options]\na=1\n";
+  IniSettingsStore store(files, kPath);
+  EXPECT_TRUE(store.WriteAll({{"Options", "a", "2"}, {"Edit", "Left", "-1"}}).ok());
+  EXPECT_EQ(files.CountCalls("commit"), 1);
+  EXPECT_EQ(files.CountCalls("lock"), 1);
+  EXPECT_EQ(files.files[kPath], "[Options]\na=2\n[Edit]\nLeft=-1\n");
+
+  EXPECT_FALSE(store.WriteAll({{"Options", "a", "3"}, {"Options", "b=c", "4"}}).ok());
+  files.commitFailures[kPath] = StatusKind::kNoSpace;
+  EXPECT_EQ(store.WriteAll({{"Options", "a", "3"}, {"Edit", "Left", "5"}}).kind(),
+            StatusKind::kNoSpace);
+  EXPECT_EQ(files.files[kPath], "[Options]\na=2\n[Edit]\nLeft=-1\n");
+  EXPECT_TRUE(store.WriteAll({}).ok());
+}
+
 TEST(IniSettingsStore, ServesGetSetAndSaveSet) {
   MemoryFileSystem files;
   IniSettingsStore store(files, kPath);

@@ -1,6 +1,7 @@
 // An events editor with everything around it in memory, and a user who types into it.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -24,6 +25,8 @@ class EditDesk {
   MemoryMessageBox messages;
   RegionalDateFormat format = MonthFirst();
   std::vector<std::string> hooksRun;
+  std::vector<EventRow> printed;
+  std::function<void()> onOptions;
 
   explicit EditDesk(std::string file = {}) { files.files[kEventsPath] = std::move(file); }
 
@@ -36,9 +39,15 @@ class EditDesk {
   EditSession& session() {
     if (!session_) {
       EditorHooks hooks;
-      hooks.print = [this] { hooksRun.emplace_back("print"); };
+      hooks.print = [this](const std::vector<EventRow>& rows) {
+        hooksRun.emplace_back("print");
+        printed = rows;
+      };
       hooks.help = [this] { hooksRun.emplace_back("help"); };
-      hooks.options = [this] { hooksRun.emplace_back("options"); };
+      hooks.options = [this] {
+        hooksRun.emplace_back("options");
+        if (onOptions) onOptions();
+      };
       hooks.donate = [this] { hooksRun.emplace_back("donate"); };
       hooks.showReminder = [this] { hooksRun.emplace_back("reminder"); };
       session_.emplace(EditPorts{settings, files, clock, messages}, hooks, format,
@@ -88,7 +97,7 @@ class EditDesk {
     return texts;
   }
 
-  [[nodiscard]] const std::string& file() { return files.files.at(kEventsPath); }
+  [[nodiscard]] const std::string& file() const { return files.files.at(kEventsPath); }
   [[nodiscard]] std::string Backup(int number) {
     const auto found = files.files.find("/home/ann/datesbk" + std::to_string(number) + ".txt");
     return found == files.files.end() ? "(none)" : found->second;

@@ -165,23 +165,52 @@ TEST(EditSession, TheDonationButtonNeedsAPage) {
   static_cast<void>(session.Load({{0, 0, 28800, 16200}}));
   session.Shown();
   EXPECT_FALSE(session.cmdDonate().visible);
+  EXPECT_FALSE(session.cmdDonate().enabled);
   EXPECT_TRUE(session.cmdPrint().visible);
   session.Donate();
   session.Print();
+}
+
+TEST(EditSession, OptionsSaveThePlaceOfANormalWindowBeforeTheProgramEnds) {
+  EditDesk desk(kFamily);
+  EditSession& session = desk.Open();
+  const std::string heightBefore = desk.settings.At("Edit", "Height");
+  session.Options(std::nullopt);
+  EXPECT_THAT(desk.hooksRun, ElementsAre("options"));
+  EXPECT_EQ(desk.settings.At("Edit", "Left"), "-1");
+  EXPECT_EQ(desk.settings.At("Edit", "Height"), heightBefore);
+
+  desk.onOptions = [&] { EXPECT_EQ(desk.settings.At("Edit", "Height"), "6000"); };
+  session.Options(EditorPlace{300, 450, 6000});
+  EXPECT_THAT(desk.hooksRun, ElementsAre("options", "options"));
+  EXPECT_EQ(desk.settings.At("Edit", "Left"), "300");
+  EXPECT_EQ(desk.settings.At("Edit", "Top"), "450");
+}
+
+TEST(EditSession, OptionsDoNotEndTheProgramOverAnEntry) {
+  EditDesk desk(kFamily);
+  EditSession& session = desk.Open();
+  session.Add();
+  session.EventInputTyped("Half a title");
+  session.Options(EditorPlace{300, 450, 6000});
+  session.HiddenOptions(EditorPlace{300, 450, 6000});
+  EXPECT_THAT(desk.hooksRun, IsEmpty());
+  EXPECT_EQ(desk.settings.At("Edit", "Left"), "-1");
+  EXPECT_EQ(session.entry().txtEventInput.text, "Half a title");
 }
 
 TEST(EditSession, HiddenButtonsWorkOnlyWhileTheirTwinsDo) {
   EditDesk desk(kFamily);
   EditSession& session = desk.Open();
   session.HiddenPrint();
-  session.HiddenOptions();
+  session.HiddenOptions(std::nullopt);
   session.HiddenDonate();
   session.HiddenSave();
   EXPECT_THAT(desk.hooksRun, ElementsAre("print", "options", "donate"));
   desk.hooksRun.clear();
   desk.Enter(0, "12.26", "Boxing Day");
   session.HiddenPrint();
-  session.HiddenOptions();
+  session.HiddenOptions(std::nullopt);
   session.HiddenDonate();
   EXPECT_THAT(desk.hooksRun, IsEmpty());
   session.Help();
@@ -404,109 +433,6 @@ TEST(EditSession, TheClockIsReadOncePerSave) {
   session.Save();
   EXPECT_EQ(clock.readings, 1);
   EXPECT_EQ(desk.file(), "12.31,Once,0,one2014\r\n");
-}
-
-// --- What is remembered.
-
-TEST(EditSession, TheLastAdvanceAndKindAreRememberedAndUsedWhenWanted) {
-  EditDesk desk;
-  EditSession& session = desk.Open();
-  desk.Enter(23, "5", "Talk", "14");
-  session.Save();
-  EXPECT_EQ(desk.settings.At("Options", "RememberLastAdvanceNoticeValue"), "14");
-  EXPECT_EQ(desk.settings.At("Options", "RememberLastOccursIndex"), "23");
-  session.Add();
-  EXPECT_EQ(session.entry().txtAdvanceInput.text, "");
-  EXPECT_EQ(session.entry().cmbOccursInput.index, 0);
-  session.Cancel();
-  desk.Set("RememberLastAdvanceNotice", "True");
-  desk.Set("RememberLastOccurs", "True");
-  session.Add();
-  EXPECT_EQ(session.entry().txtAdvanceInput.text, "14");
-  EXPECT_EQ(session.entry().cmbOccursInput.index, 23);
-}
-
-TEST(EditSession, RememberedValuesOutOfRangeAreNotUsed) {
-  for (const std::string value : {"0", "366", "-1", "abc", "", "99999999999999999999"}) {
-    EditDesk desk;
-    desk.Set("RememberLastAdvanceNotice", "True");
-    desk.Set("RememberLastAdvanceNoticeValue", value);
-    desk.Set("RememberLastOccurs", "True");
-    desk.Set("RememberLastOccursIndex", value == "366" ? "44" : value);
-    EditSession& session = desk.Open();
-    session.Add();
-    EXPECT_EQ(session.entry().txtAdvanceInput.text, "") << value;
-    EXPECT_EQ(session.entry().cmbOccursInput.index, 0) << value;
-  }
-  EditDesk last;
-  last.Set("RememberLastAdvanceNotice", "True");
-  last.Set("RememberLastAdvanceNoticeValue", "365");
-  last.Set("RememberLastOccurs", "True");
-  last.Set("RememberLastOccursIndex", "43");
-  last.Open().Add();
-  EXPECT_EQ(last.session().entry().txtAdvanceInput.text, "365");
-  EXPECT_EQ(last.session().entry().cmbOccursInput.index, 43);
-}
-
-// --- Observances.
-
-TEST(EditSession, AnObservanceFillsTheEntry) {
-  EditDesk desk;
-  EditSession& session = desk.Open();
-  session.PopularPicked(0);
-  EXPECT_EQ(session.entry().txtEventInput.text, "") << "without an entry nothing is filled";
-  session.Add();
-  session.OccursPicked(23);
-  session.EveryMonthClicked(true);
-  session.PopularPicked(27);
-  EXPECT_EQ(session.entry().cmbOccursInput.index, 9);
-  EXPECT_EQ(session.entry().txtDateInput.text, "09");
-  EXPECT_EQ(session.entry().txtEventInput.text, "Labor Day");
-  EXPECT_FALSE(session.entry().chkEveryMonth.checked);
-  EXPECT_FALSE(session.entry().lblDateExample.visible);
-  EXPECT_EQ(session.TakeFocus(), EditorFocus::kAdvanceInput);
-  session.PopularPicked(17);
-  EXPECT_EQ(session.entry().cmbOccursInput.index, 37);
-  EXPECT_EQ(session.entry().txtDateInput.text, "05");
-  session.PopularPicked(40);
-  EXPECT_EQ(session.entry().txtDateInput.text, "_estr");
-  EXPECT_EQ(session.entry().txtEventInput.text, "Easter Sunday");
-  session.PopularPicked(58);
-  EXPECT_EQ(session.entry().txtEventInput.text, "Easter Sunday");
-  session.Cancel();
-  session.Add();
-  EXPECT_EQ(session.entry().cmbPopular.index, -1);
-  EXPECT_TRUE(session.entry().lblDateExample.visible);
-}
-
-TEST(EditSession, AnEditTakesNoObservance) {
-  EditDesk desk(kFamily);
-  EditSession& session = desk.Open();
-  session.Edit();
-  const std::string title = session.entry().txtEventInput.text;
-  session.PopularPicked(3);
-  EXPECT_EQ(session.entry().txtEventInput.text, title);
-}
-
-TEST(EditSession, NothingIsTypedWithoutAnEntry) {
-  EditDesk desk(kFamily);
-  EditSession& session = desk.Open();
-  session.EventInputTyped("x");
-  session.DateInputTyped("1.1");
-  session.AdvanceInputTyped("3");
-  session.EveryInputTyped("4");
-  session.EveryMonthClicked(true);
-  session.OccursPicked(8);
-  session.DateInputLeft();
-  EXPECT_EQ(session.DateInputKey("c"), KeyUse::kPassOn);
-  session.Save();
-  session.Delete();
-  session.Cancel();
-  EXPECT_EQ(session.entry().txtEventInput.text + session.entry().txtDateInput.text +
-                session.entry().txtAdvanceInput.text + session.entry().txtEveryInput.text,
-            "");
-  EXPECT_EQ(desk.file(), kFamily);
-  EXPECT_THAT(desk.messages.shown, IsEmpty());
 }
 
 }  // namespace

@@ -351,6 +351,71 @@ TEST(EventChecks, TheWarningConcernsOneTo65DaysBack) {
   EXPECT_TRUE(others.messages.boxes.empty());
 }
 
+// 29 February 2015 does not exist, so that it does not lie back however near its place is.
+TEST(EventChecks, TheWarningIsSkippedForADayThatTheYearLacks) {
+  struct Case {
+    CivilDate today;
+    std::string date;
+    std::vector<std::string> asked;  // first words of each box
+    std::string line;
+  };
+  const std::string leapDay = "This event will only occur on leap years.";
+  const std::string farAway = "Your event occurring every 10 days";
+  for (const Case& c : std::vector<Case>{
+           {test::On(2015, 3, 10), "2.29", {leapDay}, "02.29,Fern,7,10-2016\r\n"},
+           {test::On(2015, 3, 10), "2.28", {farAway}, "02.28,Fern,7,10-2016\r\n"},
+           {test::On(2016, 3, 10), "2.29", {leapDay, farAway}, "02.29,Fern,7,10-2020\r\n"},
+           {test::On(2015, 2, 20), "2.29", {leapDay}, "02.29,Fern,7,10-2016\r\n"}}) {
+    SCOPED_TRACE(c.date);
+    EditDesk desk;
+    desk.clock.now.date = c.today;
+    desk.Open();
+    desk.Enter(4, c.date, "Fern", "7", "10");
+    desk.session().Save();
+    ASSERT_EQ(desk.messages.shown.size(), c.asked.size());
+    for (std::size_t i = 0; i < c.asked.size(); ++i) {
+      EXPECT_TRUE(desk.messages.shown[i].starts_with(c.asked[i])) << desk.messages.shown[i];
+    }
+    EXPECT_EQ(desk.file(), c.line);
+  }
+}
+
+// Easter is on 20 April in 2014 and on 5 April in 2015.
+TEST(EventChecks, AFeastGivesTheYearOfKindsThatHaveOne) {
+  struct Case {
+    CivilDate today;
+    int kind;
+    std::string code;
+    bool asked;
+  };
+  const auto before = test::On(2014, 4, 10);
+  const auto onTheDay = test::On(2014, 4, 20);
+  const auto after = test::On(2014, 5, 1);
+  const auto longAfter = test::On(2014, 7, 1);
+  for (const Case& c : std::vector<Case>{{before, 3, "one2014", false},
+                                         {before, 4, "10-2014", false},
+                                         {before, 5, "tdo2014", false},
+                                         {onTheDay, 4, "10-2014", false},
+                                         {onTheDay, 5, "tdo2014", false},
+                                         {after, 3, "one2015", false},
+                                         {after, 4, "10-2015", true},
+                                         {after, 5, "tdo2015", false},
+                                         {longAfter, 4, "10-2015", false}}) {
+    for (const RegionalDateFormat& format : {MonthFirst(), DayFirst(), YearFirst()}) {
+      SCOPED_TRACE(c.code);
+      EditDesk desk;
+      desk.format = format;
+      desk.clock.now.date = c.today;
+      desk.Open();
+      desk.Enter(c.kind, "_estr", "Easter eggs", "7", "10");
+      desk.session().Save();
+      EXPECT_EQ(desk.messages.shown.size(), c.asked ? 1U : 0U);
+      EXPECT_EQ(desk.file(), "_estr,Easter eggs,7," + c.code + "\r\n");
+      ASSERT_TRUE(desk.Select("Easter eggs"));
+    }
+  }
+}
+
 TEST(EventChecks, GoingBackFromTheWarningKeepsTheEntryAndItsShortenedCount) {
   EditDesk desk;
   desk.Open();

@@ -129,6 +129,25 @@ TEST(SavingCarefully, AFileThatVanishedIsWrittenAgainWithAllItsEvents) {
   EXPECT_EQ(desk.Backup(1), "older");
 }
 
+TEST(SavingCarefully, AFileThatCannotBeMadeIsToldAndMadeByTheNextSave) {
+  EditDesk desk;
+  desk.files.files.clear();
+  desk.files.writeFailures[kEventsPath] = StatusKind::kNoPermission;
+  EditSession& session = desk.Open();
+  const std::string missing = "\"" + kEventsPath +
+                              "\" does not exist.\n\n"
+                              "Tidewarden will now start from scratch with a new " +
+                              kEventsPath + " file.";
+  EXPECT_THAT(desk.messages.shown, ElementsAre(missing, Failure(kEventsPath, "permission denied")));
+  EXPECT_EQ(desk.messages.boxes[1].buttons, MessageButtons::kOk);
+  EXPECT_THAT(desk.List(), ElementsAre("12.22  <TODAY>"));
+  desk.files.writeFailures.clear();
+  desk.Enter(0, "6.1", "Summer");
+  session.Save();
+  EXPECT_EQ(desk.file(), "06.01,Summer,7,yearly\r\n");
+  EXPECT_EQ(desk.messages.shown.size(), 2U);
+}
+
 // --- The file has changed meanwhile.
 
 TEST(SavingCarefully, ChangesFromOutsideAreKept) {
@@ -230,6 +249,29 @@ TEST(SavingCarefully, WithoutItsRescueCopyASaveDropsNothing) {
   EXPECT_EQ(desk.file(), file);
   EXPECT_TRUE(desk.session().isEntryUnderWay());
   EXPECT_THAT(desk.messages.shown, ElementsAre(Failure(kRescuePath, "permission denied")));
+}
+
+TEST(SavingCarefully, WithBackupsAMissingRescueCopyStopsTheSaveWithoutAWord) {
+  const std::string file = "not an event\r\n01.01,A,1,yearly*\r\n";
+  EditDesk desk(file);
+  desk.Set("LevelsOfBackup", "2");
+  desk.files.files[BackupPath(kEventsPath, 1)] = "older";
+  desk.files.writeFailures[kRescuePath] = StatusKind::kNoSpace;
+  desk.Open();
+  desk.Enter(0, "12.31", "New");
+  desk.session().Save();
+  EXPECT_EQ(desk.file(), file);
+  EXPECT_EQ(desk.Backup(1), "older");
+  EXPECT_EQ(desk.Backup(2), "(none)");
+  EXPECT_TRUE(desk.session().isEntryUnderWay());
+  EXPECT_EQ(desk.session().entry().txtEventInput.text, "New");
+  EXPECT_THAT(desk.messages.shown, IsEmpty());
+  desk.files.writeFailures.clear();
+  desk.session().Save();
+  EXPECT_EQ(desk.file(), "01.01,A,1,yearly\r\n12.31,New,7,yearly\r\n");
+  EXPECT_EQ(desk.files.files[kRescuePath], file);
+  EXPECT_EQ(desk.Backup(1), file);
+  EXPECT_EQ(desk.Backup(2), "older");
 }
 
 // --- Encodings.

@@ -14,7 +14,7 @@ namespace {
 
 using test::EditDesk;
 using test::kEventsPath;
-using test::kRescuePath;
+using test::kRescueFolder;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -228,7 +228,8 @@ TEST(Saving, TheNewContentIsSafeBeforeTheBackupsAreRotatedInTheirOrder) {
   desk.session().Save();
   const std::string stem = "/home/ann/datesbk";
   EXPECT_THAT(desk.files.calls,
-              ElementsAre("read " + kEventsPath, "stage " + kEventsPath, "remove " + stem + "3.txt",
+              ElementsAre("read " + SaveNotesOf(kRescueFolder, kEventsPath).after,
+                          "read " + kEventsPath, "stage " + kEventsPath, "remove " + stem + "3.txt",
                           "rename " + stem + "2.txt " + stem + "3.txt", "remove " + stem + "2.txt",
                           "rename " + stem + "1.txt " + stem + "2.txt", "remove " + stem + "1.txt",
                           "link " + kEventsPath + " " + stem + "1.txt", "commit " + kEventsPath));
@@ -248,7 +249,7 @@ TEST(Saving, WhereFilesHaveOneNameTheBackupIsACopy) {
   EXPECT_THAT(desk.file(), HasSubstr("Summer"));
 }
 
-TEST(Saving, AFileWrittenInPlaceIsCopiedToTheBackupAndToTheRescueCopy) {
+TEST(Saving, AFileWrittenInPlaceIsCopiedToTheBackup) {
   EditDesk desk(kTwo);
   desk.Set("LevelsOfBackup", "1");
   desk.files.writesInPlace = true;
@@ -256,7 +257,6 @@ TEST(Saving, AFileWrittenInPlaceIsCopiedToTheBackupAndToTheRescueCopy) {
   desk.Enter(0, "6.1", "Summer");
   desk.session().Save();
   EXPECT_EQ(desk.Backup(1), kTwo);
-  EXPECT_EQ(desk.files.files[kRescuePath], kTwo);
   EXPECT_THAT(desk.file(), HasSubstr("Summer"));
 }
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/memory/settings_in_memory.h"
+
 namespace tidewarden {
 namespace {
 
@@ -221,6 +223,35 @@ TEST(MemoryShiftKey, IsUpUntilToldOtherwise) {
   EXPECT_FALSE(key.IsDown());
   key.down = true;
   EXPECT_TRUE(key.IsDown());
+}
+
+TEST(SettingsInMemory, ReadThroughAndNeverWriteTheOtherStore) {
+  MemorySettingsStore other;
+  ASSERT_TRUE(other.Write("Settings", "Path", "/a").ok());
+  ASSERT_TRUE(other.Write("Customizer", "JustExited", "True").ok());
+  SettingsInMemory settings(other);
+  const auto read = [&settings](const char* section, const char* name) {
+    std::string value = "untouched";
+    EXPECT_TRUE(settings.Read(section, name, value).ok());
+    return value;
+  };
+  EXPECT_EQ(read("Settings", "Path"), "/a");
+  EXPECT_EQ(read("Settings", "Left"), "");
+  const int writes = other.writes;
+  EXPECT_TRUE(settings.Write("Settings", "PATH", "/b").ok());
+  EXPECT_TRUE(settings.Write("Settings", "Left", "15").ok());
+  EXPECT_TRUE(settings.Delete("Customizer", "JustExited").ok());
+  EXPECT_EQ(read("Settings", "Path"), "/b");
+  EXPECT_EQ(read("Settings", "Left"), "15");
+  EXPECT_EQ(read("Customizer", "JustExited"), "");
+  EXPECT_EQ(other.writes, writes);
+  EXPECT_EQ(other.At("Settings", "Path"), "/a");
+  EXPECT_EQ(other.At("Settings", "Left"), "(missing)");
+  EXPECT_EQ(other.At("Customizer", "JustExited"), "True");
+
+  other.failure = StatusKind::kNoPermission;
+  std::string value;
+  EXPECT_EQ(settings.Read("Settings", "Top", value).kind(), StatusKind::kNoPermission);
 }
 
 }  // namespace

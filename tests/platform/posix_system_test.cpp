@@ -92,6 +92,12 @@ TEST(SystemFolders, TheProgramsFolderIsThatOfTheExecutable) {
   EXPECT_EQ(folders.style, PathStyle::kPosix);
 }
 
+TEST(SystemFolders, PagesAreWrittenToTheUsersOwnFolder) {
+  const ScopedVariable data("XDG_DATA_HOME", "/home/ann/share");
+  EXPECT_EQ(SystemFolders().userData, "/home/ann/share/Tideward");
+  EXPECT_EQ(GetCommonDataFolder(), "/home/ann/share/Tideward");
+}
+
 TEST(SystemFolders, TheProgramsFolderIsFoundThroughLinksAndFromAnywhere) {
   const fs::path executable = fs::canonical(kPrintProgramFolder);
   const std::string expected = executable.parent_path().string() + "\n";

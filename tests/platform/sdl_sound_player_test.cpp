@@ -25,6 +25,8 @@ namespace tidewarden {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::AllOf;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -296,6 +298,27 @@ TEST_F(SdlSoundPlayerTest, BeepsWhenThereIsNoSoundCard) {
   EXPECT_EQ(beeps_, 1);
   EXPECT_THAT(complaints_, ElementsAre(HasSubstr("cannot be played: ")));
   EXPECT_FALSE(player_.holdsDevice());
+}
+
+TEST_F(SdlSoundPlayerTest, BeepsWithoutTheLibraryOrWithAnotherInItsPlace) {
+  for (const std::string library : {"libnot_there.so.0", "libm.so.6"}) {
+    SCOPED_TRACE(library);
+    int beeps = 0;
+    std::vector<std::string> complaints;
+    SdlSoundPlayer player([&] { ++beeps; },
+                          [&](const std::string& line) { complaints.push_back(line); }, library);
+    for (int i = 1; i <= 2; ++i) {
+      player.Play("/a/bell.wav", SoundKind::kOther);
+      EXPECT_EQ(beeps, i);
+    }
+    EXPECT_THAT(complaints, Each(AllOf(HasSubstr("/a/bell.wav: cannot be played: "),
+                                       HasSubstr(library.substr(0, 4)))));
+    EXPECT_EQ(complaints.size(), 2U);
+    EXPECT_FALSE(player.isPlaying());
+    EXPECT_FALSE(player.holdsDevice());
+    player.Rest();
+    player.Stop();
+  }
 }
 
 TEST_F(SdlSoundPlayerTest, BeepsOnRequestWithoutADevice) {

@@ -138,6 +138,27 @@ TEST_F(SettingsFile, NoWriteIsLostAmongProgramsThatWriteAtTheSameTime) {
   EXPECT_EQ(found, kPrograms * kWrites);
 }
 
+TEST_F(SettingsFile, ValuesThatAreWrittenTogetherAreNeverSeenApart) {
+  constexpr int kWrites = 100;
+  IniSettingsStore store(files_, path_);
+  ASSERT_TRUE(store.WriteAll({{"Options", "a", "0"}, {"Settings", "b", "0"}}).ok());
+  const pid_t writer = StartChild([&] {
+    IniSettingsStore mine(files_, path_);
+    for (int i = 1; i <= kWrites; ++i) {
+      const std::string value = std::to_string(i);
+      if (!mine.WriteAll({{"Options", "a", value}, {"Settings", "b", value}}).ok()) ::_exit(1);
+    }
+  });
+  // The reminder program stores its own values meanwhile.
+  for (int i = 0; i < kWrites; ++i) {
+    ASSERT_TRUE(store.Write("Edit", "Left", std::to_string(i)).ok());
+    const std::string text = BytesOf(path_);
+    EXPECT_EQ(ini::FindValue(text, "Options", "a"), ini::FindValue(text, "Settings", "b"));
+  }
+  EXPECT_EQ(WaitFor(writer), 0);
+  EXPECT_EQ(BytesOf(path_), "[Options]\na=100\n[Settings]\nb=100\n[Edit]\nLeft=99\n");
+}
+
 TEST_F(SettingsFile, ACounterThatTwoProgramsReadAndWriteLosesNothingElse) {
   constexpr int kWrites = 100;
   IniSettingsStore store(files_, path_);

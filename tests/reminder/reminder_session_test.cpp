@@ -207,8 +207,6 @@ TEST(Restore, DoesNotBuildInsideABuild) {
 TEST(Tray, TakesAMinimizedWindowAndSavesNoPlacement) {
   SessionDesk desk(kChristmas);
   desk.Start();
-  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kMinimize);
-  EXPECT_FALSE(desk.area.isShown);
   EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
   EXPECT_TRUE(desk.area.isShown);
   EXPECT_TRUE(desk.session.tIcon().Visible());
@@ -219,10 +217,36 @@ TEST(Tray, TakesAMinimizedWindowAndSavesNoPlacement) {
   EXPECT_EQ(desk.session.builds(), 1);
 }
 
+TEST(Tray, TakesTheWindowAtOnceWhateverTheDesktopTellsOfIt) {
+  SessionDesk desk(kDentist);
+  desk.messages.answer = MessageAnswer::kCancel;
+  desk.Start();
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kHide);
+  EXPECT_TRUE(desk.area.isShown);
+  EXPECT_TRUE(desk.session.tIcon().Visible());
+  EXPECT_THAT(desk.area.Messages(), ElementsAre("add"));
+  EXPECT_EQ(desk.settings.writes, 0);
+  EXPECT_EQ(desk.session.builds(), 1);
+
+  // A state that is told late changes nothing, and the button has done its work.
+  EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kNone);
+  EXPECT_THAT(desk.area.Messages(), ElementsAre("add"));
+
+  // The rules of a minimized window hold, although the desktop says that it is normal.
+  EXPECT_EQ(desk.TickAt(2014, 12, 23, 0, 0, WindowState::kNormal), WindowChange::kPopUp);
+  EXPECT_FALSE(desk.area.isShown);
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kHide);
+  EXPECT_TRUE(desk.session.Close(WindowState::kNormal, CloseReason::kUser));
+  EXPECT_THAT(desk.messages.boxes, IsEmpty());
+}
+
 TEST(Tray, WithoutAnAreaTheWindowIsOnlyMinimized) {
   SessionDesk desk(kChristmas);
   desk.area.available = false;
   desk.Start();
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kMinimize);
+  EXPECT_FALSE(desk.session.tIcon().Visible());
   EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kNone);
   EXPECT_THAT(desk.area.calls, IsEmpty());
   EXPECT_EQ(desk.TickAt(2014, 12, 22, 14, 26, WindowState::kMinimized), WindowChange::kNone);
@@ -334,6 +358,71 @@ TEST(WindowStates, AReleaseOverTheBareWindowSavesItsPlace) {
       desk.Logged("set"),
       ElementsAre("set Settings/Maximized=False", "set Settings/Left=1500", "set Settings/Top=3000",
                   "set Settings/Width=6000", "set Settings/Height=4500"));
+}
+
+// ---- Screens that come and go.
+
+const WindowArea kSecondScreen{28800, 0, 19200, 12000};
+
+TEST(ScreensChanged, AWindowOnNoScreenIsMovedOntoOneAndTheSettingsStay) {
+  SessionDesk desk("");
+  desk.screens.all.push_back(kSecondScreen);
+  desk.Start();
+  const WindowPlacement onSecond{WindowState::kNormal, {30000, 1500, 6000, 4500}};
+  EXPECT_EQ(desk.session.ScreensChanged(desk.screens, onSecond), WindowChange::kNone);
+  desk.screens.all.pop_back();
+  EXPECT_EQ(desk.session.ScreensChanged(desk.screens, onSecond), WindowChange::kPlace);
+  // (28800 - 6000) / 2 and (16200 - 4500) / 2.
+  EXPECT_EQ(desk.session.placement().area, (WindowArea{11400, 5850, 6000, 4500}));
+  EXPECT_FALSE(desk.session.placement().maximized);
+  EXPECT_EQ(desk.settings.writes, 0);
+}
+
+TEST(ScreensChanged, AWindowLargerThanTheScreenBeginsAtItsCorner) {
+  SessionDesk desk("");
+  desk.Start();
+  const Screens small{{300, 600, 9600, 7200}, {{300, 600, 9600, 7200}}, true};
+  const WindowPlacement large{WindowState::kNormal, {30000, 1500, 15000, 9000}};
+  EXPECT_EQ(desk.session.ScreensChanged(small, large), WindowChange::kPlace);
+  EXPECT_EQ(desk.session.placement().area, (WindowArea{300, 600, 15000, 9000}));
+}
+
+TEST(ScreensChanged, LeavesAWindowThatCanBeSeenOrIsSeenTo) {
+  SessionDesk desk("");
+  desk.Start();
+  Screens wayland = desk.screens;
+  wayland.canPlaceWindows = false;
+  const WindowArea gone{30000, 1500, 6000, 4500};
+  // One pixel can be seen.
+  const WindowArea edge{28785, 1500, 6000, 4500};
+  EXPECT_EQ(desk.session.ScreensChanged(desk.screens, {WindowState::kNormal, edge}),
+            WindowChange::kNone);
+  EXPECT_EQ(desk.session.ScreensChanged(desk.screens, {WindowState::kMaximized, gone}),
+            WindowChange::kNone);
+  EXPECT_EQ(desk.session.ScreensChanged(wayland, {WindowState::kNormal, gone}),
+            WindowChange::kNone);
+  const Screens none{{}, {}, true};
+  EXPECT_EQ(desk.session.ScreensChanged(none, {WindowState::kNormal, gone}), WindowChange::kNone);
+}
+
+TEST(ScreensChanged, TheNextPlacementKnowsThem) {
+  for (const bool known : {false, true}) {
+    SessionDesk desk("");
+    desk.Set("Settings", "Maximized", "True");
+    desk.Set("Settings", "Left", "30000");
+    desk.Set("Settings", "Top", "3000");
+    desk.Set("Settings", "Width", "6000");
+    desk.Set("Settings", "Height", "4500");
+    desk.Start();
+    if (known) {
+      desk.screens.all.push_back(kSecondScreen);
+      EXPECT_EQ(desk.session.ScreensChanged(desk.screens, {WindowState::kMaximized, kScreen}),
+                WindowChange::kNone);
+    }
+    EXPECT_EQ(desk.session.StateChanged(WindowState::kNormal), WindowChange::kPlace);
+    // Without it the middle of the first screen, less half of a new window.
+    EXPECT_EQ(desk.session.placement().area.left, known ? 30000 : (28800 - 4425) / 2);
+  }
 }
 
 // ---- Closing.

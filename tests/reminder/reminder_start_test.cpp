@@ -96,6 +96,33 @@ TEST(ReminderStart, WhatHappensToTheWindowBeforeItIsShownDoesNotCount) {
   EXPECT_FALSE(loaded.area.isShown);
 }
 
+// ---- A picture.
+
+TEST(ReminderStart, ForAPictureNothingIsClaimedAndTheFileIsOnlyRead) {
+  const std::string events = "11.01,Long gone,0,one2014\r\n12.25,Christmas,2,yearly*\r\n";
+  SessionDesk desk(events);
+  desk.instance.anotherRuns = true;
+  desk.Set("Customizer", "JustExited", "True");
+  desk.Set("Options", "ShowOnlyIfEventsInRange", "True");
+  desk.shiftKey.down = true;  // as the program has it for a picture
+  EXPECT_EQ(desk.session.Load(desk.screens, "", StartFor::kPicture), WindowChange::kNone);
+  EXPECT_THAT(desk.List(), ElementsAre("12/22/2014   <TODAY>"));
+  EXPECT_THAT(desk.Logged("claim"), IsEmpty());
+  EXPECT_THAT(desk.Logged("stage"), IsEmpty());
+  EXPECT_THAT(desk.messages.boxes, IsEmpty());
+  EXPECT_EQ(desk.Stored("JustExited", "Customizer"), "True");
+  EXPECT_EQ(desk.file(), events);
+}
+
+TEST(ReminderStart, ForAPictureAMissingFileIsNotCreated) {
+  SessionDesk desk;
+  EXPECT_EQ(desk.session.Load(desk.screens, "", StartFor::kPicture), WindowChange::kNone);
+  EXPECT_THAT(desk.Logged("create"), IsEmpty());
+  EXPECT_THAT(desk.messages.boxes, IsEmpty());
+  EXPECT_EQ(desk.session.builder().readStatus().kind(), StatusKind::kNotFound);
+  EXPECT_EQ(desk.complaints.size(), 1U);
+}
+
 // ---- One copy.
 
 struct HandBack {

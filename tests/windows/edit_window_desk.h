@@ -24,6 +24,7 @@ inline constexpr char kEventsPath[] = "/home/someone/dates.txt";
 // What the editor asked other parts of the program for.
 struct AskedFor {
   int print = 0;
+  std::size_t printedRows = 0;
   int help = 0;
   int options = 0;
   int donate = 0;
@@ -58,7 +59,10 @@ class EditWindowDesk {
   frmEdit& Window(const QString& skin = {}) {
     if (!session_) {
       EditorHooks hooks;
-      hooks.print = [this] { ++asked.print; };
+      hooks.print = [this](const std::vector<EventRow>& rows) {
+        ++asked.print;
+        asked.printedRows = rows.size();
+      };
       hooks.help = [this] { ++asked.help; };
       hooks.options = [this] { ++asked.options; };
       if (hasOrderPage_) hooks.donate = [this] { ++asked.donate; };

@@ -140,6 +140,7 @@ void FrmAlarmTest::hasTheFontOfTheList() {
   QVERIFY(font.bold());
   QVERIFY(font.italic());
   QCOMPARE(font.pointSize(), 14);
+  QCOMPARE(font.styleHint(), QFont::SansSerif);
   QVERIFY(world.Find<QLabel>("Label1")->font().bold());
   QCOMPARE(world.Find<QLabel>("Label1")->font().family(), QStringLiteral("Arial"));
 

@@ -1,7 +1,11 @@
 // The list of the events editor's window: its rows, its keys, its clicks and its menu.
 #include <QImage>
 #include <QKeyEvent>
+#include <QScrollBar>
+#include <QSet>
+#include <algorithm>
 
+#include "editor/frm_edit_columns.h"
 #include "tests/windows/edit_window_desk.h"
 #include "tests/windows/edit_window_events.h"
 
@@ -9,6 +13,32 @@ namespace tidewarden {
 namespace {
 
 using namespace test;
+
+std::string ManyEvents(int many) {
+  std::string events;
+  for (int i = 0; i < many; ++i) {
+    events += "12.25,Christmas " + std::to_string(100'000 + i) + ",14,yearly\r\n";
+  }
+  return events;
+}
+
+// Keeps count of what the list asks for.
+class CountingDelegate : public EventColumnsDelegate {
+ public:
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    painted << index.row();
+    EventColumnsDelegate::paint(painter, option, index);
+  }
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override {
+    ++measured;
+    return EventColumnsDelegate::sizeHint(option, index);
+  }
+
+  mutable QList<int> painted;
+  mutable int measured = 0;
+};
 
 }  // namespace
 
@@ -22,6 +52,8 @@ class FrmEditListTest : public QObject {
   void showsTheDayFirstInEveryOtherOrder();
   void keepsColumnsInLineUnderWideTitles();
   void listsManyRowsWithoutDelay();
+  void drawsOnlyTheRowsThatAreSeen();
+  void makesNothingForEachRow();
   void editsByReturn_data();
   void editsByReturn();
   void editsByDoubleClick();
@@ -118,12 +150,8 @@ void FrmEditListTest::keepsColumnsInLineUnderWideTitles() {
 }
 
 void FrmEditListTest::listsManyRowsWithoutDelay() {
-  std::string events;
   constexpr int kMany = 100'000;
-  for (int i = 0; i < kMany; ++i) {
-    events += "12.25,Christmas " + std::to_string(kMany + i) + ",14,yearly\r\n";
-  }
-  EditWindowDesk desk(events);
+  EditWindowDesk desk(ManyEvents(kMany));
   desk.Open();
   QCOMPARE(desk.Rows().size(), kMany + 1);
   desk.Key(Qt::Key_End);
@@ -131,6 +159,66 @@ void FrmEditListTest::listsManyRowsWithoutDelay() {
   QVERIFY(desk.List()->viewport()->rect().contains(RowCentre(desk.List(), kMany)));
   desk.Key(Qt::Key_Return);
   QCOMPARE(desk.Text("txtEventInput"), QStringLiteral("Christmas 199999"));
+}
+
+// However long the list is, only what is seen of it costs anything when it is opened, scrolled,
+// walked through or changed.
+void FrmEditListTest::drawsOnlyTheRowsThatAreSeen() {
+  std::vector<int> rowsSeen;
+  for (const int many : {1'000, 100'000}) {
+    EditWindowDesk desk(ManyEvents(many));
+    QListView* const list = desk.List();
+    CountingDelegate delegate;
+    list->setItemDelegate(&delegate);
+    const int rowHeight = delegate.sizeHint({}, {}).height();
+    const int seen = list->height() / rowHeight + 1;
+    rowsSeen.push_back(seen);
+    const auto costs = [&](const char* what, auto deed) {
+      delegate.painted.clear();
+      delegate.measured = 0;
+      deed();
+      QApplication::processEvents();
+      list->viewport()->repaint();
+      const int first = list->indexAt({5, 1}).row();
+      for (const int row : std::as_const(delegate.painted)) {
+        // Rows that were seen before may be drawn once more on the way.
+        QVERIFY2(row >= 0 && row <= many, what);
+      }
+      QVERIFY2(delegate.painted.contains(first), what);
+      QVERIFY2(delegate.painted.size() <= 4 * seen, what);
+      QVERIFY2(delegate.measured <= 8 * seen, what);
+      const QSet<int> rows(delegate.painted.begin(), delegate.painted.end());
+      QVERIFY2(rows.size() <= 2 * seen, what);
+    };
+    costs("opened", [&] { desk.Open(); });
+    costs("scrolled", [&] { list->verticalScrollBar()->setValue(many / 2); });
+    costs("at the end", [&] { desk.Key(Qt::Key_End); });
+    costs("a page up", [&] { desk.Key(Qt::Key_PageUp); });
+    costs("a row down", [&] { desk.Key(Qt::Key_Down); });
+    costs("edited", [&] {
+      desk.Click("cmdEdit");
+      desk.Type("txtEventInput", QStringLiteral("Changed"));
+      desk.Click("cmdSave");
+    });
+    QVERIFY(desk.File().find("Changed") != std::string::npos);
+    list->setItemDelegate(nullptr);
+  }
+  QCOMPARE(rowsSeen.front(), rowsSeen.back());
+}
+
+void FrmEditListTest::makesNothingForEachRow() {
+  std::vector<qsizetype> objects;
+  for (const int many : {10, 100'000}) {
+    EditWindowDesk desk(ManyEvents(many));
+    desk.Open();
+    desk.Key(Qt::Key_End);
+    desk.Key(Qt::Key_Home);
+    QCOMPARE(desk.List()->model()->rowCount(), many + 1);
+    objects.push_back(desk.Window().findChildren<QObject*>().size());
+  }
+  // A scroll bar that is needed may have a few helpers of its own.
+  constexpr qsizetype kFew = 5;
+  QVERIFY2(objects.back() - objects.front() < kFew, "something is made for each row");
 }
 
 void FrmEditListTest::editsByReturn_data() {

@@ -41,6 +41,8 @@ class FrmReminderPlacementTest : public QObject {
   void keepsNoPlaceWhereWindowsDoNotKnowIt();
   void startsMaximizedAndComesBackToTheStoredPlace();
   void maximizingIsKeptAndThePlaceIsNot();
+  void comesOntoAScreenWhenItsOwnGoes_data();
+  void comesOntoAScreenWhenItsOwnGoes();
   void laysItsControlsOutWithoutOverlap_data();
   void laysItsControlsOutWithoutOverlap();
 };
@@ -239,6 +241,37 @@ void FrmReminderPlacementTest::maximizingIsKeptAndThePlaceIsNot() {
   QCOMPARE(world.Placement(), before);
   window.setWindowState(Qt::WindowNoState);
   QTRY_COMPARE(world.settings.At("Settings", "Maximized"), "False");
+}
+
+void FrmReminderPlacementTest::comesOntoAScreenWhenItsOwnGoes_data() {
+  QTest::addColumn<bool>("inTray");
+  QTest::newRow("visible") << false;
+  QTest::newRow("in the tray") << true;
+}
+
+void FrmReminderPlacementTest::comesOntoAScreenWhenItsOwnGoes() {
+  QFETCH(bool, inTray);
+  World world("");
+  world.Set("Settings", "Left", "30000");
+  world.Set("Settings", "Top", "1500");
+  world.Set("Settings", "Width", "6000");
+  world.Set("Settings", "Height", "4500");
+  Screens two = kScreens;
+  two.all.push_back({28800, 0, 19200, 12000});
+  QVERIFY(world.Load(two));
+  StartedWindow window(world);
+  const auto place = [&window] { return QRect(window.pos(), window.size()); };
+  QCOMPARE(place(), QRect(2000, 100, 400, 300));
+  if (inTray) Find<QToolButton>(window, "cmdTray")->click();
+  window.ScreensChanged(two);
+  QCOMPARE(place(), QRect(2000, 100, 400, 300));
+  window.ScreensChanged(kScreens);
+  QCOMPARE(window.isVisible(), !inTray);
+  if (inTray) window.RestoreFromTray();
+  // In the middle of 1920 by 1080 pixels.
+  QTRY_COMPARE(place(), QRect(760, 390, 400, 300));
+  QVERIFY(window.isVisible());
+  QCOMPARE(world.settings.At("Settings", "Left"), "30000");
 }
 
 void FrmReminderPlacementTest::laysItsControlsOutWithoutOverlap_data() {

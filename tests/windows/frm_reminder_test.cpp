@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -22,6 +23,9 @@ class FrmReminderTest : public QObject {
   void takesItsCaptionFromTheSettings();
   void showsMarkupAsItWasTyped();
   void listsManyRowsWithoutDelay();
+  void staysWhereItWasScrolledTo_data();
+  void staysWhereItWasScrolledTo();
+  void theTrayIconKnowsTheWindowBeforeItIsShown();
   void tellsWhenTheProgramIsToEnd();
   void namesEveryControlForScreenReaders();
   void goesThroughTheControlsInTheirOrderOnTheScreen();
@@ -97,6 +101,88 @@ void FrmReminderTest::listsManyRowsWithoutDelay() {
   const QModelIndex last = list->model()->index(100'000, 0);
   QTRY_VERIFY_WITH_TIMEOUT((list->scrollTo(last), list->visualRect(last).isValid()), 20'000);
   QVERIFY(list->viewport()->rect().intersects(list->visualRect(last)));
+}
+
+void FrmReminderTest::staysWhereItWasScrolledTo_data() {
+  QTest::addColumn<int>("rows");
+  QTest::addColumn<int>("top");
+  QTest::addColumn<int>("width");  // with a bar below the rows in the larger window
+  for (const int width : {295, 800}) {
+    QTest::addRow("few, %d wide", width) << 60 << 20 << width;
+    QTest::addRow("thousand, %d wide", width) << 1000 << 700 << width;
+    QTest::addRow("many, %d wide", width) << 20'000 << 15'000 << width;
+  }
+}
+
+void FrmReminderTest::staysWhereItWasScrolledTo() {
+  QFETCH(int, rows);
+  QFETCH(int, top);
+  QFETCH(int, width);
+  std::string events;
+  for (int i = 0; i < rows; ++i) {
+    events += "12.25,Christmas " + std::to_string(100'000 + i) + ",14,yearly\r\n";
+  }
+  World world(events);
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  window.resize(width, width / 2);
+  QScrollBar* const bar = ListOf(window)->verticalScrollBar();
+  QTRY_VERIFY_WITH_TIMEOUT(bar->maximum() > top, 20'000);
+  bar->setValue(top);
+  const auto topRow = [&] { return ListOf(window)->indexAt(QPoint(20, 3)).row(); };
+  QTRY_COMPARE(topRow(), top);
+
+  std::vector<int> values;
+  connect(bar, &QScrollBar::valueChanged, this, [&](int value) { values.push_back(value); });
+  // The last event goes, by a click in the menu, and at a new day.
+  world.session.OpenMenu(rows);
+  Find<QAction>(window, "mnuDeleteEvent")->trigger();
+  QTest::qWait(50);
+  QCOMPARE(ListOf(window)->model()->rowCount(), rows);
+  QTRY_COMPARE(topRow(), top);
+  world.TickOn(window, MakeDate(2014, 12, 23));
+  QTest::qWait(50);
+  QTRY_COMPARE(topRow(), top);
+  // Another text size lays out the rows anew as well, here twice in a row.
+  world.session.OpenMenu(top);
+  Find<QAction>(window, "mnuFontSize2")->trigger();
+  Find<QAction>(window, "mnuFontSize1")->trigger();
+  QTest::qWait(50);
+  QTRY_COMPARE(topRow(), top);
+  for (const int value : values) QCOMPARE(value, top);
+
+  // Of a list that has become shorter the end is shown.
+  world.files.files[kPath] = events.substr(0, events.find("\r\n") + 2);
+  window.RestoreFromTray();
+  QTRY_COMPARE(ListOf(window)->indexAt(QPoint(20, 3)).row(), 0);
+}
+
+void FrmReminderTest::theTrayIconKnowsTheWindowBeforeItIsShown() {
+  struct Watch : QObject {
+    World& world;
+    QList<WindowHandle> owners;
+    explicit Watch(World& watched) : world(watched) {}
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+      if (event->type() == QEvent::Show) owners << world.session.tIcon().OwnerForm;
+      return false;
+    }
+  };
+  World world("");
+  QVERIFY(world.Load());
+  Watch watch(world);
+  frmReminder window(world.session);
+  window.installEventFilter(&watch);
+  window.Start();
+  QVERIFY(window.winId() != 0);
+  QCOMPARE(watch.owners, QList<WindowHandle>{static_cast<WindowHandle>(window.winId())});
+
+  Find<QToolButton>(window, "cmdTray")->click();
+  QCOMPARE(world.area.calls.size(), std::size_t{1});
+  QCOMPARE(world.area.calls[0].record.hWnd, static_cast<WindowHandle>(window.winId()));
+
+  // Another window flag may give the window another number.
+  world.TickOn(window, MakeDate(2014, 12, 23));
+  QCOMPARE(world.session.tIcon().OwnerForm, static_cast<WindowHandle>(window.winId()));
 }
 
 void FrmReminderTest::tellsWhenTheProgramIsToEnd() {

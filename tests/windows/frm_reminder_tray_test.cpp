@@ -25,9 +25,10 @@ struct Desk {
     QVERIFY(world.Load());
     window = std::make_unique<StartedWindow>(world);
   }
+  // Gone when the click is over, whatever the desktop tells the window of its state.
   void SendToTray() const {
     Find<QToolButton>(*window, "cmdTray")->click();
-    QTRY_VERIFY(!window->isVisible());
+    QVERIFY(!window->isVisible());
   }
 };
 
@@ -45,6 +46,7 @@ class FrmReminderTrayTest : public QObject {
   void staysInTheTaskListWithoutATray();
   void comesOutWhenTheTrayVanishes();
   void popsUpOnANewDay();
+  void popsUpInNormalSizeWhenItWasMaximized();
   void aVisibleWindowIsOnlyRebuiltOnANewDay();
   void waitsForTheHourOfTheNewDay();
   void staysBehindTheEditorOnANewDay();
@@ -60,6 +62,10 @@ void FrmReminderTrayTest::theOrangeButtonSendsItToTheTray() {
   QVERIFY(desk.world.area.calls.empty());
   const int writes = desk.world.settings.writes;
   desk.SendToTray();
+  QVERIFY(desk.world.session.tIcon().Visible());
+  QCOMPARE(desk.world.area.Messages(), Words{"add"});
+  QTest::qWait(20);
+  QVERIFY(!desk.window->isVisible());
   QCOMPARE(desk.world.area.Messages(), Words{"add"});
   QCOMPARE(desk.world.area.calls[0].tooltip,
            "For \"always on\" computers,\r\nTidewarden reminders pop up each day.");
@@ -113,6 +119,9 @@ void FrmReminderTrayTest::staysInTheTaskListWithoutATray() {
   QVERIFY(desk.window->isVisible());
   QVERIFY(desk.window->isMinimized());
   QVERIFY(desk.world.area.calls.empty());
+  desk.world.clock.now.minute += 1;
+  desk.world.Tick(*desk.window);
+  QVERIFY(desk.window->isMinimized());
   desk.window->showNormal();
   QCoreApplication::processEvents();
   QVERIFY(desk.window->isVisible());
@@ -147,6 +156,19 @@ void FrmReminderTrayTest::popsUpOnANewDay() {
   desk.SendToTray();
   desk.window->RestoreFromTray();
   QVERIFY(desk.window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+void FrmReminderTrayTest::popsUpInNormalSizeWhenItWasMaximized() {
+  Desk desk;
+  desk.Start();
+  desk.window->showMaximized();
+  QTRY_COMPARE(desk.world.settings.At("Settings", "Maximized"), "True");
+  desk.SendToTray();
+  desk.world.TickOn(*desk.window, MakeDate(2014, 12, 23));
+  QVERIFY(desk.window->isVisible());
+  QVERIFY(!desk.window->isMaximized());
+  QTRY_COMPARE(desk.world.settings.At("Settings", "Maximized"), "False");
+  QCOMPARE(desk.window->size(), QSize(400, 300));
 }
 
 void FrmReminderTrayTest::aVisibleWindowIsOnlyRebuiltOnANewDay() {

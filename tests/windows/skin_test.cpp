@@ -17,16 +17,13 @@
 #include <QTest>
 #include <QToolButton>
 #include <algorithm>
-#include <cmath>
 
 #include "platform/qt/program_icon.h"
 #include "tests/support/source_folder.h"
+#include "tests/windows/contrast.h"
 
 namespace tidewarden {
 namespace {
-
-constexpr double kTextContrast = 4.5;
-constexpr double kLineContrast = 3.0;
 
 QString SkinPath() {
   return QString::fromStdString((test::SourceFolder() / "skin/winaqua.skn").string());
@@ -43,36 +40,10 @@ QString Skin() {
 
 // --- The desktops on which the skin has to hold.
 
-QPalette Desktop(const QColor& window, const QColor& base, const QColor& text) {
-  QPalette palette(window);
-  for (const auto role : {QPalette::Window, QPalette::Button}) palette.setColor(role, window);
-  for (const auto role : {QPalette::Base, QPalette::AlternateBase}) palette.setColor(role, base);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(role, text);
-  }
-  return palette;
-}
-
 QList<QPalette> Desktops() {
   return {Desktop(QColor(0xEF, 0xEF, 0xEF), Qt::white, Qt::black),
           Desktop(QColor(0x2D, 0x2F, 0x31), QColor(0x1D, 0x1F, 0x20), QColor(0xF0, 0xF0, 0xF0)),
           Desktop(Qt::black, Qt::black, Qt::white)};
-}
-
-// --- Contrast as the Web Content Accessibility Guidelines (2.1) define it.
-
-double Luminance(const QColor& color) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other) {
-  const double a = Luminance(one) + 0.05;
-  const double b = Luminance(other) + 0.05;
-  return std::max(a, b) / std::min(a, b);
 }
 
 // --- The skin as rules.

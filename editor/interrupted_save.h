@@ -1,0 +1,53 @@
+// What is kept while the events file is written in place, and what becomes of it when such a save
+// was interrupted.
+//
+// In a folder that takes no new files the events file itself is written, and is torn when the
+// process is killed meanwhile. Before that, the bytes of both states are put into the user's data
+// folder, the old ones first. They go again when the file is whole. Whoever reads the file for the
+// editor settles first what an interrupted save has left.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "core/file_system.h"
+
+namespace tidewarden {
+
+struct WriteResult {
+  Status status;
+  std::string path;  // the file that failed; empty after success
+};
+
+// Where the two states of a file are kept: "dates.before-save.txt" and "dates.after-save.txt" in
+// the user's data folder for an events file "dates.txt".
+struct SaveNotes {
+  std::string before;
+  std::string after;
+};
+[[nodiscard]] SaveNotes SaveNotesOf(const std::string& rescueFolder, const std::string& path);
+
+// "dates.undamaged1.txt": the file as it was before an interrupted save that cannot be undone.
+[[nodiscard]] std::string KeptCopyPath(const std::string& rescueFolder, const std::string& path,
+                                       int number);
+
+// Puts both states into the user's data folder, which is created when needed. Fails while those of
+// an earlier save are still there.
+[[nodiscard]] WriteResult NoteSave(FileSystem& files, const std::string& path,
+                                   const std::string& rescueFolder, std::string_view before,
+                                   std::string_view after);
+
+// Is told where an undamaged copy is going to be kept.
+using TellKeptCopy = std::function<void(const std::string& keptPath)>;
+
+// Settles what an interrupted save has left, and does nothing without. A file that holds one of
+// the two states is whole. One that holds nothing but parts of both is torn and gets its old bytes
+// back. Any other has been changed since and stays as it is; its old bytes are then kept under a
+// name that no other copy has, and `tell` learns it before they get it (without `tell` all waits
+// for the next call). On failure everything that is needed for another try is still there.
+[[nodiscard]] WriteResult SettleInterruptedSave(FileSystem& files, const std::string& path,
+                                                const std::string& rescueFolder,
+                                                const TellKeptCopy& tell);
+
+}  // namespace tidewarden

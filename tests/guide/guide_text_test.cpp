@@ -1,0 +1,243 @@
+// What the guide says, held against the program: links, pictures, settings, dates of feasts, times
+// in titles.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "dates/feasts.h"
+#include "dates/time_of_day.h"
+#include "dates/year_marker.h"
+#include "editor/observances.h"
+#include "guide/man_page.h"
+#include "guide/markdown.h"
+#include "tests/guide/repository_guide.h"
+#include "tests/support/source_folder.h"
+
+namespace tidewarden::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Where the file of a topic lies.
+fs::path FolderOf(const GuideTopic& topic) {
+  for (const char* const folder : {"docs/guide", "docs", "examples"}) {
+    if (fs::exists(SourceFolder() / folder / (topic.name + ".md"))) return SourceFolder() / folder;
+  }
+  return SourceFolder() / "examples";
+}
+
+// All inline texts of a page.
+std::vector<std::string> TextsOf(const std::string& markdown) {
+  std::vector<std::string> texts;
+  for (const Block& block : ReadMarkdown(markdown)) {
+    if (block.kind == BlockKind::kCode) continue;
+    texts.push_back(block.text);
+    for (const auto& row : block.rows) texts.insert(texts.end(), row.begin(), row.end());
+  }
+  return texts;
+}
+
+// The rows of all tables of a topic whose heads are these, without the heads.
+std::vector<std::vector<std::string>> RowsUnder(const std::string& topicName,
+                                                const std::vector<std::string>& heads) {
+  std::vector<std::vector<std::string>> rows;
+  const auto place = RepositoryGuide().Locate(topicName);
+  EXPECT_TRUE(place.has_value()) << topicName;
+  for (const Block& block : ReadMarkdown(RepositoryGuide().topics()[place->topic].markdown)) {
+    if (block.kind != BlockKind::kTable || block.rows.front() != heads) continue;
+    rows.insert(rows.end(), block.rows.begin() + 1, block.rows.end());
+  }
+  return rows;
+}
+
+TEST(GuideText, HasEveryTopic) {
+  std::set<std::string> names;
+  for (const GuideTopic& topic : RepositoryGuide().topics()) names.insert(topic.name);
+  for (const auto& file : fs::directory_iterator(SourceFolder() / "docs/guide")) {
+    if (file.path().extension() != ".md") continue;
+    EXPECT_TRUE(names.contains(file.path().stem().string())) << file.path();
+  }
+  EXPECT_TRUE(names.contains("events-file"));
+  EXPECT_TRUE(names.contains("dates"));
+  EXPECT_GE(names.size(), 16U);
+}
+
+TEST(GuideText, HasNoLinkToNowhereAndNoMissingPicture) {
+  int links = 0;
+  int pictures = 0;
+  for (std::size_t i = 0; i < RepositoryGuide().topics().size(); ++i) {
+    const GuideTopic& topic = RepositoryGuide().topics()[i];
+    for (const std::string& text : TextsOf(topic.markdown)) {
+      for (const Span& span : ReadSpans(text)) {
+        if (span.kind == SpanKind::kLink) {
+          EXPECT_TRUE(RepositoryGuide().Locate(span.target, i))
+              << topic.name << ": " << span.target;
+          // In the repository, too, where it is a file beside the page.
+          const std::string file = span.target.substr(0, span.target.find('#'));
+          EXPECT_TRUE(file.empty() || fs::exists(FolderOf(topic) / file)) << span.target;
+          ++links;
+        }
+        if (span.kind == SpanKind::kPicture) {
+          EXPECT_TRUE(fs::exists(FolderOf(topic) / span.target)) << topic.name << span.target;
+          EXPECT_FALSE(span.text.empty()) << span.target;
+          ++pictures;
+        }
+      }
+    }
+  }
+  EXPECT_GT(links, 60);
+  EXPECT_GE(pictures, 5);
+}
+
+TEST(GuideText, IsBuiltIntoTheProgramWhole) {
+  const std::string list = ReadGuideFile("guide.qrc");
+  for (const GuideTopic& topic : RepositoryGuide().topics()) {
+    const std::string file = topic.name + (topic.name == "dates" ? ".txt" : ".md");
+    EXPECT_TRUE(list.find(">" + file + "</file>") != std::string::npos ||
+                list.find("alias=\"" + file + "\"") != std::string::npos)
+        << file;
+    for (const std::string& text : TextsOf(topic.markdown)) {
+      for (const Span& span : ReadSpans(text)) {
+        if (span.kind != SpanKind::kPicture) continue;
+        const std::string name = fs::path(span.target).filename().string();
+        EXPECT_NE(list.find("alias=\"" + name + "\""), std::string::npos) << name;
+      }
+    }
+  }
+}
+
+// The names and defaults in the code's table of settings.
+std::map<std::string, std::string> SettingsOfTheCode() {
+  std::ifstream file(SourceFolder() / "core/settings_keys.h");
+  std::ostringstream text;
+  text << file.rdbuf();
+  static const std::regex setting(R"re(\{\s*"([^"]+)"\s*,\s*"([^"]*)")re");
+  std::map<std::string, std::string> settings;
+  const std::string content = text.str();
+  for (std::sregex_iterator it(content.begin(), content.end(), setting), end; it != end; ++it) {
+    settings[(*it)[1]] = (*it)[2];
+  }
+  return settings;
+}
+
+TEST(OptionsPage, DescribesEverySettingWithItsDefault) {
+  std::map<std::string, std::string> described;
+  for (const auto& row : RowsUnder("options", {"Setting", "Default", "What it does"})) {
+    ASSERT_EQ(row.size(), 3U);
+    EXPECT_TRUE(
+        described.emplace(PlainText(std::string_view(row[0])), PlainText(std::string_view(row[1])))
+            .second)
+        << row[0];
+    EXPECT_FALSE(row[2].empty()) << row[0];
+  }
+  const auto settings = SettingsOfTheCode();
+  EXPECT_GE(settings.size(), 45U);
+  for (const auto& [name, standard] : settings) {
+    // A family of settings with a number behind each has a row for each.
+    const std::string key = described.contains(name) ? name : name + "0";
+    ASSERT_TRUE(described.contains(key)) << name;
+    if (!standard.empty()) {
+      EXPECT_EQ(described.at(key), standard) << name;
+    }
+  }
+}
+
+TEST(SettingsManualPage, DescribesEverySetting) {
+  std::ifstream file(SourceFolder() / "docs/man/tidewarden-settings.5.md");
+  const std::string source{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::string page = PutIncludesIn(source, [](std::string_view name) {
+    return ReadGuideFile(fs::path(name).filename().string());
+  });
+  std::set<std::string> terms;
+  for (const Block& block : ReadMarkdown(page)) {
+    if (block.kind != BlockKind::kTable) continue;
+    for (const auto& row : block.rows) terms.insert(PlainText(std::string_view(row.front())));
+  }
+  for (const auto& [name, standard] : SettingsOfTheCode()) {
+    EXPECT_TRUE(terms.contains(name) || terms.contains(name + "0")) << name;
+  }
+  EXPECT_EQ(page.find(kMissingInclude), std::string::npos);
+}
+
+constexpr std::array<const char*, 12> kMonths{"January",   "February", "March",    "April",
+                                              "May",       "June",     "July",     "August",
+                                              "September", "October",  "November", "December"};
+
+// "10 February" of a year.
+CivilDate DateOf(const std::string& text, int year) {
+  const std::size_t blank = text.find(' ');
+  const auto month = std::find(kMonths.begin(), kMonths.end(), text.substr(blank + 1));
+  EXPECT_NE(month, kMonths.end()) << text;
+  return MakeDate(year, static_cast<int>(month - kMonths.begin()) + 1,
+                  std::stoi(text.substr(0, blank)));
+}
+
+TEST(FeastsPage, GivesTheDatesThatTheProgramWorksOut) {
+  int feasts = 0;
+  for (const auto& heads : std::vector<std::vector<std::string>>{
+           {"Code", "Feast", "Days from Easter Sunday", "In 2027"},
+           {"Code", "Feast", "In 2027"},
+           {"Code", "Feast", "Hebrew date", "In 2027"},
+           {"Code", "Feast", "Rule", "In 2027"}}) {
+    for (const auto& row : RowsUnder("feasts", heads)) {
+      for (const Span& code : ReadSpans(row.front())) {
+        if (code.kind != SpanKind::kCode) continue;
+        ASSERT_TRUE(IsFeastCode(code.text)) << code.text;
+        EXPECT_EQ(FeastDate(ReadFeast(code.text), 2027), DateOf(row.back(), 2027)) << code.text;
+        ++feasts;
+      }
+    }
+  }
+  EXPECT_EQ(feasts, 9 + 3 + 9 + 1);
+}
+
+TEST(FeastsPage, CountsTheDaysFromEasterAsTheProgramDoes) {
+  for (const auto& row :
+       RowsUnder("feasts", {"Code", "Feast", "Days from Easter Sunday", "In 2027"})) {
+    const int days = std::atoi(row[2].c_str());
+    const int sign = row[2].ends_with("before") ? -1 : 1;
+    EXPECT_EQ(ReadFeast(ReadSpans(row[0]).front().text).easterOffset, sign * days) << row[0];
+  }
+}
+
+TEST(AlarmsPage, ReadsTimesAsTheProgramDoes) {
+  static const std::regex time("([0-9]+):([0-9]{2})");
+  const auto rows = RowsUnder("alarms", {"Title", "Time"});
+  for (const auto& row : rows) {
+    std::smatch match;
+    const int expected = std::regex_match(row[1], match, time)
+                             ? std::stoi(match[1]) * 100 + std::stoi(match[2])
+                             : kNoTimeOfDay;
+    EXPECT_TRUE(expected != kNoTimeOfDay || row[1].starts_with("none")) << row[1];
+    EXPECT_EQ(ConvertToFourDigitTime(PlainText(std::string_view(row[0]))), expected) << row[0];
+  }
+  EXPECT_GE(rows.size(), 9U);
+}
+
+TEST(EventsPage, CountsAnniversariesAsTheProgramDoes) {
+  const auto rows = RowsUnder("events", {"Title in the file", "Shown for its date in 2027"});
+  for (const auto& row : rows) {
+    std::string title = PlainText(std::string_view(row[0]));
+    ApplyYearMarker(title, 7, 2027);
+    EXPECT_EQ(title, row[1]);
+  }
+  EXPECT_GE(rows.size(), 3U);
+}
+
+TEST(EditorPage, KnowsHowManyObservancesThereAre) {
+  EXPECT_NE(ReadGuideFile("editor.md").find(std::to_string(kObservances) + " well-known days"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace tidewarden::test
