@@ -10,6 +10,7 @@ namespace {
 
 // The system extends the sign of a 32-bit handle, and drops it again, in the same way.
 void* HandleOf(std::uint32_t number) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): handles are numbers in the guise of pointers.
   return reinterpret_cast<void*>(static_cast<std::intptr_t>(static_cast<std::int32_t>(number)));
 }
 

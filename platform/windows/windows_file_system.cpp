@@ -77,7 +77,7 @@ Status WindowsFileSystem::Read(const std::string& path, const TakeBytes& take) {
   const auto buffer = std::make_unique_for_overwrite<char[]>(kReadPiece);
   while (true) {
     DWORD got = 0;
-    const Status status =
+    Status status =
         Patiently([&] { return ::ReadFile(file.get(), buffer.get(), kReadPiece, &got, nullptr); });
     if (!status.ok()) return status;
     if (got == 0 || !take({buffer.get(), got})) return {};

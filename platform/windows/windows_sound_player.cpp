@@ -73,7 +73,7 @@ void WindowsSoundPlayer::Rest() {
 }
 
 // A command for the open file: the word that names it stands behind the first one.
-bool WindowsSoundPlayer::Control(const std::wstring& command, std::wstring* answer) {
+bool WindowsSoundPlayer::Control(const std::wstring& command, std::wstring* answer) const {
   const std::size_t verb = command.find(L' ');
   const std::wstring rest = verb == std::wstring::npos ? L"" : command.substr(verb);
   return calls_.control(command.substr(0, verb) + L" " + kDevice + rest, answer);

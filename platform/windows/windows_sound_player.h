@@ -35,7 +35,7 @@ class WindowsSoundPlayer : public SoundPlayer {
   void Rest() override;
 
  private:
-  bool Control(const std::wstring& command, std::wstring* answer = nullptr);
+  bool Control(const std::wstring& command, std::wstring* answer = nullptr) const;
   void CloseControl();
 
   std::function<void(const std::string&)> complain_;
