@@ -37,6 +37,19 @@ std::optional<int> ReadSeconds(std::string_view text) {
   return (*time / 100 * 60 + *time % 100) * 60 + seconds;
 }
 
+// Where Qt sees no console it would show a box to press OK in, to a waiting script too; a box is
+// for those alone who have no standard output.
+void ShowHelp(QCommandLineParser& parser) {
+  const std::string text = parser.helpText().toStdString();
+  if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) parser.showHelp(kDone);
+}
+
+void ShowVersion(QCommandLineParser& parser) {
+  const std::string text = QCoreApplication::applicationName().toStdString() + " " +
+                           QCoreApplication::applicationVersion().toStdString() + "\n";
+  if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) parser.showVersion();
+}
+
 }  // namespace
 
 void Complain(const std::string& text) {
@@ -58,8 +71,14 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
     Complain(parser.errorText().toStdString() + "; --help tells what there is");
     return kUsage;
   }
-  if (parser.isSet(QStringLiteral("help"))) parser.showHelp(kDone);
-  if (parser.isSet(QStringLiteral("version"))) parser.showVersion();
+  if (parser.isSet(QStringLiteral("help"))) {
+    ShowHelp(parser);
+    return kDone;
+  }
+  if (parser.isSet(QStringLiteral("version"))) {
+    ShowVersion(parser);
+    return kDone;
+  }
   if (!parser.positionalArguments().isEmpty()) {
     Complain("\"" + parser.positionalArguments().constFirst().toStdString() +
              "\" is not an option; an events file is named by --file");

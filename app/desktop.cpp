@@ -46,10 +46,14 @@ Desktop::Desktop(const Arguments& arguments)
       formats_(MakeSystemFormats(arguments.shortDate.toStdString())),
       settings_(SettingsOf(arguments, *files_)),
       settingsOfPicture_(*settings_),
+      shiftKey_(MakeSystemShiftKey()),
       instance_(InstanceOf(arguments, *files_)),
-      sound_(&QApplication::beep, Complain),
+      tray_(MakeProgramTray()),
+      sound_(MakeSystemSound(Complain)),
+      shell_(MakeSystemShell()),
+      end_(MakeProgramEnd()),
       editor_({Settings(), *files_, clock_, Messages()}),
-      alarms_({Settings(), *files_, sound_, Messages()}, SystemFolders()),
+      alarms_({Settings(), *files_, *sound_, Messages()}, SystemFolders()),
       session_({Settings(), *files_, clock_, Messages(), Shift(), *formats_, *instance_, Area(),
                 random_, editor_, alarms_, SystemFolders()}) {
   session_.Complain = Complain;
@@ -67,12 +71,12 @@ SettingsStore& Desktop::Settings() {
 }
 
 NotificationArea& Desktop::Area() {
-  return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : area_;
+  return OnlyPicture() ? static_cast<NotificationArea&>(noArea_) : *tray_.area;
 }
 
 // Who asks for a picture wants to see it, as one who holds Shift wants to see an empty list.
 ShiftKey& Desktop::Shift() {
-  return OnlyPicture() ? static_cast<ShiftKey&>(heldShift_) : shiftKey_;
+  return OnlyPicture() ? static_cast<ShiftKey&>(heldShift_) : *shiftKey_;
 }
 
 int Desktop::Run() {
@@ -105,9 +109,9 @@ int Desktop::ShowWindows() {
 
 void Desktop::ConnectTray(frmReminder& window) {
   TrayIcon& icon = session_.tIcon();
-  icon.Icon(area_.AddIcon(QApplication::windowIcon()));
+  icon.Icon(tray_.icon);
   icon.MouseUp = [&window](TrayButton /*button*/) { window.RestoreFromTray(); };
-  area_.Mouse = [&icon](IconMouseMessage message) {
+  tray_.area->Mouse = [&icon](IconMouseMessage message) {
     icon.HandleCallback(static_cast<double>(message), 1);
   };
 }
@@ -115,10 +119,10 @@ void Desktop::ConnectTray(frmReminder& window) {
 EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
   EditorOfProgram::Parts parts;
   parts.hooks.print = [this](const std::vector<EventRow>& rows) { Print(rows); };
-  parts.hooks.help = [this] { StartHelp(shell_, SystemFolders()); };
+  parts.hooks.help = [this] { StartHelp(*shell_, SystemFolders()); };
   parts.hooks.options = [this] { EndWithOptions(); };
   if (IsOrderPage(kOrderPage)) {
-    parts.hooks.donate = [this] { OpenOrderPage(shell_, kOrderPage, SystemFolders().style); };
+    parts.hooks.donate = [this] { OpenOrderPage(*shell_, kOrderPage, SystemFolders().style); };
   }
   parts.hooks.showReminder = [&window] { window.Return(); };
   parts.format = session_.builder().format();
@@ -132,7 +136,7 @@ EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
 
 void Desktop::Print(const std::vector<EventRow>& rows) {
   const ProgramFolders folders = SystemFolders();
-  PrintEvents({*settings_, *files_, *formats_, Messages(), shell_}, rows,
+  PrintEvents({*settings_, *files_, *formats_, Messages(), *shell_}, rows,
               session_.builder().format(),
               {GetCommonDataFolder(), folders.userData, folders.style});
 }
@@ -142,7 +146,7 @@ void Desktop::EndWithOptions() {
     session_.tIcon().Visible(false);
     instance_->Release();
   };
-  ChangeToOptions({*files_, shell_, end_, release}, SystemFolders());
+  ChangeToOptions({*files_, *shell_, *end_, release}, SystemFolders());
 }
 
 void Desktop::ShowAlarm() {

@@ -9,14 +9,12 @@
 #include "app/arguments.h"
 #include "app/editor_of_program.h"
 #include "app/start_clock.h"
+#include "app/system_adapters.h"
 #include "platform/memory/memory_notification_area.h"
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
 #include "platform/memory/settings_in_memory.h"
-#include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
-#include "platform/qt/qt_shell.h"
-#include "platform/sdl/sdl_sound_player.h"
 #include "reminder/reminder_session.h"
 
 namespace tidewarden {
@@ -70,15 +68,15 @@ class Desktop {
   SettingsInMemory settingsOfPicture_;
   QtMessageBox boxes_;
   StandardErrorMessages lines_;
-  QtShiftKey shiftKey_;
+  std::unique_ptr<ShiftKey> shiftKey_;
   MemoryShiftKey heldShift_;
   std::unique_ptr<PreviousInstance> instance_;
-  QtNotificationArea area_;
+  ProgramTray tray_;
   MemoryNotificationArea noArea_;
   SplitMixNumbers random_;
-  SdlSoundPlayer sound_;
-  QtShell shell_;
-  ProcessEnd end_;
+  std::unique_ptr<SoundPlayer> sound_;
+  std::unique_ptr<Shell> shell_;
+  std::unique_ptr<ProgramEnd> end_;
   EditorOfProgram editor_;
   AlarmSession alarms_;
   ReminderSession session_;

@@ -3,8 +3,11 @@
 #include <cstdio>
 #include <new>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "cli/commands.h"
+#include "platform/system.h"
 #include "tidewarden_version.h"
 
 namespace {
@@ -43,7 +46,7 @@ void AddFiles(CLI::App& command, CommonOptions& options) {
       ->check(NotEmpty());
 }
 
-tidewarden::cli::ExitCode Run(int argc, char** argv) {
+tidewarden::cli::ExitCode Run(const std::vector<std::string>& arguments) {
   using namespace tidewarden::cli;
   CLI::App app{
       "Tidewarden at the terminal: what is coming, from a file of events.\n"
@@ -82,8 +85,10 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
       ->check(CLI::Range(1, 10000));
   AddClockAndFormat(*next, options);
 
+  std::vector<const char*> texts;
+  for (const std::string& argument : arguments) texts.push_back(argument.c_str());
   try {
-    app.parse(argc, argv);
+    app.parse(static_cast<int>(texts.size()), texts.data());
   } catch (const CLI::ParseError& error) {
     std::ostringstream out;
     std::ostringstream complaints;
@@ -101,7 +106,8 @@ tidewarden::cli::ExitCode Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   const char* complaint = nullptr;
   try {
-    return Run(argc, argv);
+    tidewarden::PrepareProgram();
+    return Run(tidewarden::ProgramArguments(argc, argv));
   } catch (const std::bad_alloc&) {
     complaint = "tidewarden-cli: out of memory\n";
   } catch (...) {

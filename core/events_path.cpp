@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kFileName = "dates.txt";
 constexpr std::string_view kEnding = ".txt";
+constexpr std::string_view kNetwork = "\\\\";
 
 const std::string& EventsFolder(FileSystem& files, const ProgramFolders& folders) {
   FileStamp stamp;
@@ -17,6 +18,12 @@ const std::string& EventsFolder(FileSystem& files, const ProgramFolders& folders
       files.CanCreateIn(folders.program) ||
       files.GetStamp(JoinPath(folders.program, kFileName, folders.style), stamp).ok();
   return usable ? folders.program : folders.userData;
+}
+
+// True for a file somewhere below a folder on the network, by the texts alone.
+bool IsBelowNetworkFolder(std::string_view path, std::string_view folder) {
+  return folder.starts_with(kNetwork) && path.size() > folder.size() &&
+         path[folder.size()] == '\\' && EqualIgnoringCase(path.substr(0, folder.size()), folder);
 }
 
 }  // namespace
@@ -48,8 +55,13 @@ std::string LocateEventsFile(SettingsStore& settings, FileSystem& files,
     stored += kEnding;
     modGetSetSaveSet::Save(settings, settings::kPath, stored);
   }
-  const bool isWindows = folders.style == PathStyle::kWindows;
-  return ResolveEventsPath(stored, isWindows ? folders.program : folder, folders.style);
+  if (folders.style == PathStyle::kPosix) return ResolveEventsPath(stored, folder, folders.style);
+  // The default of a program or a user whose folders are on the network is a full path.
+  if (IsBelowNetworkFolder(stored, folders.program) ||
+      IsBelowNetworkFolder(stored, folders.userData)) {
+    return stored;
+  }
+  return ResolveEventsPath(stored, folders.program, folders.style);
 }
 
 }  // namespace tidewarden

@@ -35,7 +35,8 @@ struct ProgramFolders {
 // Reads "Settings/Path" and resolves it. A value that does not end in ".txt" gets that ending
 // and is saved back. The default lies in the program's folder when that takes new files or already
 // holds "dates.txt", else in the user's data folder. Relative paths start from the program's folder
-// on Windows, and from the default's folder on Posix.
+// on Windows, and from the default's folder on Posix. A path that begins with one of the two
+// folders where these are on the network ("\\server\share\...") is full: it stays as it is.
 [[nodiscard]] std::string LocateEventsFile(SettingsStore& settings, FileSystem& files,
                                            const ProgramFolders& folders);
 

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "app/start_clock.h"
+#include "app/system_adapters.h"
 #include "core/ini_settings_store.h"
 #include "customizer/frm_customizer.h"
 #include "customizer/options_session.h"
@@ -20,7 +21,6 @@
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/window_picture.h"
-#include "platform/sdl/sdl_sound_player.h"
 #include "platform/system.h"
 #include "tidewarden_version.h"
 
@@ -130,14 +130,14 @@ class Customizer {
         clock_(*systemClock_, arguments.today, std::nullopt),
         formats_(MakeSystemFormats({})),
         settings_(SettingsOf(arguments, *files_)),
-        sound_(&QApplication::beep, Complain),
+        sound_(MakeSystemSound(Complain)),
         autostart_(MakeAutostart(*files_)) {}
 
   int Run() {
     std::string anyValue;
     const Status status = settings_->Read("Settings", "Path", anyValue);
     if (!status.ok()) return TellUnreadable(status);
-    OptionsSession session({*settings_, *files_, examples_, clock_, *formats_, sound_, boxes_,
+    OptionsSession session({*settings_, *files_, examples_, clock_, *formats_, *sound_, boxes_,
                             *autostart_, SystemFolders()},
                            arguments_.file.toStdString());
     session.StartReminder = [this] { return StartReminder(); };
@@ -194,7 +194,7 @@ class Customizer {
   StartClock clock_;
   std::unique_ptr<RegionalFormats> formats_;
   std::unique_ptr<SettingsStore> settings_;
-  SdlSoundPlayer sound_;
+  std::unique_ptr<SoundPlayer> sound_;
   QtMessageBox boxes_;
   std::unique_ptr<Autostart> autostart_;
 };
@@ -204,14 +204,9 @@ class Customizer {
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-    return argument == "--help" || argument == "-h" || argument == "--version" || argument == "-v";
-  });
-  // What only prints needs no screen.
-  if (onlyTells && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-  }
-  const QApplication app(argc, argv);
+  PrepareDesktop(argc, argv, WindowPlaces::kDesktop);
+  QApplication app(argc, argv);
+  SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("customizer"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidewarden"));

@@ -52,12 +52,19 @@ QColor Faded(const QPalette& palette) {
           (text.blue() + base.blue()) / 2};
 }
 
+bool IsMarked(const QStyleOptionViewItem& option) {
+  return option.state.testFlag(QStyle::State_Enabled) &&
+         option.state.testFlag(QStyle::State_Selected);
+}
+
+QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option) {
+  return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+}
+
 QColor TextColour(const QStyleOptionViewItem& option) {
   if (!option.state.testFlag(QStyle::State_Enabled)) return Faded(option.palette);
-  const bool active = option.state.testFlag(QStyle::State_Active);
-  const bool selected = option.state.testFlag(QStyle::State_Selected);
-  return option.palette.color(active ? QPalette::Active : QPalette::Inactive,
-                              selected ? QPalette::HighlightedText : QPalette::Text);
+  return option.palette.color(GroupOf(option),
+                              IsMarked(option) ? QPalette::HighlightedText : QPalette::Text);
 }
 
 }  // namespace
@@ -83,6 +90,10 @@ void EventColumnsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
   background.text.clear();
   const QStyle* const style = option.widget ? option.widget->style() : QApplication::style();
   style->drawControl(QStyle::CE_ItemViewItem, &background, painter, option.widget);
+  // Windows' style marks a row in a pale colour of its own, on which the text would vanish.
+  if (IsMarked(option)) {
+    painter->fillRect(option.rect, option.palette.brush(GroupOf(option), QPalette::Highlight));
+  }
 
   painter->save();
   painter->setFont(font_);

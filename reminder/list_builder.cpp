@@ -70,7 +70,8 @@ void ListBuilder::RemovePastOneTime(CivilDate today) {
   std::vector<long> removed;
   writeStatus_ = RemovePastOneTimeEvents(ports_.files, EventsFilePath_, today, removed);
   for (ReminderRow& row : list_.rows) {
-    row.line -= std::lower_bound(removed.begin(), removed.end(), row.line) - removed.begin();
+    const auto before = std::lower_bound(removed.begin(), removed.end(), row.line);
+    row.line -= static_cast<long>(before - removed.begin());
   }
 }
 

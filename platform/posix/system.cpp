@@ -9,6 +9,7 @@
 
 #include "core/ini_settings_store.h"
 #include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_folders.h"
 #include "platform/posix/posix_previous_instance.h"
 #include "platform/posix/posix_regional_formats.h"
 #include "platform/posix/xdg_autostart.h"
@@ -65,6 +66,12 @@ std::string InstancePath(FileSystem& files, const std::string& settingsPath) {
 }
 
 }  // namespace
+
+void PrepareProgram() {}
+
+std::vector<std::string> ProgramArguments(int argc, char** argv) {
+  return {argv, argv + argc};
+}
 
 std::unique_ptr<FileSystem> MakeSystemFiles() {
   return std::make_unique<PosixFileSystem>();

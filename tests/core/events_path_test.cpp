@@ -115,6 +115,38 @@ TEST_F(LocateEventsFileTest, OnWindowsTooTheUsersFolderIsTheFallback) {
   EXPECT_EQ(Locate(), "C:\\Tw\\sub\\mine.txt");
 }
 
+// Roaming folders are often on a server, and a program may be started from one.
+TEST_F(LocateEventsFileTest, OnWindowsADefaultOnTheNetworkIsAFullPath) {
+  folders_ = {"C:\\Tw", "\\\\server\\me\\Tideward", PathStyle::kWindows};
+  files_.unwritableFolders = {"C:\\Tw"};
+  for (const char* start : {"first", "second"}) {
+    EXPECT_EQ(Locate(), "\\\\server\\me\\Tideward\\dates.txt") << start;
+    EXPECT_EQ(Stored(), "\\\\server\\me\\Tideward\\dates.txt") << start;
+  }
+  Store("\\\\SERVER\\Me\\tideward\\sub\\mine");
+  EXPECT_EQ(Locate(), "\\\\SERVER\\Me\\tideward\\sub\\mine.txt");
+
+  folders_ = {"\\\\server\\programs\\Tw", "C:\\Roaming\\Tideward", PathStyle::kWindows};
+  files_.unwritableFolders.clear();
+  settings_.entries.clear();
+  EXPECT_EQ(Locate(), "\\\\server\\programs\\Tw\\dates.txt");
+  EXPECT_EQ(Locate(), "\\\\server\\programs\\Tw\\dates.txt");
+}
+
+TEST_F(LocateEventsFileTest, OnWindowsAnyOtherRootedPathStartsAtTheProgramsFolder) {
+  folders_ = {"C:\\Tw", "\\\\server\\me\\Tideward", PathStyle::kWindows};
+  const std::vector<PathCase> cases{
+      {"\\\\server\\share\\dates.txt", "C:\\Tw\\\\server\\share\\dates.txt"},
+      {"\\\\server\\me\\TidewardToo\\dates.txt", "C:\\Tw\\\\server\\me\\TidewardToo\\dates.txt"},
+      {"\\dates.txt", "C:\\Tw\\dates.txt"},
+      {"C:\\Tw\\dates.txt", "C:\\Tw\\dates.txt"},
+  };
+  for (const PathCase& c : cases) {
+    Store(c.stored);
+    EXPECT_EQ(Locate(), c.full);
+  }
+}
+
 TEST_F(LocateEventsFileTest, AMissingEndingIsAddedAndSavedAsStored) {
   const std::vector<std::vector<std::string>> cases{
       // stored, saved, used

@@ -19,7 +19,7 @@ std::string WithoutBlanks(const std::string& text) {
 }  // namespace
 
 std::vector<DataRow> ReadDataRows(const std::string& fileName, std::size_t columns) {
-  const std::string path = SourceFolder() / "tests/data" / fileName;
+  const std::string path = (SourceFolder() / "tests/data" / fileName).string();
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("cannot read " + path);
   std::vector<DataRow> rows;

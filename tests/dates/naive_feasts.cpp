@@ -8,9 +8,9 @@
 namespace tidewarden::test {
 namespace {
 
-constexpr long kHebrewEpoch = -1373427;
+constexpr std::int64_t kHebrewEpoch = -1373427;
 
-long Floor(long value, long by) {
+std::int64_t Floor(std::int64_t value, std::int64_t by) {
   return value >= 0 ? value / by : -((-value + by - 1) / by);
 }
 
@@ -29,23 +29,23 @@ bool IsHebrewLeapYear(int year) {
   }
 }
 
-long ElapsedDays(int year) {
-  const long months = Floor(235L * year - 234, 19);
-  const long parts = 12084 + 13753 * months;
-  const long days = 29 * months + Floor(parts, 25920);
+std::int64_t ElapsedDays(int year) {
+  const std::int64_t months = Floor(std::int64_t{235} * year - 234, 19);
+  const std::int64_t parts = 12084 + 13753 * months;
+  const std::int64_t days = 29 * months + Floor(parts, 25920);
   return 3 * (days + 1) % 7 < 3 ? days + 1 : days;
 }
 
-long NewYear(int year) {
-  const long before = ElapsedDays(year - 1);
-  const long now = ElapsedDays(year);
-  const long after = ElapsedDays(year + 1);
-  const long delay = after - now == 356 ? 2 : now - before == 382 ? 1 : 0;
+std::int64_t NewYear(int year) {
+  const std::int64_t before = ElapsedDays(year - 1);
+  const std::int64_t now = ElapsedDays(year);
+  const std::int64_t after = ElapsedDays(year + 1);
+  const std::int64_t delay = after - now == 356 ? 2 : now - before == 382 ? 1 : 0;
   return kHebrewEpoch + now + delay;
 }
 
 int LastDayOf(int year, int month) {
-  const long length = NewYear(year + 1) - NewYear(year);
+  const std::int64_t length = NewYear(year + 1) - NewYear(year);
   const bool longMarheshvan = length == 355 || length == 385;
   const bool shortKislev = length == 353 || length == 383;
   if (month == 2 || month == 4 || month == 6 || month == 10 || month == 13) return 29;
@@ -56,8 +56,8 @@ int LastDayOf(int year, int month) {
 }
 
 // Days of the Gregorian calendar before a year.
-long FixedBefore(int year) {
-  const long years = year - 1;
+std::int64_t FixedBefore(int year) {
+  const std::int64_t years = year - 1;
   return 365 * years + Floor(years, 4) - Floor(years, 100) + Floor(years, 400);
 }
 
@@ -80,9 +80,9 @@ MonthAndDay NaiveEaster(int year) {
   return {n / 31, n % 31 + 1};
 }
 
-long NaiveHebrewFixed(int hebrewYear, int month, int day) {
+std::int64_t NaiveHebrewFixed(int hebrewYear, int month, int day) {
   const int lastMonth = IsHebrewLeapYear(hebrewYear) ? 13 : 12;
-  long fixed = NewYear(hebrewYear) + day - 1;
+  std::int64_t fixed = NewYear(hebrewYear) + day - 1;
   if (month >= 7) {
     for (int passed = 7; passed < month; ++passed) fixed += LastDayOf(hebrewYear, passed);
   } else {
@@ -93,7 +93,7 @@ long NaiveHebrewFixed(int hebrewYear, int month, int day) {
 }
 
 int NaiveHebrewIndex(int hebrewYear, int month, int day) {
-  const long fixed = NaiveHebrewFixed(hebrewYear, month, day);
+  const std::int64_t fixed = NaiveHebrewFixed(hebrewYear, month, day);
   return static_cast<int>(fixed - FixedBefore(NaiveCalendar::kFirstYear) - 1);
 }
 

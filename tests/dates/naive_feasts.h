@@ -1,6 +1,7 @@
 // Feasts by other people's algorithms, to check the engine's.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace tidewarden::test {
@@ -21,7 +22,7 @@ struct MonthAndDay {
 [[nodiscard]] int NaiveHebrewIndex(int hebrewYear, int month, int day);
 
 // The same as fixed day number of that book: 1 is 1 January of the year 1.
-[[nodiscard]] long NaiveHebrewFixed(int hebrewYear, int month, int day);
+[[nodiscard]] std::int64_t NaiveHebrewFixed(int hebrewYear, int month, int day);
 
 // The place in NaiveCalendar of a Hebrew feast ("_rosh") in a Gregorian year.
 [[nodiscard]] int NaiveHebrewFeastIndex(std::string_view code, int gregorianYear);

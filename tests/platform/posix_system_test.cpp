@@ -19,6 +19,7 @@
 #include "core/settings_keys.h"
 #include "dates/date_text.h"
 #include "platform/memory/memory_ports.h"
+#include "platform/posix/posix_folders.h"
 #include "tests/support/processes.h"
 #include "tests/support/temporary_folder.h"
 

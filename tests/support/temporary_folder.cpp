@@ -1,6 +1,7 @@
 #include "tests/support/temporary_folder.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>

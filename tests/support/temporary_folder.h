@@ -1,7 +1,7 @@
 // A folder that is there for one test, what stands in it, and files by their paths.
 #pragma once
 
-#include <sys/stat.h>
+#include <sys/types.h>
 
 #include <map>
 #include <ostream>
@@ -13,9 +13,9 @@ namespace tidewarden::test {
 
 // Everything about a file that a program could have changed, except the time of its last reading.
 struct FileState {
-  mode_t mode = 0;  // kind and permissions
-  uid_t owner = 0;
-  ino_t identity = 0;
+  unsigned mode = 0;  // kind and permissions; on Windows the attributes
+  unsigned owner = 0;
+  unsigned long long identity = 0;
   long long size = 0;
   long long modified = 0;  // nanoseconds
   long long changed = 0;   // nanoseconds

@@ -1,0 +1,78 @@
+#include <windows.h>
+
+#include <QApplication>
+#include <array>
+#include <cstdio>
+#include <utility>
+
+#include "app/system_adapters.h"
+#include "platform/system.h"
+#include "platform/windows/qt_shell_notification_area.h"
+#include "platform/windows/qt_topmost_windows.h"
+#include "platform/windows/windows_ports.h"
+#include "platform/windows/windows_shell.h"
+#include "platform/windows/windows_sound_player.h"
+
+namespace tidewarden {
+namespace {
+
+// A program with windows gets no console from the system, but may write to that of its caller.
+void UseConsoleOfCaller() {
+  struct Stream {
+    DWORD handle;
+    FILE* stream;
+  };
+  const std::array<Stream, 2> streams{{{STD_OUTPUT_HANDLE, stdout}, {STD_ERROR_HANDLE, stderr}}};
+  const auto isOpen = [](const Stream& stream) {
+    const HANDLE handle = ::GetStdHandle(stream.handle);
+    return handle != nullptr && ::GetFileType(handle) != FILE_TYPE_UNKNOWN;
+  };
+  std::array<bool, 2> wasOpen{isOpen(streams[0]), isOpen(streams[1])};
+  if ((wasOpen[0] && wasOpen[1]) || ::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return;
+  // What the caller has sent to a file stays there.
+  for (std::size_t i = 0; i < streams.size(); ++i) {
+    if (!wasOpen[i]) static_cast<void>(std::freopen("CONOUT$", "w", streams[i].stream));
+  }
+}
+
+}  // namespace
+
+void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
+  UseConsoleOfCaller();
+  PrepareProgram();
+  // Plugins are linked into the program; none is taken from a folder that anybody may make.
+  QCoreApplication::setLibraryPaths({});
+}
+
+void SettleDesktop(QCoreApplication& application) {
+  // Belongs to the application.
+  new QtTopmostWindows(application);
+}
+
+bool HasDesktop() {
+  return true;
+}
+
+ProgramTray MakeProgramTray() {
+  auto area = std::make_unique<QtShellNotificationArea>();
+  const IconHandle icon = area->AddIcon(QApplication::windowIcon());
+  return {std::move(area), icon};
+}
+
+std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::string&)> complain) {
+  return std::make_unique<WindowsSoundPlayer>(std::move(complain));
+}
+
+std::unique_ptr<ShiftKey> MakeSystemShiftKey() {
+  return std::make_unique<WindowsShiftKey>();
+}
+
+std::unique_ptr<Shell> MakeSystemShell() {
+  return std::make_unique<WindowsShell>();
+}
+
+std::unique_ptr<ProgramEnd> MakeProgramEnd() {
+  return std::make_unique<WindowsProgramEnd>();
+}
+
+}  // namespace tidewarden

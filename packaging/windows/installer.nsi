@@ -1,0 +1,188 @@
+; The installer for one user: no administrator, nothing outside the user's own folders and registry.
+;
+;   makensis -DVERSION=0.1.0 -DSOURCE=... -DREMOVALS=... -DOUTPUT=... installer.nsi
+;
+; SOURCE holds what is installed, REMOVALS is a file of the instructions that take it away again.
+; The installer answers to /S (asks nothing), /D=FOLDER (last), /STARTUP (start with the computer);
+; the uninstaller to /S and /SETTINGS (delete the settings too).
+
+Unicode true
+Target amd64-unicode
+!include MUI2.nsh
+!include FileFunc.nsh
+!include LogicLib.nsh
+
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tidewarden"
+!define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
+!define APPROVED_KEY "Software\Microsoft\Windows\CurrentVersion\Explorer\StartupApproved\Run"
+!define SETTINGS_KEY "Software\Tideward"
+
+Name "Tidewarden"
+OutFile "${OUTPUT}"
+RequestExecutionLevel user
+InstallDir "$LOCALAPPDATA\Programs\Tidewarden"
+InstallDirRegKey HKCU "${UNINSTALL_KEY}" "InstallLocation"
+SetCompressor /SOLID lzma
+ManifestDPIAware true
+BrandingText "Tidewarden ${VERSION}"
+
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey "ProductName" "Tidewarden"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "FileDescription" "Tidewarden Setup"
+VIAddVersionKey "CompanyName" "The Tidewarden authors"
+VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Tidewarden authors; MIT License"
+
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
+!define MUI_ABORTWARNING
+!define MUI_FINISHPAGE_RUN "$INSTDIR\tidewarden.exe"
+!insertmacro MUI_PAGE_WELCOME
+!insertmacro MUI_PAGE_COMPONENTS
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+
+; A running program cannot be replaced: asks to close it, and gives up when nobody is there to ask.
+!macro RefuseWhileRunning name action
+  ${Do}
+    ClearErrors
+    ${IfNot} ${FileExists} "$INSTDIR\${name}.exe"
+      ${ExitDo}
+    ${EndIf}
+    FileOpen $0 "$INSTDIR\${name}.exe" a
+    ${IfNot} ${Errors}
+      FileClose $0
+      ${ExitDo}
+    ${EndIf}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
+      "${name}.exe is running or cannot be replaced. Please close it, then try again." \
+      /SD IDCANCEL IDRETRY +3
+    SetErrorLevel 2
+    Abort "Not ${action}: ${name}.exe is running or cannot be replaced."
+  ${Loop}
+!macroend
+
+; Files that a user may have made their own (quotes, the look, the bell) are known by their time:
+; it is kept in the registry, and one that has changed since is left alone from then on.
+!macro IfChangedByUser name
+  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "Time ${name}"
+  GetFileTime "$INSTDIR\${name}" $1 $2
+  ${If} ${FileExists} "$INSTDIR\${name}"
+  ${AndIf} $0 != "$1 $2"
+!macroend
+
+!macro InstallUsersFile folder name
+  !insertmacro IfChangedByUser "${folder}${name}"
+    DetailPrint "Kept as it is: ${folder}${name}"
+  ${Else}
+    SetOutPath "$INSTDIR\${folder}"
+    File "${SOURCE}/${folder}${name}"
+    GetFileTime "$INSTDIR\${folder}${name}" $1 $2
+    WriteRegStr HKCU "${UNINSTALL_KEY}" "Time ${folder}${name}" "$1 $2"
+  ${EndIf}
+!macroend
+
+!macro RemoveUsersFile folder name
+  !insertmacro IfChangedByUser "${folder}${name}"
+    DetailPrint "Kept as it is: ${folder}${name}"
+  ${Else}
+    Delete "$INSTDIR\${folder}${name}"
+  ${EndIf}
+!macroend
+
+Section "Tidewarden" SectionProgram
+  SectionIn RO
+  !insertmacro RefuseWhileRunning "tidewarden" "installed"
+  !insertmacro RefuseWhileRunning "customizer" "installed"
+  !insertmacro RefuseWhileRunning "twdocs" "installed"
+  SetOutPath "$INSTDIR"
+  File /r /x Inspiration.txt /x winaqua.skn /x emergency.wav "${SOURCE}/*"
+  !insertmacro InstallUsersFile "Quotes\" "Inspiration.txt"
+  !insertmacro InstallUsersFile "alarms\" "emergency.wav"
+  !insertmacro InstallUsersFile "" "winaqua.skn"
+  SetOutPath "$INSTDIR"
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Tidewarden"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\tidewarden.exe"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "Publisher" "The Tidewarden authors"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  IntFmt $0 "0x%08X" $0
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" "$0"
+SectionEnd
+
+Section "Entry in the Start menu" SectionMenu
+  CreateShortCut "$SMPROGRAMS\Tidewarden.lnk" "$INSTDIR\tidewarden.exe"
+SectionEnd
+
+Section /o "Start with the computer" SectionStartup
+  WriteRegStr HKCU "${RUN_KEY}" "Tidewarden" '"$INSTDIR\tidewarden.exe"'
+SectionEnd
+
+!insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionProgram} "The date reminder and all that it needs."
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionMenu} "Tidewarden in the Start menu."
+  !insertmacro MUI_DESCRIPTION_TEXT ${SectionStartup} "Shows what is coming each time you log in."
+!insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+Function .onInit
+  ${GetParameters} $R0
+  ClearErrors
+  ${GetOptions} $R0 "/STARTUP" $R1
+  ${IfNot} ${Errors}
+    !insertmacro SelectSection ${SectionStartup}
+  ${EndIf}
+FunctionEnd
+
+; Takes away what was installed and nothing else: the events, their backups and every other file of
+; the user in the folder stay, and so the folder itself while it holds any.
+Section "Uninstall"
+  !insertmacro RefuseWhileRunning "tidewarden" "removed"
+  !insertmacro RefuseWhileRunning "customizer" "removed"
+  !insertmacro RefuseWhileRunning "twdocs" "removed"
+
+  StrCpy $R2 "keep"
+  ${GetParameters} $R0
+  ClearErrors
+  ${GetOptions} $R0 "/SETTINGS" $R1
+  ${IfNot} ${Errors}
+    StrCpy $R2 "delete"
+  ${Else}
+    MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
+      "Delete your settings too? Your events are kept in any case." /SD IDNO IDNO +2
+    StrCpy $R2 "delete"
+  ${EndIf}
+
+  !insertmacro RemoveUsersFile "Quotes\" "Inspiration.txt"
+  !insertmacro RemoveUsersFile "alarms\" "emergency.wav"
+  !insertmacro RemoveUsersFile "" "winaqua.skn"
+  !include "${REMOVALS}"
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR\Quotes"
+  RMDir "$INSTDIR\alarms"
+  RMDir "$INSTDIR"
+
+  ; Only entries that lead here: another copy may have its own.
+  Delete "$SMPROGRAMS\Tidewarden.lnk"
+  ReadRegStr $0 HKCU "${RUN_KEY}" "Tidewarden"
+  ${If} $0 == '"$INSTDIR\tidewarden.exe"'
+    DeleteRegValue HKCU "${RUN_KEY}" "Tidewarden"
+    ; Where the task manager notes that it has switched the entry off.
+    DeleteRegValue HKCU "${APPROVED_KEY}" "Tidewarden"
+  ${EndIf}
+  DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  ${If} $R2 == "delete"
+    DeleteRegKey HKCU "${SETTINGS_KEY}"
+  ${EndIf}
+SectionEnd

@@ -1,0 +1,106 @@
+#include "platform/windows/shell_notification_area.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+namespace tidewarden {
+namespace {
+
+// The system extends the sign of a 32-bit handle, and drops it again, in the same way.
+void* HandleOf(std::uint32_t number) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): handles are numbers in the guise of pointers.
+  return reinterpret_cast<void*>(static_cast<std::intptr_t>(static_cast<std::int32_t>(number)));
+}
+
+std::uint32_t NumberOfHandle(const void* handle) {
+  return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(handle));
+}
+
+// The first form of the record, which ends behind a tooltip of 64 bytes.
+constexpr DWORD kNativeSize = NOTIFYICONDATAA_V1_SIZE;
+static_assert(sizeof(void*) != 4 || kNativeSize == sizeof(NotifyIconRecord));
+
+}  // namespace
+
+HWND WindowOf(WindowHandle number) {
+  return static_cast<HWND>(HandleOf(number));
+}
+
+WindowHandle NumberOf(HWND window) {
+  return NumberOfHandle(window);
+}
+
+HICON PictureOf(IconHandle number) {
+  return static_cast<HICON>(HandleOf(number));
+}
+
+IconHandle NumberOf(HICON picture) {
+  return NumberOfHandle(picture);
+}
+
+NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record) {
+  NOTIFYICONDATAA data{};
+  data.cbSize = kNativeSize;
+  data.hWnd = WindowOf(record.hWnd);
+  data.uID = record.uID;
+  data.uFlags = record.uFlags;
+  data.uCallbackMessage = record.uCallbackMessage;
+  data.hIcon = PictureOf(record.hIcon);
+  std::copy(record.szTip.begin(), record.szTip.end(), data.szTip);
+  data.szTip[kNotifyTipBytes - 1] = '\0';
+  return data;
+}
+
+ShellAreaCalls SystemShellAreaCalls() {
+  ShellAreaCalls calls;
+  calls.notifyIcon = [](DWORD message, NOTIFYICONDATAA& data) {
+    return ::Shell_NotifyIconA(message, &data) != 0;
+  };
+  calls.isSeen = [](HWND window) {
+    return ::IsWindowVisible(window) != 0 && ::IsIconic(window) == 0;
+  };
+  return calls;
+}
+
+ShellNotificationArea::ShellNotificationArea(ShellAreaCalls calls)
+    : calls_(std::move(calls)), shellStarted_(::RegisterWindowMessageW(L"TaskbarCreated")) {}
+
+void ShellNotificationArea::NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
+                                       std::string_view /*tooltip*/) {
+  NOTIFYICONDATAA data = NativeRecord(record);
+  shown_ = record;
+  if (message == NotifyIconMessage::kDelete) shown_.reset();
+  calls_.notifyIcon(static_cast<DWORD>(message), data);
+}
+
+bool ShellNotificationArea::IsAvailable() {
+  return ::FindWindowW(L"Shell_TrayWnd", nullptr) != nullptr;
+}
+
+bool ShellNotificationArea::IsFromIcon(HWND window, UINT message, WPARAM wParam,
+                                       LPARAM lParam) const {
+  if (!shown_ || window != WindowOf(shown_->hWnd)) return false;
+  if (message != shown_->uCallbackMessage || wParam != shown_->uID) return false;
+  const bool isMouse = lParam >= static_cast<LPARAM>(IconMouseMessage::kLeftDown) &&
+                       lParam <= static_cast<LPARAM>(IconMouseMessage::kRightDoubleClick);
+  // A mouse that drags over the first line of pixels of a window looks the same.
+  return isMouse && !calls_.isSeen(window);
+}
+
+bool ShellNotificationArea::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (shellStarted_ != 0 && message == shellStarted_) {
+    // Every window of the program hears of it; the icon's window counts.
+    if (shown_ && window == WindowOf(shown_->hWnd)) {
+      NOTIFYICONDATAA data = NativeRecord(*shown_);
+      if (calls_.notifyIcon(NIM_ADD, data) && Appeared) Appeared();
+    }
+    return false;
+  }
+  if (!IsFromIcon(window, message, wParam, lParam)) return false;
+  if (Mouse) Mouse(static_cast<IconMouseMessage>(lParam));
+  return true;
+}
+
+}  // namespace tidewarden

@@ -1,0 +1,35 @@
+#include "platform/windows/windows_previous_instance.h"
+
+#include "platform/windows/windows_api.h"
+#include "platform/windows/windows_handles.h"
+
+namespace tidewarden {
+
+WindowsPreviousInstance::WindowsPreviousInstance(const std::wstring& name)
+    : name_(L"Local\\" + name) {}
+
+WindowsPreviousInstance::~WindowsPreviousInstance() {
+  WindowsPreviousInstance::Release();
+}
+
+bool WindowsPreviousInstance::Claim() {
+  if (mutex_ != nullptr) return true;
+  // That the object exists is the claim. Nothing more than waiting is asked of it, so that a copy
+  // with fewer rights finds the one of an administrator.
+  PrivateSecurity security;
+  HANDLE mutex = ::CreateMutexExW(security.get(), name_.c_str(), 0, SYNCHRONIZE);
+  if (mutex == nullptr) return true;
+  if (::GetLastError() == ERROR_ALREADY_EXISTS) {
+    ::CloseHandle(mutex);
+    return false;
+  }
+  mutex_ = mutex;
+  return true;
+}
+
+void WindowsPreviousInstance::Release() {
+  if (mutex_ != nullptr) ::CloseHandle(mutex_);
+  mutex_ = nullptr;
+}
+
+}  // namespace tidewarden

@@ -1,0 +1,308 @@
+// The notification area, the sound, the shell, the previous instance and the precautions of a
+// start on Windows.
+#include <gmock/gmock.h>
+
+#include <cstring>
+#include <filesystem>
+
+#include "alarm/tray_icon.h"
+#include "platform/system.h"
+#include "platform/windows/shell_notification_area.h"
+#include "platform/windows/windows_api.h"
+#include "platform/windows/windows_previous_instance.h"
+#include "platform/windows/windows_shell.h"
+#include "platform/windows/windows_sound_player.h"
+#include "platform/windows/windows_text.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/windows_child.h"
+
+namespace tidewarden::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::IsEmpty;
+
+// --- The notification area.
+
+constexpr WindowHandle kOwner = 0x00020456;
+constexpr IconHandle kPicture = 0xFFFF8001;  // the sign of a handle is extended
+
+class ShellArea : public ::testing::Test {
+ protected:
+  ShellArea()
+      : area_({[this](DWORD message, NOTIFYICONDATAA& data) {
+                 messages_.push_back(message);
+                 data_ = data;
+                 return true;
+               },
+               [this](HWND window) {
+                 EXPECT_EQ(window, WindowOf(kOwner));
+                 return isSeen_;
+               }}),
+        icon_(area_) {
+    icon_.OwnerForm = kOwner;
+    icon_.Icon(kPicture);
+    icon_.Tooltip("For \"always on\" computers,\r\nTidewarden reminders pop up each day.");
+    area_.Mouse = [this](IconMouseMessage message) {
+      heard_.push_back(static_cast<int>(message));
+      icon_.HandleCallback(static_cast<double>(message), 1);
+    };
+  }
+
+  bool Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    return area_.HandleMessage(WindowOf(kOwner), message, wParam, lParam);
+  }
+
+  std::vector<DWORD> messages_;
+  NOTIFYICONDATAA data_{};
+  bool isSeen_ = false;
+  std::vector<int> heard_;
+  ShellNotificationArea area_;
+  TrayIcon icon_;
+};
+
+TEST_F(ShellArea, GetsTheRecordInTheSystemsLayout) {
+  icon_.Visible(true);
+  EXPECT_EQ(data_.cbSize, sizeof(void*) == 4 ? 88U : 104U);
+  EXPECT_EQ(data_.hWnd, WindowOf(kOwner));
+  EXPECT_EQ(NumberOf(data_.hWnd), kOwner);
+  EXPECT_EQ(data_.uID, 1U);
+  EXPECT_EQ(data_.uFlags, static_cast<UINT>(NIF_MESSAGE | NIF_ICON | NIF_TIP));
+  EXPECT_EQ(data_.uCallbackMessage, static_cast<UINT>(WM_MOUSEMOVE));
+  EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
+  // 63 of the 65 characters, and the NUL that the system needs.
+  EXPECT_STREQ(data_.szTip, "For \"always on\" computers,\r\nTidewarden reminders pop up each da");
+  EXPECT_EQ(std::strlen(data_.szTip), 63U);
+  icon_.Tooltip("short");
+  icon_.Visible(false);
+  EXPECT_THAT(messages_, ElementsAre(DWORD{NIM_ADD}, DWORD{NIM_MODIFY}, DWORD{NIM_DELETE}));
+}
+
+TEST_F(ShellArea, TheBytesOfTheRecordStandWhereTheSystemReadsThem) {
+  icon_.Visible(true);
+  const auto* const bytes = reinterpret_cast<const unsigned char*>(&data_);
+  const auto number = [&](std::size_t at) {
+    return static_cast<std::uint32_t>(bytes[at] | bytes[at + 1] << 8 | bytes[at + 2] << 16 |
+                                      static_cast<std::uint32_t>(bytes[at + 3]) << 24U);
+  };
+  constexpr bool kIs64 = sizeof(void*) == 8;
+  EXPECT_EQ(number(kIs64 ? 8 : 4), kOwner);
+  EXPECT_EQ(number(kIs64 ? 16 : 8), 1U);
+  EXPECT_EQ(number(kIs64 ? 20 : 12), 7U);
+  EXPECT_EQ(number(kIs64 ? 24 : 16), 512U);
+  EXPECT_EQ(number(kIs64 ? 32 : 20), kPicture);
+  EXPECT_EQ(bytes[kIs64 ? 40 : 24], 'F');
+  EXPECT_EQ(bytes[kIs64 ? 103 : 87], 0);
+}
+
+TEST_F(ShellArea, TheShellsMessagesReachTheIcon) {
+  std::vector<std::string> events;
+  icon_.MouseDown = [&](TrayButton b) { events.push_back("down " + std::to_string(int(b))); };
+  icon_.MouseUp = [&](TrayButton b) { events.push_back("up " + std::to_string(int(b))); };
+  icon_.DblClick = [&] { events.emplace_back("double"); };
+  icon_.Visible(true);
+  for (const LPARAM mouse : {513, 514, 515, 516, 517, 518}) EXPECT_TRUE(Handle(512, 1, mouse));
+  EXPECT_THAT(events, ElementsAre("down 1", "up 1", "double", "down 2", "up 2", "double"));
+  EXPECT_THAT(heard_, ElementsAre(513, 514, 515, 516, 517, 518));
+}
+
+TEST_F(ShellArea, OtherMessagesDoNot) {
+  EXPECT_FALSE(Handle(512, 1, 514)) << "no icon yet";
+  icon_.Visible(true);
+  for (const LPARAM mouse : {0, 512, 519, 514 + (1 << 16)}) EXPECT_FALSE(Handle(512, 1, mouse));
+  EXPECT_FALSE(Handle(512, 0, 514)) << "another number";
+  EXPECT_FALSE(Handle(513, 1, 514)) << "another message";
+  EXPECT_FALSE(area_.HandleMessage(WindowOf(kOwner + 1), 512, 1, 514)) << "another window";
+  isSeen_ = true;
+  EXPECT_FALSE(Handle(512, 1, 514)) << "the mouse, dragged over the window itself";
+  isSeen_ = false;
+  icon_.Visible(false);
+  EXPECT_FALSE(Handle(512, 1, 514)) << "no icon any more";
+  EXPECT_THAT(heard_, IsEmpty());
+}
+
+TEST_F(ShellArea, AShellThatStartsAnewGetsTheIconAgain) {
+  const UINT started = ::RegisterWindowMessageW(L"TaskbarCreated");
+  ASSERT_NE(started, 0U);
+  int appeared = 0;
+  area_.Appeared = [&] { ++appeared; };
+  EXPECT_FALSE(Handle(started, 0, 0));
+  EXPECT_THAT(messages_, IsEmpty());
+  icon_.Visible(true);
+  data_ = {};
+  EXPECT_FALSE(Handle(started, 0, 0));
+  EXPECT_FALSE(area_.HandleMessage(WindowOf(kOwner + 1), started, 0, 0));
+  EXPECT_THAT(messages_, ElementsAre(DWORD{NIM_ADD}, DWORD{NIM_ADD}));
+  EXPECT_EQ(data_.uID, 1U);
+  EXPECT_EQ(appeared, 1);
+}
+
+// --- The sound.
+
+class WindowsSound : public ::testing::Test {
+ protected:
+  WindowsSound()
+      : player_([this](const std::string& line) { calls_.push_back("complain " + line); },
+                {[this](const std::wstring& path, unsigned long flags) {
+                   calls_.push_back("sound " + Narrow(path) + " " + std::to_string(flags));
+                   return works_;
+                 },
+                 [this](const std::wstring& command, std::wstring* answer) {
+                   calls_.push_back(Narrow(command));
+                   if (answer != nullptr) *answer = mode_;
+                   return works_;
+                 },
+                 [this](unsigned kind) { calls_.push_back("beep " + std::to_string(kind)); }}) {}
+
+  std::vector<std::string> Calls() { return std::exchange(calls_, {}); }
+
+  std::vector<std::string> calls_;
+  bool works_ = true;
+  std::wstring mode_ = L"playing";
+  WindowsSoundPlayer player_;
+};
+
+TEST_F(WindowsSound, OfAWaveFileIsPlayedByItsNameInTheBackground) {
+  player_.Play("C:\\alarms\\Zoë.WAV", SoundKind::kWave);
+  EXPECT_THAT(Calls(), ElementsAre("sound C:\\alarms\\Zoë.WAV 131073"));  // SND_FILENAME, SND_ASYNC
+}
+
+TEST_F(WindowsSound, OfAnotherFileGoesThroughTheControl) {
+  player_.Play("C:\\alarms\\a b.mp3", SoundKind::kOther);
+  EXPECT_THAT(Calls(),
+              ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
+                          "open \"C:\\alarms\\a b.mp3\" alias tidewarden", "play tidewarden"));
+  player_.Rest();
+  EXPECT_THAT(Calls(), ElementsAre("status tidewarden mode"));
+  mode_ = L"stopped";
+  player_.Rest();
+  EXPECT_THAT(Calls(), ElementsAre("status tidewarden mode", "close tidewarden"));
+  player_.Rest();
+  EXPECT_THAT(Calls(), IsEmpty());
+}
+
+TEST_F(WindowsSound, OfOneKindEndsTheOther) {
+  player_.Play("C:\\a.mp3", SoundKind::kOther);
+  static_cast<void>(Calls());
+  player_.Play("C:\\a.wav", SoundKind::kWave);
+  EXPECT_THAT(Calls(), ElementsAre("close tidewarden", "sound C:\\a.wav 131073"));
+  player_.Stop();
+  EXPECT_THAT(Calls(), ElementsAre("sound  0"));
+}
+
+TEST_F(WindowsSound, ThatCannotBePlayedIsABeepWithAReason) {
+  works_ = false;
+  player_.Play("C:\\a.wav", SoundKind::kWave);
+  EXPECT_THAT(Calls(), ElementsAre("sound C:\\a.wav 131073", "complain C:\\a.wav cannot be played",
+                                   "beep 48"));
+  player_.Play("C:\\a.ogg", SoundKind::kOther);
+  EXPECT_THAT(Calls(), ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
+                                   "open \"C:\\a.ogg\" alias tidewarden",
+                                   "complain C:\\a.ogg cannot be played", "beep 48"));
+  player_.Beep("no file");
+  EXPECT_THAT(Calls(), ElementsAre("complain no file", "beep 48"));
+}
+
+TEST(SystemSound, TheControlTellsWhatItCannotDo) {
+  std::wstring answer = L"unchanged";
+  EXPECT_FALSE(SystemSoundCalls().control(L"play nothingofthisname", &answer));
+  EXPECT_FALSE(SystemSoundCalls().control(L"open \"C:\\nowhere\\a.mp3\" alias nothing", nullptr));
+}
+
+// --- The shell.
+
+TEST(WindowsShellCalls, AreOneCallOfEveryRequest) {
+  std::vector<ShellExecuteArguments> calls;
+  WindowsShell shell([&](const ShellExecuteArguments& arguments) { calls.push_back(arguments); });
+  shell.Execute(
+      RequestFor(ShellTarget::kDocument, "C:\\ProgramData\\prïnt.htm", PathStyle::kWindows));
+  shell.Execute(RequestFor(ShellTarget::kWebPage, "https://example.org/", PathStyle::kWindows));
+  ASSERT_EQ(calls.size(), 2U);
+  EXPECT_EQ(calls[0].file, L"C:\\ProgramData\\prïnt.htm");
+  EXPECT_EQ(calls[0].parameters, L"");
+  EXPECT_EQ(calls[0].folder, L"C:\\");
+  EXPECT_EQ(calls[0].show, SW_SHOWNORMAL);
+  EXPECT_EQ(calls[1].file, L"https://example.org/");
+}
+
+TEST(WindowsShellCalls, StartAProgramInTheRoot) {
+  const TemporaryFolder folder;
+  const std::string answer = folder / "Übung.txt";
+  ShellRequest request = RequestFor(
+      ShellTarget::kProgram, Narrow(WidePath(TIDEWARDEN_TEST_WINDOWS_HELPER)), PathStyle::kWindows);
+  request.parameters = "write \"" + answer + "\"";
+  WindowsShell().Execute(request);
+  for (int i = 0; i < 200 && !folder.Exists("Übung.txt"); ++i) ::Sleep(50);
+  EXPECT_EQ(folder.Read("Übung.txt"), "C:\\");
+}
+
+// --- Another copy.
+
+std::string NameOfThisTest() {
+  return "Tideward test " + std::to_string(::GetCurrentProcessId());
+}
+
+TEST(WindowsInstance, OnlyOneHasTheClaim) {
+  WindowsPreviousInstance first(Wide(NameOfThisTest()));
+  WindowsPreviousInstance second(Wide(NameOfThisTest()));
+  WindowsPreviousInstance other(Wide(NameOfThisTest() + " too"));
+  EXPECT_TRUE(first.Claim());
+  EXPECT_TRUE(first.Claim());
+  EXPECT_FALSE(second.Claim());
+  EXPECT_TRUE(other.Claim());
+  first.Release();
+  EXPECT_TRUE(second.Claim());
+  EXPECT_FALSE(first.Claim());
+}
+
+TEST(WindowsInstance, TheClaimOfAKilledProcessIsVoid) {
+  WindowsPreviousInstance own(Wide(NameOfThisTest()));
+  Child child(TIDEWARDEN_TEST_WINDOWS_HELPER, {"claim", NameOfThisTest()});
+  ASSERT_EQ(child.ReadLine(), "only");
+  EXPECT_FALSE(own.Claim());
+  child.Kill();
+  EXPECT_TRUE(own.Claim());
+  Child second(TIDEWARDEN_TEST_WINDOWS_HELPER, {"claim", NameOfThisTest()});
+  EXPECT_EQ(second.ReadLine(), "other");
+}
+
+TEST(WindowsInstance, EachSettingsFileHasItsOwn) {
+  const auto files = MakeSystemFiles();
+  const TemporaryFolder folder;
+  const auto one = MakePreviousInstance(*files, folder / "one.ini");
+  const auto same = MakePreviousInstance(*files, folder.path() + "/sub/../ONE.INI");
+  const auto other = MakePreviousInstance(*files, folder / "other.ini");
+  EXPECT_TRUE(one->Claim());
+  EXPECT_FALSE(same->Claim());
+  EXPECT_TRUE(other->Claim());
+}
+
+// --- The folders and the start.
+
+TEST(WindowsFolders, HaveBackslashesAndNoneAtTheEnd) {
+  const ProgramFolders folders = SystemFolders();
+  EXPECT_EQ(folders.style, PathStyle::kWindows);
+  EXPECT_EQ(folders.program.find('/'), std::string::npos);
+  EXPECT_NE(folders.program.back(), '\\');
+  EXPECT_TRUE(std::filesystem::exists(WidePath(folders.program) + L"\\windows_ports_test.exe"));
+  EXPECT_THAT(folders.userData, EndsWith("\\Tideward"));
+  EXPECT_TRUE(std::filesystem::is_directory(FolderOf(WidePath(folders.userData))));
+  EXPECT_EQ(ReminderProgram(), folders.program + "\\tidewarden.exe");
+  EXPECT_TRUE(std::filesystem::is_directory(WidePath(GetCommonDataFolder())));
+}
+
+TEST(WindowsStart, TakesNoLibraryFromTheCurrentFolder) {
+  const TemporaryFolder folder;
+  std::filesystem::copy_file(WidePath(TIDEWARDEN_TEST_WINDOWS_PROBE),
+                             WidePath(folder / "tw_probe.dll"));
+  const auto load = [&](const std::string& command, const std::string& name) {
+    return Child(TIDEWARDEN_TEST_WINDOWS_HELPER, {command, name}, folder.path()).ReadLine();
+  };
+  EXPECT_EQ(load("any-library", "tw_probe.dll"), "loaded");
+  EXPECT_EQ(load("library", "tw_probe.dll"), "refused");
+  EXPECT_EQ(load("library", "version.dll"), "loaded") << "the system's own";
+}
+
+}  // namespace
+}  // namespace tidewarden::test
