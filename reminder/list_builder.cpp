@@ -18,7 +18,7 @@ using modGetSetSaveSet::isTrue;
 
 ListBuilder::ListBuilder(ListPorts ports, RegionalDateFormat format, std::string eventsFilePath,
                          std::string todayPreface)
-    : ports_(ports),
+    : ports_(std::move(ports)),
       format_(std::move(format)),
       EventsFilePath_(std::move(eventsFilePath)),
       todayPreface_(std::move(todayPreface)) {}
