@@ -34,7 +34,7 @@ void BuildList(benchmark::State& state) {
   clock.now = {MakeDate(2026, 11, 20), 14, 25, 0};
   MemoryMessageBox messages;
   MemoryShiftKey shiftKey;
-  ListBuilder builder({settings, files, clock, messages, shiftKey}, test::MonthFirst(), kPath,
+  ListBuilder builder({settings, files, clock, messages, shiftKey, {}}, test::MonthFirst(), kPath,
                       ReadTodayPreface(settings));
   for (auto _ : state) {
     benchmark::DoNotOptimize(builder.BuildReminderList(FileAccess::kReadOnly));

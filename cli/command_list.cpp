@@ -87,8 +87,9 @@ ExitCode RunList(const CommonOptions& options, const ListArguments& arguments) {
   clock.now = world.now;
   TerminalMessages messages;
   MemoryShiftKey shiftKey;
-  ListBuilder builder({*world.settings, *world.files, clock, messages, shiftKey}, world.format,
-                      path, ReadTodayPreface(*world.settings));
+  ListBuilder builder(
+      {*world.settings, *world.files, clock, messages, shiftKey, SystemFolders().userData},
+      world.format, path, ReadTodayPreface(*world.settings));
   // Where the window would not be shown at all, the list is empty.
   static_cast<void>(
       builder.BuildReminderList(arguments.update ? FileAccess::kUpdate : FileAccess::kReadOnly));

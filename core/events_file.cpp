@@ -3,6 +3,7 @@
 #include <new>
 #include <utility>
 
+#include "core/interrupted_save.h"
 #include "core/line_splitter.h"
 #include "dates/text.h"
 
@@ -117,7 +118,7 @@ Status VisitEventLines(std::string_view content, EventLineVisitor& visitor) {
 }
 
 Status RewriteEventsFile(
-    FileSystem& files, const std::string& path,
+    FileSystem& files, const std::string& path, const std::string& rescueFolder,
     const std::function<LineChange(std::size_t number, std::string_view rawLine)>& change) {
   std::string present;
   Status status = ReadFile(files, path, present);
@@ -145,7 +146,8 @@ Status RewriteEventsFile(
   LineSplitter lines;
   lines.Take(body, copy);
   lines.Finish(copy);
-  return changed ? ReplaceFile(files, path, content) : Status();
+  if (!changed || content == present) return {};
+  return ReplaceEventsFile(files, path, rescueFolder, present, content).status;
 }
 
 Status CreateNewEventsFile(FileSystem& files, MessageBox& messages, const std::string& path) {

@@ -43,11 +43,12 @@ Status VisitEventLines(std::string_view content, EventLineVisitor& visitor);
 // What becomes of a line when the file is rewritten.
 enum class LineChange { kKeep, kRemove, kDropLastCharacter, kAppendHiddenMark };
 
-// Reads the file afresh, asks `change` for every raw line in order, and replaces the file. The
-// byte-order mark and the encoding stay. Nothing is written when no line changes, and after any
-// error. The last character of a line that is dropped must be ASCII.
+// Reads the file afresh, asks `change` for every raw line in order, and replaces the file (see
+// ReplaceEventsFile; `rescueFolder` is the user's data folder). The byte-order mark and the
+// encoding stay. Nothing is written when no line changes, and after any error. The last character
+// of a line that is dropped must be ASCII.
 Status RewriteEventsFile(
-    FileSystem& files, const std::string& path,
+    FileSystem& files, const std::string& path, const std::string& rescueFolder,
     const std::function<LineChange(std::size_t number, std::string_view rawLine)>& change);
 
 // Tells the user that the events file is missing and creates it empty, with its folder.

@@ -36,6 +36,19 @@ std::string JoinPath(std::string_view folder, std::string_view name, PathStyle s
   return path;
 }
 
+std::string_view WithoutEnding(std::string_view path) {
+  const std::size_t length = CountCharacters(path);
+  return FirstCharacters(path, length < kEnding.size() ? 0 : length - kEnding.size());
+}
+
+std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
+                       std::string_view ending) {
+  const std::size_t separator = path.find_last_of("/\\");
+  const std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
+  const char joint = rescueFolder.find('\\') == std::string::npos ? '/' : '\\';
+  return (rescueFolder + joint).append(WithoutEnding(name)).append(ending);
+}
+
 std::string ResolveEventsPath(std::string_view stored, std::string_view folder, PathStyle style) {
   if (style == PathStyle::kPosix && stored.starts_with('/')) return std::string(stored);
   const bool fromFolder = stored.starts_with('\\');

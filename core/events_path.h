@@ -22,6 +22,14 @@ struct ProgramFolders {
 // A file in a folder.
 [[nodiscard]] std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style);
 
+// A path without its last four characters, which are the ending ".txt" of an events file.
+[[nodiscard]] std::string_view WithoutEnding(std::string_view path);
+
+// A file in the user's data folder, named after the events file: its name without the last four
+// characters, and `ending`.
+[[nodiscard]] std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
+                                     std::string_view ending);
+
 // A stored path as a full path.
 //
 // Windows: a text that begins with "\" gets the folder in front; one without any "\" or "/" gets

@@ -34,7 +34,7 @@ ListPreview Make(SettingsStore& draft, const PreviewPorts& ports, FileSystem& fi
                  const std::string& eventsFile) {
   Save(draft, settings::kShowOnlyIfEventsInRange, "False");
   NoShiftKey noShiftKey;
-  ListBuilder builder({draft, files, ports.clock, ports.messages, noShiftKey},
+  ListBuilder builder({draft, files, ports.clock, ports.messages, noShiftKey, {}},
                       FormatOf(ports.formats), eventsFile, ReadTodayPreface(draft));
   static_cast<void>(builder.BuildReminderList(FileAccess::kReadOnly));
   ListPreview preview;

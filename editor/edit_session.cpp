@@ -126,15 +126,9 @@ void EditSession::Reload() {
 
 // Reads the file, once what an interrupted save has left is settled.
 Status EditSession::ReadEventsFile(std::string& content) {
-  const auto tell = [this](const std::string& keptPath) {
-    ports_.messages.Show(
-        "Saving the events file was interrupted, and the file has been changed since:\n" +
-            setup_.eventsFilePath + "\n\nThe file as it was before is now kept here:\n" + keptPath,
-        MessageButtons::kOk, MessageIcon::kNone);
-  };
   unreadPath_ = setup_.eventsFilePath;
-  WriteResult settled =
-      SettleInterruptedSave(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, tell);
+  WriteResult settled = SettleInterruptedSave(ports_.files, ports_.messages, setup_.eventsFilePath,
+                                              setup_.rescueFolder);
   if (settled.status.ok()) return ReadFile(ports_.files, setup_.eventsFilePath, content);
   unreadPath_ = std::move(settled.path);
   return std::move(settled.status);

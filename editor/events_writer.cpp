@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "core/events_path.h"
 #include "core/settings_keys.h"
 #include "core/text_encoding.h"
 #include "dates/text.h"
@@ -12,12 +13,6 @@ namespace tidewarden {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::size_t kEndingLength = 4;
-
-std::string_view WithoutEnding(std::string_view path) {
-  const std::size_t length = CountCharacters(path);
-  return FirstCharacters(path, length < kEndingLength ? 0 : length - kEndingLength);
-}
 
 std::string_view FolderOf(std::string_view path) {
   const std::size_t separator = path.find_last_of("/\\");
@@ -80,14 +75,6 @@ std::string BackupPath(const std::string& path, int number) {
   return backup.append("bk").append(std::to_string(number)).append(".txt");
 }
 
-std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
-                       std::string_view ending) {
-  const std::size_t separator = path.find_last_of("/\\");
-  const std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
-  const char joint = rescueFolder.find('\\') == std::string::npos ? '/' : '\\';
-  return (rescueFolder + joint).append(WithoutEnding(name)).append(ending);
-}
-
 std::string RescuePath(const std::string& rescueFolder, const std::string& path) {
   return NamedAfter(rescueFolder, path, ".rescue.txt");
 }
@@ -125,21 +112,14 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
     Status status = MakeRescueCopy(files, rescuePath, change.oldContent);
     if (!status.ok()) return {std::move(status), rescuePath};
   }
-  std::unique_ptr<StagedFile> staged;
-  Status status = files.Stage(path, change.newContent, staged);
-  if (!status.ok()) return {std::move(status), path};
-  // A file that is written in place is torn when the process is killed meanwhile.
-  const bool inPlace = change.exists && !staged->ReplacesAtOnce();
-  if (inPlace) {
-    WriteResult noted = NoteSave(files, path, rescueFolder, change.oldContent, change.newContent);
-    if (!noted.status.ok()) return noted;
+  if (!change.exists) {
+    return ReplaceEventsFile(files, path, rescueFolder, std::nullopt, change.newContent);
   }
-  if (change.exists && levels > 0) RotateBackups(files, path, levels, *staged, change.oldContent);
-  status = staged->Commit();
-  // What cannot be settled now is settled before the file is next read.
-  if (inPlace) static_cast<void>(SettleInterruptedSave(files, path, rescueFolder, {}));
-  if (!status.ok()) return {std::move(status), path};
-  return {};
+  return ReplaceEventsFile(files, path, rescueFolder, change.oldContent, change.newContent,
+                           [&](const StagedFile& staged) {
+                             if (levels == 0) return;
+                             RotateBackups(files, path, levels, staged, change.oldContent);
+                           });
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& path, const std::string& rescueFolder) {

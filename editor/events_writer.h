@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "core/file_system.h"
+#include "core/interrupted_save.h"
 #include "core/settings_store.h"
 #include "dates/date_text.h"
 #include "editor/event_rows.h"
-#include "editor/interrupted_save.h"
 
 namespace tidewarden {
 
@@ -25,11 +25,6 @@ inline constexpr int kMostBackups = 8;
 [[nodiscard]] int LevelsOfBackup(SettingsStore& settings);
 
 [[nodiscard]] std::string BackupPath(const std::string& path, int number);
-
-// A file in the user's data folder, named after the events file: its name without the last four
-// characters, and `ending`.
-[[nodiscard]] std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
-                                     std::string_view ending);
 
 // The one copy that is kept of a file of which a save drops something: in the user's data folder,
 // named after the events file ("dates.rescue.txt").

@@ -100,9 +100,10 @@ LineChange SomeChange(std::size_t number, std::string_view line) {
 void CheckRewriting(const Content& content, std::string_view bytes) {
   MemoryFileSystem files;
   files.files[kPath] = bytes;
-  FUZZ_CHECK(RewriteEventsFile(files, kPath, [](std::size_t /*number*/, std::string_view /*line*/) {
-               return LineChange::kKeep;
-             }).ok());
+  FUZZ_CHECK(
+      RewriteEventsFile(files, kPath, {}, [](std::size_t /*number*/, std::string_view /*line*/) {
+        return LineChange::kKeep;
+      }).ok());
   FUZZ_CHECK(files.CountCalls("stage") == 0);
   FUZZ_CHECK(files.files[kPath] == bytes);
 
@@ -117,7 +118,7 @@ void CheckRewriting(const Content& content, std::string_view bytes) {
       expected.push_back(lines[i].substr(0, lines[i].size() - 1));
     }
   }
-  FUZZ_CHECK(RewriteEventsFile(files, kPath, SomeChange).ok());
+  FUZZ_CHECK(RewriteEventsFile(files, kPath, {}, SomeChange).ok());
   FUZZ_CHECK(files.files[kPath] ==
              (changes ? Joined(expected, content.marked) : std::string(bytes)));
 }
@@ -157,7 +158,7 @@ void CheckSession(std::string_view bytes, const RegionalDateFormat& format, Civi
   MemoryShiftKey shiftKey;
   files.files[kPath] = bytes;
   clock.now.date = today;
-  ListBuilder builder({settings, files, clock, messages, shiftKey}, format, kPath,
+  ListBuilder builder({settings, files, clock, messages, shiftKey, {}}, format, kPath,
                       ReadTodayPreface(settings));
   FUZZ_CHECK(builder.BuildReminderList(FileAccess::kUpdate) == BuildOutcome::kShow);
   FUZZ_CHECK(builder.List1().size() == builder.ReminderLineMap().size());

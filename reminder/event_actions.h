@@ -1,5 +1,5 @@
 // Changes that the user makes to one event straight from the reminder list: every other line of
-// the events file stays byte for byte.
+// the events file stays byte for byte. `rescueFolder` is the user's data folder.
 #pragma once
 
 #include <optional>
@@ -24,10 +24,10 @@ struct ListedEvent {
 // Marks an event as hidden until its next occurrence. One that is marked already stays as it is.
 // An event that FindEvent does not find is left alone; that is no failure.
 [[nodiscard]] Status HideEvent(FileSystem& files, const std::string& path,
-                               const ListedEvent& event);
+                               const std::string& rescueFolder, const ListedEvent& event);
 
 // Removes an event's line. One that FindEvent does not find is left alone; that is no failure.
 [[nodiscard]] Status DeleteEvent(FileSystem& files, const std::string& path,
-                                 const ListedEvent& event);
+                                 const std::string& rescueFolder, const ListedEvent& event);
 
 }  // namespace tidewarden

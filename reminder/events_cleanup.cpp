@@ -6,24 +6,28 @@
 
 namespace tidewarden {
 
-Status RemovePastOneTimeEvents(FileSystem& files, const std::string& path, CivilDate today,
+Status RemovePastOneTimeEvents(FileSystem& files, const std::string& path,
+                               const std::string& rescueFolder, CivilDate today,
                                std::vector<long>& removed) {
   removed.clear();
-  Status status = RewriteEventsFile(files, path, [&](std::size_t number, std::string_view rawLine) {
-    if (!IsOverOneTimeLine(rawLine, today)) return LineChange::kKeep;
-    removed.push_back(static_cast<long>(number));
-    return LineChange::kRemove;
-  });
+  Status status = RewriteEventsFile(files, path, rescueFolder,
+                                    [&](std::size_t number, std::string_view rawLine) {
+                                      if (!IsOverOneTimeLine(rawLine, today))
+                                        return LineChange::kKeep;
+                                      removed.push_back(static_cast<long>(number));
+                                      return LineChange::kRemove;
+                                    });
   if (!status.ok()) removed.clear();
   return status;
 }
 
-Status UnhideEvents(FileSystem& files, const std::string& path,
+Status UnhideEvents(FileSystem& files, const std::string& path, const std::string& rescueFolder,
                     const std::vector<std::string_view>& hideList) {
   const std::unordered_set<std::string_view> hidden(hideList.begin(), hideList.end());
-  return RewriteEventsFile(files, path, [&](std::size_t /*number*/, std::string_view rawLine) {
-    return hidden.contains(rawLine) ? LineChange::kDropLastCharacter : LineChange::kKeep;
-  });
+  return RewriteEventsFile(
+      files, path, rescueFolder, [&](std::size_t /*number*/, std::string_view rawLine) {
+        return hidden.contains(rawLine) ? LineChange::kDropLastCharacter : LineChange::kKeep;
+      });
 }
 
 }  // namespace tidewarden

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/events_file.h"
+#include "core/interrupted_save.h"
 #include "core/settings_keys.h"
 #include "dates/text.h"
 #include "reminder/events_cleanup.h"
@@ -17,7 +18,7 @@ using modGetSetSaveSet::isTrue;
 
 ListBuilder::ListBuilder(ListPorts ports, RegionalDateFormat format, std::string eventsFilePath,
                          std::string todayPreface)
-    : ports_(ports),
+    : ports_(std::move(ports)),
       format_(std::move(format)),
       EventsFilePath_(std::move(eventsFilePath)),
       todayPreface_(std::move(todayPreface)) {}
@@ -34,6 +35,13 @@ BuildOutcome ListBuilder::BuildReminderList(FileAccess access) {
   writeStatus_ = Status();
   options_ = ReadListOptions(ports_.settings);
 
+  if (access == FileAccess::kUpdate) {
+    writeStatus_ =
+        SettleInterruptedSave(ports_.files, ports_.messages, EventsFilePath_, ports_.rescueFolder)
+            .status;
+    // What cannot be settled must not be changed either.
+    if (!writeStatus_.ok()) access = FileAccess::kShared;
+  }
   readStatus_ =
       ListEvents(ports_.files, EventsFilePath_, format_, options_, todayPreface_, now.date, list_);
   if (readStatus_.ok()) {
@@ -61,14 +69,16 @@ bool ListBuilder::EndsWithoutEvents() {
 void ListBuilder::TidyEventsFile(CivilDate today) {
   if (list_.hasPastOneTime) RemovePastOneTime(today);
   if (!list_.hideList.empty()) {
-    Status status = UnhideEvents(ports_.files, EventsFilePath_, list_.hideList);
+    Status status =
+        UnhideEvents(ports_.files, EventsFilePath_, ports_.rescueFolder, list_.hideList);
     if (!status.ok()) writeStatus_ = std::move(status);
   }
 }
 
 void ListBuilder::RemovePastOneTime(CivilDate today) {
   std::vector<long> removed;
-  writeStatus_ = RemovePastOneTimeEvents(ports_.files, EventsFilePath_, today, removed);
+  writeStatus_ =
+      RemovePastOneTimeEvents(ports_.files, EventsFilePath_, ports_.rescueFolder, today, removed);
   for (ReminderRow& row : list_.rows) {
     const auto before = std::lower_bound(removed.begin(), removed.end(), row.line);
     row.line -= static_cast<long>(before - removed.begin());

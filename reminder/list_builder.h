@@ -25,6 +25,7 @@ struct ListPorts {
   const Clock& clock;
   MessageBox& messages;
   ShiftKey& shiftKey;
+  std::string rescueFolder;  // the user's data folder; see core/interrupted_save.h
 };
 
 enum class BuildOutcome {
@@ -34,7 +35,8 @@ enum class BuildOutcome {
 
 // Whether building the list may change the events file.
 enum class FileAccess {
-  kUpdate,    // creates a missing file, removes past one-time events, shows hidden ones again
+  kUpdate,    // undoes what an interrupted save has torn, creates a missing file, removes past
+              // one-time events, shows hidden ones again
   kShared,    // as long as an editor works on the file: a missing file is created, a file that is
               // there stays as it is, and an empty list is no reason to end
   kReadOnly,  // a missing file is only reported by readStatus
@@ -46,8 +48,9 @@ class ListBuilder {
   ListBuilder(ListPorts ports, RegionalDateFormat format, std::string eventsFilePath,
               std::string todayPreface);
 
-  // Builds everything below anew. After kEnd the list is empty and the file unchanged. A file
-  // that exists but cannot be read gives a list without events and is not touched.
+  // Builds everything below anew. After kEnd the list is empty and the file unchanged, but for what
+  // was torn. A file that exists but cannot be read gives a list without events and is not touched;
+  // nor is one that is torn and cannot be put right: its list is of what it holds.
   BuildOutcome BuildReminderList(FileAccess access);
 
   // The rows as listed, countdowns of alarms included. The views are good until the next build.

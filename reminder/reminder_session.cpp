@@ -73,9 +73,9 @@ WindowChange ReminderSession::Load(const Screens& screens, const std::string& ev
     return WindowChange::kEnd;
   }
   skin_ = ReadSkin(ports_.settings, ports_.files, ports_.folders);
-  builder_.emplace(
-      ListPorts{ports_.settings, ports_.files, ports_.clock, ports_.messages, ports_.shiftKey},
-      std::move(*format), path, preface);
+  builder_.emplace(ListPorts{ports_.settings, ports_.files, ports_.clock, ports_.messages,
+                             ports_.shiftKey, ports_.folders.userData},
+                   std::move(*format), path, preface);
   if (Rebuild() == WindowChange::kEnd) return WindowChange::kEnd;
   placement_ = LoadWindowPlacement(ports_.settings, screens_);
   listColours_ = DrawnColours();
@@ -326,10 +326,12 @@ WindowChange ReminderSession::DeleteThis() {
 }
 
 WindowChange ReminderSession::ChangeTarget(Status (*change)(FileSystem&, const std::string&,
+                                                            const std::string&,
                                                             const ListedEvent&)) {
   if (!menuTarget_ || isBusy_ || !CanChangeFile()) return WindowChange::kNone;
   const Busy busy(isBusy_);
-  const Status status = change(ports_.files, EventsFilePath(), menuTarget_->event);
+  const Status status =
+      change(ports_.files, EventsFilePath(), ports_.folders.userData, menuTarget_->event);
   menuTarget_.reset();
   // Of a file that is gone the rebuild tells.
   if (!status.ok() && status.kind() != StatusKind::kNotFound) {

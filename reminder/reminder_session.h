@@ -195,7 +195,7 @@ class ReminderSession {
   [[nodiscard]] WindowChange OpenEditorOn(const std::optional<Target>& target,
                                           const WindowPlacement& window);
   [[nodiscard]] WindowChange ChangeTarget(Status (*change)(FileSystem&, const std::string&,
-                                                           const ListedEvent&));
+                                                           const std::string&, const ListedEvent&));
   [[nodiscard]] ListColours DrawnColours();
   void SetTimerInterval();
   void TellFileProblems();

@@ -180,6 +180,8 @@ class StagedBeside : public StagedFile {
       }
       if (::fchmod(fd_.get(), like->st_mode & kModeBits) != 0) return FromErrno(errno);
     }
+    isEmpty_ = content.empty();
+    if (isEmpty_) return {};
     Status status = WriteAll(fd_.get(), content);
     return status.ok() ? Flush(fd_.get()) : status;
   }
@@ -187,6 +189,11 @@ class StagedBeside : public StagedFile {
   [[nodiscard]] bool ReplacesAtOnce() const override { return true; }
 
   Status Commit() override {
+    // Without a byte only the file's permissions wait for the disk, and they may wait until here.
+    if (isEmpty_) {
+      Status status = Flush(fd_.get());
+      if (!status.ok()) return status;
+    }
     if (::rename(temporary_.c_str(), target_.c_str()) != 0) return FromErrno(errno);
     committed_ = true;
     FlushFolder(FolderOf(target_));
@@ -197,6 +204,7 @@ class StagedBeside : public StagedFile {
   std::string target_;
   std::string temporary_;
   Descriptor fd_;
+  bool isEmpty_ = false;
   bool committed_ = false;
 };
 

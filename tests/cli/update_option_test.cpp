@@ -157,6 +157,36 @@ TEST_F(UpdateOption, InAFolderThatTakesNoFilesWritesIntoTheFile) {
   EXPECT_EQ(LookAt(folder_ / "closed/dates.txt").identity, identity);
 }
 
+TEST_F(UpdateOption, UndoesWhatAnInterruptedSaveHasTornAndNothingElseDoes) {
+  // Twenty bytes of the new content have been written.
+  const std::string before = "12.24,A,7,yearly\r\n12.25,B,7,yearly\r\n";
+  const std::string after = "12.25,B,7,yearly\r\n12.24,A,7,yearly\r\n";
+  const std::string torn = after.substr(0, 20) + before.substr(20);
+  folder_.Write("dates.txt", torn);
+  folder_.Write("home/data/Tideward/dates.before-save.txt", before);
+  folder_.Write("home/data/Tideward/dates.after-save.txt", after);
+  EXPECT_EQ(terminal_.RunOnTheDay("list", {"--file", "dates.txt"}).exitCode, 0);
+  EXPECT_EQ(folder_.Read("dates.txt"), torn);
+  EXPECT_TRUE(folder_.Exists("home/data/Tideward/dates.after-save.txt"));
+  EXPECT_EQ(Update(), (Outcome{0, kList, ""}));
+  EXPECT_EQ(folder_.Read("dates.txt"), before);
+  EXPECT_FALSE(folder_.Exists("home/data/Tideward/dates.before-save.txt"));
+  EXPECT_FALSE(folder_.Exists("home/data/Tideward/dates.after-save.txt"));
+}
+
+TEST_F(UpdateOption, TellsOfAFileThatHasBeenChangedSinceItsSaveWasInterrupted) {
+  folder_.Write("dates.txt", kAfter);
+  folder_.Write("home/data/Tideward/dates.before-save.txt", "12.24,A,7,yearly\r\n");
+  folder_.Write("home/data/Tideward/dates.after-save.txt", "");
+  const Outcome outcome = Update();
+  EXPECT_EQ(outcome.exitCode, 0);
+  EXPECT_EQ(outcome.out, kList);
+  EXPECT_THAT(outcome.err, HasSubstr("Saving the events file was interrupted, and the file has "
+                                     "been changed since:\ndates.txt\n"));
+  EXPECT_EQ(folder_.Read("dates.txt"), kAfter);
+  EXPECT_EQ(folder_.Read("home/data/Tideward/dates.undamaged1.txt"), "12.24,A,7,yearly\r\n");
+}
+
 TEST_F(UpdateOption, WithoutRoomOnTheDiskLeavesTheOldFileWhole) {
   const FileState before = LookAt(folder_ / "dates.txt");
   for (const unsigned long largest : {0UL, 1UL, 20UL, 60UL}) {

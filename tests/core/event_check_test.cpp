@@ -163,7 +163,7 @@ TEST(EventCheck, RemovalIsPromisedOnlyForOneTimeLinesThatWillBeRemoved) {
     MemoryFileSystem files;
     files.files[kPath] = line + "\r\n";
     std::vector<long> removed;
-    EXPECT_TRUE(RemovePastOneTimeEvents(files, kPath, kToday, removed).ok());
+    EXPECT_TRUE(RemovePastOneTimeEvents(files, kPath, "data", kToday, removed).ok());
     const bool promised = findings[0].hint.find("removed") != std::string::npos;
     EXPECT_EQ(promised, !removed.empty()) << findings[0].hint;
   }

@@ -22,6 +22,7 @@ using ::testing::IsEmpty;
 using ::testing::Pair;
 
 constexpr const char* kPath = "dates.txt";
+constexpr const char* kDataFolder = "data";
 
 class Collector : public EventLineVisitor {
  public:
@@ -176,8 +177,8 @@ TEST(RewriteEventsFile, KeepsEveryByteOfTheOtherLines) {
       bytes.insert(at, 1, static_cast<char>(byte));
       MemoryFileSystem files;
       files.files[kPath] = bytes;
-      const Status status =
-          RewriteEventsFile(files, kPath, [](std::size_t /*number*/, std::string_view line) {
+      const Status status = RewriteEventsFile(
+          files, kPath, kDataFolder, [](std::size_t /*number*/, std::string_view line) {
             return line.find("B") != std::string_view::npos ? LineChange::kRemove
                                                             : LineChange::kKeep;
           });
@@ -241,7 +242,7 @@ TEST(Utf16, IsNeitherReadNorRewritten) {
         Collector seen;
         EXPECT_EQ(ReadEventLines(files, kPath, seen).kind(), StatusKind::kNotText);
         int asked = 0;
-        EXPECT_EQ(RewriteEventsFile(files, kPath,
+        EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder,
                                     [&](std::size_t /*number*/, std::string_view /*line*/) {
                                       ++asked;
                                       return LineChange::kRemove;
@@ -326,10 +327,12 @@ TEST(RewriteEventsFile, ChangesOnlyTheLinesItIsToldTo) {
     SCOPED_TRACE(c.name);
     MemoryFileSystem files;
     files.files[kPath] = c.before;
-    EXPECT_TRUE(RewriteEventsFile(files, kPath, Change).ok());
+    EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder, Change).ok());
     EXPECT_EQ(files.files[kPath], c.after);
     EXPECT_EQ(files.CountCalls("stage"), 1);
-    EXPECT_TRUE(RewriteEventsFile(files, kPath, [](auto, auto) { return LineChange::kKeep; }).ok());
+    EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder, [](auto, auto) {
+                  return LineChange::kKeep;
+                }).ok());
     EXPECT_EQ(files.CountCalls("stage"), 1);
   }
 }
@@ -351,7 +354,7 @@ TEST(RewriteEventsFile, AppendsTheHiddenMarkToTheLinesItIsToldTo) {
     SCOPED_TRACE(c.name);
     MemoryFileSystem files;
     files.files[kPath] = c.before;
-    EXPECT_TRUE(RewriteEventsFile(files, kPath, [](auto, std::string_view line) {
+    EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder, [](auto, std::string_view line) {
                   return line.starts_with('-') ? LineChange::kAppendHiddenMark : LineChange::kKeep;
                 }).ok());
     EXPECT_EQ(files.files[kPath], c.after);
@@ -362,7 +365,7 @@ TEST(RewriteEventsFile, AppendsTheHiddenMarkToTheLinesItIsToldTo) {
 TEST(RewriteEventsFile, ABlankLineCanBeMarkedToo) {
   MemoryFileSystem files;
   files.files[kPath] = "\r\na\r\n";
-  EXPECT_TRUE(RewriteEventsFile(files, kPath, [](std::size_t number, auto) {
+  EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder, [](std::size_t number, auto) {
                 return number == 0 ? LineChange::kAppendHiddenMark : LineChange::kKeep;
               }).ok());
   EXPECT_EQ(files.files[kPath], "*\r\na\r\n");
@@ -376,7 +379,7 @@ TEST(RewriteEventsFile, WritesNothingWhenNoLineChanges) {
     SCOPED_TRACE(testing::PrintToString(bytes));
     MemoryFileSystem files;
     files.files[kPath] = bytes;
-    EXPECT_TRUE(RewriteEventsFile(files, kPath, Change).ok());
+    EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder, Change).ok());
     EXPECT_EQ(files.files[kPath], bytes);
     EXPECT_EQ(files.CountCalls("stage"), 0);
   }
@@ -388,10 +391,11 @@ TEST(RewriteEventsFile, AsksForEveryRawLineInOrder) {
       "\xEF\xBB\xBF"
       "a\r\n\nN\xC3\xB6l\rb";
   std::vector<std::pair<std::size_t, std::string>> asked;
-  EXPECT_TRUE(RewriteEventsFile(files, kPath, [&](std::size_t number, std::string_view line) {
-                asked.emplace_back(number, line);
-                return LineChange::kKeep;
-              }).ok());
+  EXPECT_TRUE(
+      RewriteEventsFile(files, kPath, kDataFolder, [&](std::size_t number, std::string_view line) {
+        asked.emplace_back(number, line);
+        return LineChange::kKeep;
+      }).ok());
   EXPECT_THAT(asked, ElementsAre(Pair(0, "a"), Pair(1, ""), Pair(2, "N\xC3\xB6l"), Pair(3, "b")));
 }
 
@@ -413,11 +417,13 @@ TEST(RewriteEventsFile, AgreesWithReadingOnTheNumbersOfTheLines) {
     MemoryFileSystem files;
     files.files[kPath] = c.bytes;
     std::vector<std::string> asked;
-    EXPECT_TRUE(RewriteEventsFile(files, kPath, [&](std::size_t number, std::string_view line) {
-                  EXPECT_EQ(number, asked.size());
-                  asked.emplace_back(line);
-                  return LineChange::kKeep;
-                }).ok());
+    EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder,
+                                  [&](std::size_t number, std::string_view line) {
+                                    EXPECT_EQ(number, asked.size());
+                                    asked.emplace_back(line);
+                                    return LineChange::kKeep;
+                                  })
+                    .ok());
     EXPECT_EQ(asked, c.raw);
   }
 }
@@ -428,7 +434,7 @@ TEST(RewriteEventsFile, ReadsTheFileAfresh) {
   Collector seen;
   EXPECT_TRUE(ReadEventLines(files, kPath, seen).ok());
   files.files[kPath] = "x\r\n-b\r\ny\r\n";
-  EXPECT_TRUE(RewriteEventsFile(files, kPath, Change).ok());
+  EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder, Change).ok());
   EXPECT_EQ(files.files[kPath], "x\r\ny\r\n");
 }
 
@@ -438,12 +444,12 @@ TEST(RewriteEventsFile, AFileThatCannotBeReadIsNotWritten) {
     MemoryFileSystem files;
     files.files[kPath] = "-a\r\nb\r\n";
     files.failures[kPath] = kind;
-    EXPECT_EQ(RewriteEventsFile(files, kPath, Change).kind(), kind);
+    EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), kind);
     EXPECT_EQ(files.files[kPath], "-a\r\nb\r\n");
     EXPECT_EQ(files.CountCalls("stage"), 0);
   }
   MemoryFileSystem files;
-  EXPECT_EQ(RewriteEventsFile(files, kPath, Change).kind(), StatusKind::kNotFound);
+  EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kNotFound);
   EXPECT_THAT(files.files, IsEmpty());
 }
 
@@ -457,7 +463,7 @@ TEST(RewriteEventsFile, AReadThatBreaksHalfWayIsNotFollowedByAWrite) {
   };
   BrokenFile files;
   files.files[kPath] = "-a\r\nb\r\n";
-  EXPECT_EQ(RewriteEventsFile(files, kPath, Change).kind(), StatusKind::kInputOutput);
+  EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kInputOutput);
   EXPECT_EQ(files.files[kPath], "-a\r\nb\r\n");
   EXPECT_EQ(files.CountCalls("stage"), 0);
 }
@@ -466,11 +472,11 @@ TEST(RewriteEventsFile, AFailedWriteLeavesTheOldBytes) {
   MemoryFileSystem files;
   files.files[kPath] = "-a\r\nb\r\n";
   files.writeFailures[kPath] = StatusKind::kNoSpace;
-  EXPECT_EQ(RewriteEventsFile(files, kPath, Change).kind(), StatusKind::kNoSpace);
+  EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kNoSpace);
   EXPECT_EQ(files.files[kPath], "-a\r\nb\r\n");
   files.writeFailures.clear();
   files.commitFailures[kPath] = StatusKind::kReadOnly;
-  EXPECT_EQ(RewriteEventsFile(files, kPath, Change).kind(), StatusKind::kReadOnly);
+  EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kReadOnly);
   EXPECT_EQ(files.files[kPath], "-a\r\nb\r\n");
 }
 

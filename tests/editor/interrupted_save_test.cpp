@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "editor/interrupted_save.h"
+#include "core/interrupted_save.h"
 #include "tests/editor/edit_desk.h"
 
 namespace tidewarden {
@@ -80,8 +80,10 @@ TEST(InterruptedSave, AFileThatIsReplacedAtOnceNeedsNoCopies) {
   desk.Open();
   desk.Enter(0, "6.1", "Summer");
   desk.session().Save();
-  EXPECT_EQ(desk.files.CountCalls("commit " + kBeforePath), 0);
+  EXPECT_EQ(desk.file(), kAfter);
+  EXPECT_EQ(desk.files.CountCalls("commit"), 1);
   EXPECT_EQ(desk.files.CountCalls("create"), 0);
+  EXPECT_EQ(desk.files.CountCalls("lock"), 0);
 }
 
 TEST(InterruptedSave, ATornFileGetsItsOldBytesBackWithoutAWord) {

@@ -286,6 +286,34 @@ TEST_F(FailingCalls, TheContentIsFlushedBeforeTheRenameAndTheFolderAfterIt) {
   EXPECT_EQ(order, "write fsync rename fsync ");
 }
 
+TEST_F(FailingCalls, AnEmptyFileIsFlushedOnlyWhenItGoesIntoPlace) {
+  WriteBytes(path_, kOld);
+  const auto flushesAndRenames = [] {
+    std::string order;
+    for (const std::string& call : calls) {
+      if (call == "fsync" || call == "rename") order += call + " ";
+    }
+    return order;
+  };
+  {
+    const InForce inForce({});
+    std::unique_ptr<StagedFile> staged;
+    ASSERT_TRUE(files_.Stage(path_, "", staged).ok());
+    staged.reset();
+    EXPECT_EQ(flushesAndRenames(), "");
+  }
+  {
+    const InForce inForce({"fsync", 1, EIO});
+    EXPECT_EQ(ReplaceFile(files_, path_, "").kind(), StatusKind::kInputOutput);
+    EXPECT_EQ(flushesAndRenames(), "fsync ");
+  }
+  EXPECT_EQ(BytesOf(path_), kOld);
+  const InForce inForce({});
+  ASSERT_TRUE(ReplaceFile(files_, path_, "").ok());
+  EXPECT_EQ(flushesAndRenames(), "fsync rename fsync ");
+  EXPECT_EQ(BytesOf(path_), "");
+}
+
 TEST_F(FailingCalls, AProcessThatEndsBeforeAnyCallLeavesTheOldOrTheNewContent) {
   for (const bool exists : {true, false}) {
     int crashes = 0;

@@ -14,6 +14,7 @@
 namespace tidewarden::test {
 
 inline const std::string kEventsPath = "/home/ann/dates.txt";
+inline const std::string kDataFolder = "/home/ann/data";
 
 // A clock that counts how often it is read, and jumps to another day when it has been.
 class CountingClock : public MemoryClock {
@@ -53,8 +54,8 @@ class Desk {
 
   ListBuilder& builder() {
     if (!builder_) {
-      builder_.emplace(ListPorts{settings, files, clock, messages, shiftKey}, format, kEventsPath,
-                       ReadTodayPreface(settings));
+      builder_.emplace(ListPorts{settings, files, clock, messages, shiftKey, kDataFolder}, format,
+                       kEventsPath, ReadTodayPreface(settings));
     }
     return *builder_;
   }

@@ -13,6 +13,7 @@ namespace tidewarden {
 namespace {
 
 constexpr char kPath[] = "dates.txt";
+constexpr char kDataFolder[] = "data";
 
 struct ActionCase {
   std::string name;
@@ -67,13 +68,13 @@ TEST(EventActions, ActOnTheEventAndOnNothingElse) {
     EXPECT_EQ(files.files[kPath], c.file);
     EXPECT_EQ(files.CountCalls("stage"), 0);
 
-    EXPECT_TRUE(HideEvent(files, kPath, c.event()).ok());
+    EXPECT_TRUE(HideEvent(files, kPath, kDataFolder, c.event()).ok());
     EXPECT_EQ(files.files[kPath], c.hidden);
     EXPECT_EQ(files.CountCalls("stage"), c.hidden == c.file ? 0 : 1);
 
     files.files[kPath] = c.file;
     files.calls.clear();
-    EXPECT_TRUE(DeleteEvent(files, kPath, c.event()).ok());
+    EXPECT_TRUE(DeleteEvent(files, kPath, kDataFolder, c.event()).ok());
     EXPECT_EQ(files.files[kPath], c.deleted);
     EXPECT_EQ(files.CountCalls("stage"), c.deleted == c.file ? 0 : 1);
   }
@@ -85,24 +86,24 @@ TEST(EventActions, TellWhyTheyCouldNot) {
     files.files[kPath] = "a\r\n";
     files.failures[kPath] = kind;
     EXPECT_EQ(FindEvent(files, kPath, {0, "a"}), std::nullopt);
-    EXPECT_EQ(HideEvent(files, kPath, {0, "a"}).kind(), kind);
-    EXPECT_EQ(DeleteEvent(files, kPath, {0, "a"}).kind(), kind);
+    EXPECT_EQ(HideEvent(files, kPath, kDataFolder, {0, "a"}).kind(), kind);
+    EXPECT_EQ(DeleteEvent(files, kPath, kDataFolder, {0, "a"}).kind(), kind);
     EXPECT_EQ(files.CountCalls("stage"), 0);
   }
   MemoryFileSystem full;
   full.files[kPath] = "a\r\n";
   full.writeFailures[kPath] = StatusKind::kNoSpace;
   EXPECT_EQ(FindEvent(full, kPath, {0, "a"}), 0);
-  EXPECT_EQ(HideEvent(full, kPath, {0, "a"}).kind(), StatusKind::kNoSpace);
-  EXPECT_EQ(DeleteEvent(full, kPath, {0, "a"}).kind(), StatusKind::kNoSpace);
+  EXPECT_EQ(HideEvent(full, kPath, kDataFolder, {0, "a"}).kind(), StatusKind::kNoSpace);
+  EXPECT_EQ(DeleteEvent(full, kPath, kDataFolder, {0, "a"}).kind(), StatusKind::kNoSpace);
   EXPECT_EQ(full.files[kPath], "a\r\n");
 }
 
 TEST(EventActions, CreateNoFileThatIsMissing) {
   MemoryFileSystem files;
   EXPECT_EQ(FindEvent(files, kPath, {0, "a"}), std::nullopt);
-  EXPECT_EQ(HideEvent(files, kPath, {0, "a"}).kind(), StatusKind::kNotFound);
-  EXPECT_EQ(DeleteEvent(files, kPath, {0, "a"}).kind(), StatusKind::kNotFound);
+  EXPECT_EQ(HideEvent(files, kPath, kDataFolder, {0, "a"}).kind(), StatusKind::kNotFound);
+  EXPECT_EQ(DeleteEvent(files, kPath, kDataFolder, {0, "a"}).kind(), StatusKind::kNotFound);
   EXPECT_TRUE(files.files.empty());
 }
 

@@ -70,7 +70,7 @@ TEST(OneTimeCleanUp, TellsTheRemovedLines) {
   files.files["f"] =
       "12.21,A,7,one2014\nx\n12.20,B,7,one2014\r\n12.23,C,7,one2014\r01.01,D,7,one2014";
   std::vector<long> removed{99};
-  ASSERT_TRUE(RemovePastOneTimeEvents(files, "f", On(2014, 12, 22), removed).ok());
+  ASSERT_TRUE(RemovePastOneTimeEvents(files, "f", "data", On(2014, 12, 22), removed).ok());
   EXPECT_THAT(removed, ElementsAre(0, 2, 4));
   EXPECT_EQ(files.files["f"], "x\r\n12.23,C,7,one2014\r\n");
 }
@@ -80,7 +80,7 @@ TEST(OneTimeCleanUp, TellsOfNoLineAfterAFailure) {
   files.files["f"] = "12.21,A,7,one2014\n";
   files.commitFailures["f"] = StatusKind::kNoSpace;
   std::vector<long> removed{99};
-  EXPECT_EQ(RemovePastOneTimeEvents(files, "f", On(2014, 12, 22), removed).kind(),
+  EXPECT_EQ(RemovePastOneTimeEvents(files, "f", "data", On(2014, 12, 22), removed).kind(),
             StatusKind::kNoSpace);
   EXPECT_THAT(removed, IsEmpty());
   EXPECT_EQ(files.files["f"], "12.21,A,7,one2014\n");
@@ -89,14 +89,14 @@ TEST(OneTimeCleanUp, TellsOfNoLineAfterAFailure) {
 TEST(UnhideStep, TakesTheMarkFromEqualLinesOnly) {
   MemoryFileSystem files;
   files.files["f"] = "a*\nA*\na\na*\r\na* \n*\n";
-  ASSERT_TRUE(UnhideEvents(files, "f", {"a*"}).ok());
+  ASSERT_TRUE(UnhideEvents(files, "f", "data", {"a*"}).ok());
   EXPECT_EQ(files.files["f"], "a\r\nA*\r\na\r\na\r\na* \r\n*\r\n");
 }
 
 TEST(UnhideStep, WritesNothingWithoutAnEqualLine) {
   MemoryFileSystem files;
   files.files["f"] = "a\nb*\n";
-  ASSERT_TRUE(UnhideEvents(files, "f", {"a*"}).ok());
+  ASSERT_TRUE(UnhideEvents(files, "f", "data", {"a*"}).ok());
   EXPECT_EQ(files.files["f"], "a\nb*\n");
   EXPECT_EQ(files.CountCalls("stage"), 0);
 }

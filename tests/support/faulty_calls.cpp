@@ -1,4 +1,4 @@
-#include "tests/editor/faulty_calls.h"
+#include "tests/support/faulty_calls.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -1,17 +1,19 @@
-// What is kept while the events file is written in place, and what becomes of it when such a save
-// was interrupted.
+// Replacing the events file, what is kept while it is written in place, and what becomes of it when
+// such a save was interrupted.
 //
 // In a folder that takes no new files the events file itself is written, and is torn when the
 // process is killed meanwhile. Before that, the bytes of both states are put into the user's data
-// folder, the old ones first. They go again when the file is whole. Whoever reads the file for the
-// editor settles first what an interrupted save has left.
+// folder (`rescueFolder` everywhere), the old ones first. They go again when the file is whole.
+// Whoever reads the file and may change it settles first what an interrupted save has left.
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/file_system.h"
+#include "core/message_box.h"
 
 namespace tidewarden {
 
@@ -38,16 +40,25 @@ struct SaveNotes {
                                    const std::string& rescueFolder, std::string_view before,
                                    std::string_view after);
 
-// Is told where an undamaged copy is going to be kept.
-using TellKeptCopy = std::function<void(const std::string& keptPath)>;
-
 // Settles what an interrupted save has left, and does nothing without. A file that holds one of
 // the two states is whole. One that holds nothing but parts of both is torn and gets its old bytes
 // back. Any other has been changed since and stays as it is; its old bytes are then kept under a
-// name that no other copy has, and `tell` learns it before they get it (without `tell` all waits
-// for the next call). On failure everything that is needed for another try is still there.
-[[nodiscard]] WriteResult SettleInterruptedSave(FileSystem& files, const std::string& path,
-                                                const std::string& rescueFolder,
-                                                const TellKeptCopy& tell);
+// name that no other copy has, and the user is told before they get it. On failure everything that
+// is needed for another try is still there; kBusy while another process writes the file in place.
+[[nodiscard]] WriteResult SettleInterruptedSave(FileSystem& files, MessageBox& messages,
+                                                const std::string& path,
+                                                const std::string& rescueFolder);
+
+// Is called when the new content is safe, right before the file gets it.
+using BeforeCommit = std::function<void(const StagedFile& staged)>;
+
+// Replaces an events file that holds `before`, or one that does not exist (without `before`), by
+// `after`. Where it has to be written in place, both states are kept meanwhile. On failure the file
+// holds what it held, or the next SettleInterruptedSave gives it back.
+[[nodiscard]] WriteResult ReplaceEventsFile(FileSystem& files, const std::string& path,
+                                            const std::string& rescueFolder,
+                                            std::optional<std::string_view> before,
+                                            std::string_view after,
+                                            const BeforeCommit& beforeCommit = {});
 
 }  // namespace tidewarden

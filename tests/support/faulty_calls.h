@@ -1,6 +1,6 @@
 // System calls that fail, do half of their work or are the last thing that the process does. The
-// linker puts wrappers in front of the real calls (see the CMakeLists.txt beside this file); they
-// pass everything on while no fault is in force.
+// linker puts wrappers in front of the real calls (tidewarden_add_faults_test in
+// tests/CMakeLists.txt); they pass everything on while no fault is in force.
 #pragma once
 
 #include <cstddef>
