@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::string_view kFileName = "dates.txt";
 constexpr std::string_view kEnding = ".txt";
+// In bytes. File systems take names of 255, and an ending is still to come.
+constexpr std::size_t kLongestStem = 180;
 constexpr std::string_view kNetwork = "\\\\";
 
 const std::string& EventsFolder(FileSystem& files, const ProgramFolders& folders) {
@@ -46,7 +48,9 @@ std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
   const std::size_t separator = path.find_last_of("/\\");
   const std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
   const char joint = rescueFolder.find('\\') == std::string::npos ? '/' : '\\';
-  return (rescueFolder + joint).append(WithoutEnding(name)).append(ending);
+  std::string_view stem = WithoutEnding(name);
+  while (stem.size() > kLongestStem) stem = FirstCharacters(stem, CountCharacters(stem) - 1);
+  return (rescueFolder + joint).append(stem).append(ending);
 }
 
 std::string ResolveEventsPath(std::string_view stored, std::string_view folder, PathStyle style) {

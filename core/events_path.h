@@ -26,7 +26,7 @@ struct ProgramFolders {
 [[nodiscard]] std::string_view WithoutEnding(std::string_view path);
 
 // A file in the user's data folder, named after the events file: its name without the last four
-// characters, and `ending`.
+// characters, a very long one cut, and `ending`.
 [[nodiscard]] std::string NamedAfter(const std::string& rescueFolder, const std::string& path,
                                      std::string_view ending);
 

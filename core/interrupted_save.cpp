@@ -11,7 +11,7 @@
 namespace tidewarden {
 namespace {
 
-// Is told where an undamaged copy is going to be kept.
+// Is told where an undamaged copy is kept.
 using TellKeptCopy = std::function<void(const std::string& keptPath)>;
 
 // Every byte stands at its place in one of the two states, or is space that was taken for the
@@ -26,6 +26,9 @@ bool IsTorn(std::string_view file, std::string_view before, std::string_view aft
   }
   return true;
 }
+
+// A bound for a folder in which every name seems to be taken.
+constexpr int kMostKeptCopies = 1000;
 
 bool IsThere(FileSystem& files, const std::string& path) {
   FileStamp stamp;
@@ -48,14 +51,16 @@ WriteResult WriteBack(FileSystem& files, const std::string& path, std::string_vi
 WriteResult Keep(FileSystem& files, const std::string& path, const std::string& rescueFolder,
                  const TellKeptCopy& tell) {
   int number = 1;
-  while (IsThere(files, KeptCopyPath(rescueFolder, path, number))) ++number;
+  while (number < kMostKeptCopies && IsThere(files, KeptCopyPath(rescueFolder, path, number))) {
+    ++number;
+  }
+  if (number == kMostKeptCopies) return {};
   const std::string kept = KeptCopyPath(rescueFolder, path, number);
-  tell(kept);
   const SaveNotes notes = SaveNotesOf(rescueFolder, path);
-  Status status = files.Rename(notes.before, kept);
-  const bool moved = status.ok() || status.kind() == StatusKind::kNotFound;
-  if (!moved) return {std::move(status), notes.before};
-  Forget(files, notes);
+  // The file is whole, so what cannot be moved waits where it is.
+  if (!files.Rename(notes.before, kept).ok()) return {};
+  static_cast<void>(files.Remove(notes.after));
+  tell(kept);
   return {};
 }
 
@@ -75,7 +80,11 @@ WriteResult Settle(FileSystem& files, const std::string& path, const std::string
   const SaveNotes notes = SaveNotesOf(rescueFolder, path);
   std::string after;
   Status status = ReadFile(files, notes.after, after);
-  if (status.kind() == StatusKind::kNotFound) return {};
+  if (status.kind() == StatusKind::kNotFound) {
+    // The file was not yet written.
+    static_cast<void>(files.Remove(notes.before));
+    return {};
+  }
   if (!status.ok()) return {std::move(status), notes.after};
   std::string before;
   status = ReadFile(files, notes.before, before);
@@ -87,9 +96,10 @@ WriteResult Settle(FileSystem& files, const std::string& path, const std::string
 
   std::string current;
   status = ReadFile(files, path, current);
-  const bool exists = status.kind() != StatusKind::kNotFound;
-  if (exists && !status.ok()) return {std::move(status), path};
-  if (exists && IsTorn(current, before, after)) {
+  // It may be on a disk that is away for now.
+  if (status.kind() == StatusKind::kNotFound) return {};
+  if (!status.ok()) return {std::move(status), path};
+  if (IsTorn(current, before, after)) {
     if (current != before && current != after) {
       WriteResult result = WriteBack(files, path, before);
       if (!result.status.ok()) return result;
@@ -127,16 +137,14 @@ WriteResult NoteSave(FileSystem& files, const std::string& path, const std::stri
 WriteResult SettleInterruptedSave(FileSystem& files, MessageBox& messages, const std::string& path,
                                   const std::string& rescueFolder) {
   const SaveNotes notes = SaveNotesOf(rescueFolder, path);
-  std::string after;
-  Status status = ReadFile(files, notes.after, after);
-  // Where the user may not look, nothing was put either.
-  const bool none =
-      status.kind() == StatusKind::kNotFound || status.kind() == StatusKind::kNoPermission;
-  if (none) return {};
-  if (!status.ok()) return {std::move(status), notes.after};
+  // In a folder that cannot be looked at, nothing can be put right; the file may be whole.
+  FileStamp stamp;
+  const bool interrupted = files.GetStamp(notes.after, stamp).ok();
+  if (!interrupted && !files.GetStamp(notes.before, stamp).ok()) return {};
   std::unique_ptr<FileLock> lock;
   WriteResult locked = LockSaves(files, path, rescueFolder, lock);
-  if (!locked.status.ok()) return locked;
+  // In a folder that takes no lock, nobody else begins such a save either.
+  if (locked.status.kind() == StatusKind::kBusy) return locked;
   return Settle(files, path, rescueFolder, [&](const std::string& keptPath) {
     messages.Show("Saving the events file was interrupted, and the file has been changed since:\n" +
                       path + "\n\nThe file as it was before is now kept here:\n" + keptPath,

@@ -43,8 +43,9 @@ struct SaveNotes {
 // Settles what an interrupted save has left, and does nothing without. A file that holds one of
 // the two states is whole. One that holds nothing but parts of both is torn and gets its old bytes
 // back. Any other has been changed since and stays as it is; its old bytes are then kept under a
-// name that no other copy has, and the user is told before they get it. On failure everything that
-// is needed for another try is still there; kBusy while another process writes the file in place.
+// name that no other copy has, and the user is told. Of a file that is away for now everything
+// stays. On failure all that is needed for another try is still there; kBusy while another process
+// writes the file in place.
 [[nodiscard]] WriteResult SettleInterruptedSave(FileSystem& files, MessageBox& messages,
                                                 const std::string& path,
                                                 const std::string& rescueFolder);

@@ -25,8 +25,9 @@ using ::testing::IsEmpty;
 const std::string kBefore = "01.01,New Year,1,yearly\r\n12.25,Christmas,7,yearly\r\n";
 const std::string kAfter =
     "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n";
-const std::string kBeforePath = kRescueFolder + "/dates.before-save.txt";
-const std::string kAfterPath = kRescueFolder + "/dates.after-save.txt";
+const SaveNotes kNotes = SaveNotesOf(kRescueFolder, kEventsPath);
+const std::string& kBeforePath = kNotes.before;
+const std::string& kAfterPath = kNotes.after;
 const std::string kKept = kRescueFolder + "/dates.undamaged1.txt";
 
 // A desk on which a save was interrupted that would have made kAfter of kBefore.
@@ -152,14 +153,62 @@ TEST(InterruptedSave, AKeptCopyIsNeverOverwritten) {
   EXPECT_THAT(desk.messages.shown, ElementsAre(Told(kRescueFolder + "/dates.undamaged2.txt")));
 }
 
-TEST(InterruptedSave, AFileThatHasGoneSinceLeavesItsCopy) {
+// A stick that is not plugged in must not cost the file its repair.
+TEST(InterruptedSave, OfAFileThatIsAwayEverythingWaits) {
   InterruptedDesk desk({});
   desk.files.files.erase(kEventsPath);
   desk.Open();
-  ASSERT_EQ(desk.messages.shown.size(), 2U);
-  EXPECT_EQ(desk.messages.shown[0], Told(kKept));
-  EXPECT_THAT(desk.messages.shown[1], HasSubstr("does not exist."));
-  EXPECT_EQ(desk.files.files.at(kKept), kBefore);
+  ASSERT_EQ(desk.messages.shown.size(), 1U);
+  EXPECT_THAT(desk.messages.shown[0], HasSubstr("does not exist."));
+  EXPECT_EQ(desk.files.files.at(kBeforePath), kBefore);
+  EXPECT_EQ(desk.files.files.at(kAfterPath), kAfter);
+  desk.files.files[kEventsPath] = Torn(kBefore, kAfter, 60);
+  desk.session().Reload();
+  EXPECT_EQ(desk.file(), kBefore);
+  EXPECT_FALSE(desk.hasNotes());
+}
+
+TEST(InterruptedSave, NamesStayShortEnoughForTheDisk) {
+  std::string name;
+  for (int i = 0; i < 122; ++i) name += "\xd0\x96";
+  const SaveNotes notes = SaveNotesOf(kRescueFolder, "/home/ann/" + name + ".txt");
+  for (const std::string& path : {notes.before, notes.after,
+                                  KeptCopyPath(kRescueFolder, "/home/ann/" + name + ".txt", 999)}) {
+    const std::string cut = path.substr(kRescueFolder.size() + 1);
+    EXPECT_LE(cut.size(), 220U);
+    EXPECT_EQ(cut.substr(0, 180), name.substr(0, 180)) << "no character is split";
+    EXPECT_EQ(cut[180], '.');
+  }
+}
+
+TEST(InterruptedSave, AFolderThatCannotBeLookedAtDoesNotKeepAnybodyFromTheFile) {
+  InterruptedDesk desk(kAfter);
+  desk.files.failures[kBeforePath] = StatusKind::kInputOutput;
+  desk.files.failures[kAfterPath] = StatusKind::kInputOutput;
+  desk.Open();
+  EXPECT_THAT(desk.messages.shown, IsEmpty());
+  EXPECT_EQ(desk.List().size(), 4U);
+}
+
+TEST(InterruptedSave, OldBytesThatCannotBeMovedWaitAndTheFileIsRead) {
+  const std::string changed = kAfter + "12.31,Party,1,yearly\r\n";
+  InterruptedDesk desk(changed);
+  desk.files.renameFailures[kBeforePath] = StatusKind::kNoPermission;
+  desk.Open();
+  EXPECT_THAT(desk.messages.shown, IsEmpty());
+  EXPECT_EQ(desk.List().size(), 5U);
+  EXPECT_EQ(desk.files.files.at(kBeforePath), kBefore);
+  EXPECT_EQ(desk.files.files.at(kAfterPath), kAfter);
+}
+
+// Killed between the two copies, or between their removals.
+TEST(InterruptedSave, OldBytesAloneAreRemoved) {
+  InterruptedDesk desk(kBefore);
+  desk.files.files.erase(kAfterPath);
+  desk.Open();
+  EXPECT_FALSE(desk.hasNotes());
+  EXPECT_EQ(desk.file(), kBefore);
+  EXPECT_THAT(desk.messages.shown, IsEmpty());
 }
 
 TEST(InterruptedSave, WithoutTheOldBytesTheFileWasNotYetWritten) {

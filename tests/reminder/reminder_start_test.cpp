@@ -46,7 +46,6 @@ TEST(ReminderStart, TheStepsComeInTheirOrder) {
       "open /opt/tidewarden/winaqua.skn",
       // the list, from its first step to its last
       "get Options/TitlebarText",
-      "open /home/ann/data/dates.after-save.txt",
       "open /home/ann/dates.txt",
       "get Options/ShowOnlyIfEventsInRange",
       "get Options/ShowTodaysDateWithReminders",
