@@ -231,6 +231,11 @@ void frmDocs::RenderRows() {
   if (!isSame) FillRows();
   const auto row = session_.CurrentRow();
   lstTopics->setCurrentRow(row ? static_cast<int>(*row) : -1);
+  if (isSame) return;
+  // The list keeps the place to which it was scrolled for the rows before.
+  lstTopics->doItemsLayout();
+  lstTopics->scrollToTop();
+  if (row) lstTopics->scrollToItem(lstTopics->currentItem());
 }
 
 void frmDocs::FillRows() {

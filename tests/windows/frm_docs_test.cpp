@@ -104,6 +104,7 @@ class FrmDocsTest : public QObject {
   void fetchesNothing();
   void goesBackAndForwardByButtonAndKey();
   void searchesWhileTyping();
+  void showsTheBestHitsFirstAfterEachLetter();
   void opensTheBestHitByEnter();
   void goesFromMatchToMatch();
   void listsTheTopicsAgainAfterASearch();
@@ -248,6 +249,25 @@ void FrmDocsTest::searchesWhileTyping() {
   QVERIFY(desk.Rows().isEmpty());
   // What is shown stays.
   QCOMPARE(desk.Title(), QStringLiteral("Tidewarden - Tidewarden Help"));
+}
+
+void FrmDocsTest::showsTheBestHitsFirstAfterEachLetter() {
+  for (const char* const words : {"backup", "options", "alarm", "sound file"}) {
+    const HelpDesk desk("questions");
+    auto* const list = desk.Find<QListWidget>("lstTopics");
+    auto* const box = desk.Find<QLineEdit>("txtSearch");
+    list->verticalScrollBar()->setValue(list->verticalScrollBar()->maximum());
+    box->setFocus();
+    for (const char letter : QByteArray(words)) {
+      QTest::keyClick(box, letter);
+      QTest::qWait(1);
+      QVERIFY2(list->count() > 0, words);
+      // A row that is shown beside the list has to be seen; else the first one.
+      const int row = std::max(list->currentRow(), 0);
+      QVERIFY2(list->viewport()->rect().intersects(list->visualItemRect(list->item(row))), words);
+      if (list->currentRow() < 0) QCOMPARE(list->verticalScrollBar()->value(), 0);
+    }
+  }
 }
 
 void FrmDocsTest::opensTheBestHitByEnter() {
