@@ -17,6 +17,7 @@
 #include "customizer/options_session.h"
 #include "dates/regional_text.h"
 #include "platform/memory/memory_ports.h"
+#include "platform/memory/memory_reminder.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/window_picture.h"
@@ -137,8 +138,9 @@ class Customizer {
     std::string anyValue;
     const Status status = settings_->Read("Settings", "Path", anyValue);
     if (!status.ok()) return TellUnreadable(status);
+    reminder_ = ReminderOf(arguments_, *files_);
     OptionsSession session({*settings_, *files_, examples_, clock_, *formats_, sound_, boxes_,
-                            *autostart_, SystemFolders()},
+                            *autostart_, *reminder_, SystemFolders()},
                            arguments_.file.toStdString());
     session.StartReminder = [this] { return StartReminder(); };
     frmCustomizer window(session);
@@ -155,6 +157,13 @@ class Customizer {
   static std::unique_ptr<SettingsStore> SettingsOf(const Arguments& arguments, FileSystem& files) {
     if (arguments.settings.isEmpty()) return MakeSystemSettings(files);
     return std::make_unique<IniSettingsStore>(files, arguments.settings.toStdString());
+  }
+
+  static std::unique_ptr<PreviousInstance> ReminderOf(const Arguments& arguments,
+                                                      FileSystem& files) {
+    // A picture leaves no file behind but itself.
+    if (!arguments.grab.isEmpty()) return std::make_unique<MemoryPreviousInstance>();
+    return MakePreviousInstance(files, arguments.settings.toStdString());
   }
 
   // Without the settings there is nothing to show, and nothing may be written.
@@ -197,6 +206,7 @@ class Customizer {
   SdlSoundPlayer sound_;
   QtMessageBox boxes_;
   std::unique_ptr<Autostart> autostart_;
+  std::unique_ptr<PreviousInstance> reminder_;
 };
 
 }  // namespace
