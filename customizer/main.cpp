@@ -16,8 +16,10 @@
 #include "customizer/frm_customizer.h"
 #include "customizer/options_session.h"
 #include "dates/regional_text.h"
+#include "editor/launchers.h"
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
+#include "platform/qt/display.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/window_picture.h"
@@ -28,7 +30,7 @@
 namespace tidewarden {
 namespace {
 
-enum ExitCode { kDone = 0, kUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
+enum ExitCode { kDone = 0, kNoDisplay = 1, kUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
 
 struct Arguments {
   QString settings;
@@ -131,7 +133,7 @@ class Customizer {
         clock_(*systemClock_, arguments.today, std::nullopt),
         formats_(MakeSystemFormats({})),
         settings_(SettingsOf(arguments, *files_)),
-        sound_(&QApplication::beep, Complain),
+        sound_(&QApplication::beep, [this](const std::string& text) { TellSoundProblem(text); }),
         autostart_(MakeAutostart(*files_)) {}
 
   int Run() {
@@ -139,11 +141,12 @@ class Customizer {
     const Status status = settings_->Read("Settings", "Path", anyValue);
     if (!status.ok()) return TellUnreadable(status);
     reminder_ = ReminderOf(arguments_, *files_);
-    OptionsSession session({*settings_, *files_, examples_, clock_, *formats_, sound_, boxes_,
-                            *autostart_, *reminder_, SystemFolders()},
-                           arguments_.file.toStdString());
-    session.StartReminder = [this] { return StartReminder(); };
-    frmCustomizer window(session);
+    session_.emplace(CustomizerPorts{*settings_, *files_, examples_, clock_, *formats_, sound_,
+                                     boxes_, *autostart_, *reminder_, SystemFolders()},
+                     arguments_.file.toStdString());
+    session_->StartReminder = [this] { return StartReminder(); };
+    session_->StartHelp = &StartHelp;
+    frmCustomizer window(*session_);
     window.ShowPage(arguments_.page);
     window.show();
     if (!arguments_.grab.isEmpty()) return Grab(window);
@@ -189,6 +192,16 @@ class Customizer {
                                    QDir::rootPath());
   }
 
+  [[nodiscard]] static bool StartHelp() {
+    return QProcess::startDetached(QString::fromStdString(HelpProgram(SystemFolders())),
+                                   {QStringLiteral("options")}, QDir::rootPath());
+  }
+
+  void TellSoundProblem(const std::string& text) {
+    Complain(text);
+    if (session_) session_->TellSoundProblem(text);
+  }
+
   int Grab(frmCustomizer& window) {
     QApplication::processEvents();
     if (SaveWindowPicture(window, *files_, arguments_.grab.toStdString()).ok()) return kDone;
@@ -207,6 +220,7 @@ class Customizer {
   QtMessageBox boxes_;
   std::unique_ptr<Autostart> autostart_;
   std::unique_ptr<PreviousInstance> reminder_;
+  std::optional<OptionsSession> session_;
 };
 
 }  // namespace
@@ -217,6 +231,12 @@ int main(int argc, char** argv) {
   const bool onlyTells = std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
     return argument == "--help" || argument == "-h" || argument == "--version" || argument == "-v";
   });
+  if (!onlyTells && !HasDisplay()) {
+    Complain(
+        "there is no display to open a window on; man tidewarden-settings tells how to write the "
+        "settings yourself");
+    return kNoDisplay;
+  }
   // What only prints needs no screen.
   if (onlyTells && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

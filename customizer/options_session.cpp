@@ -15,7 +15,7 @@ namespace {
 using modGetSetSaveSet::isTrue;
 using modGetSetSaveSet::Stored;
 
-constexpr std::string_view kStays = " It stays as it is until you change it.";
+constexpr std::string_view kStays = " The setting stays as it is until you change it.";
 
 const Option& OptionAt(std::size_t option) {
   return AllOptions()[option];
@@ -145,6 +145,7 @@ const OptionNote& OptionsSession::Note(std::size_t option) const {
 OptionNote OptionsSession::NoteOf(std::size_t option) const {
   const Value& value = values_.at(option);
   std::string text = CheckOption(OptionAt(option), value.text, Paths());
+  if (text.empty() && !value.isChanged()) text = MisreadTime(OptionAt(option), value.text);
   if (text.empty()) return {};
   if (value.isChanged()) return {std::move(text), true};
   return {text.append(kStays), false};
@@ -215,6 +216,12 @@ void OptionsSession::PlaySound() {
   } else {
     ports_.sound.Beep(path + ": " + DescribeStatus(status));
   }
+}
+
+void OptionsSession::TellSoundProblem(std::string_view problem) {
+  OptionNote& note = values_.at(IndexOfOption("AlarmPath")).note;
+  if (!note.text.empty()) return;
+  note = {"You hear the beep of the system: " + std::string(problem) + ".", false};
 }
 
 void OptionsSession::StopSound() {
@@ -331,6 +338,10 @@ bool OptionsSession::Close(OptionsClosing why) {
   // The reminder program that was started has heard the word, and may have removed it already.
   if (!hasReturned_) LeaveWord();
   return true;
+}
+
+void OptionsSession::ShowHelp() {
+  if (!StartHelp || !StartHelp()) Tell("The help program could not be started.");
 }
 
 bool OptionsSession::ReturnToReminder() {

@@ -98,6 +98,8 @@ class OptionsSession {
   // What is wrong with the file is noted beside it, and the beep sounds, as at an alarm.
   void PlaySound();
   void StopSound();
+  // The player says while it begins why it beeps in place of the file.
+  void TellSoundProblem(std::string_view problem);
 
   // --- The preview.
 
@@ -131,6 +133,11 @@ class OptionsSession {
   [[nodiscard]] bool reminderRuns() const { return reminderRuns_; }
   void LookAtReminder();
 
+  // Opens the guide at the options beside this program; the user is told when that fails.
+  void ShowHelp();
+
+  // Starts the help program; false when that cannot be done. Set by the program.
+  std::function<bool()> StartHelp;
   // Starts the reminder program; false when that cannot be done. Set by the program.
   std::function<bool()> StartReminder;
 
