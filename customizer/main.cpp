@@ -16,7 +16,6 @@
 #include "customizer/frm_customizer.h"
 #include "customizer/options_session.h"
 #include "dates/regional_text.h"
-#include "editor/launchers.h"
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
 #include "platform/qt/display.h"
@@ -193,7 +192,8 @@ class Customizer {
   }
 
   [[nodiscard]] static bool StartHelp() {
-    return QProcess::startDetached(QString::fromStdString(HelpProgram(SystemFolders())),
+    const QDir programs(QCoreApplication::applicationDirPath());
+    return QProcess::startDetached(programs.absoluteFilePath(QStringLiteral("twdocs")),
                                    {QStringLiteral("options")}, QDir::rootPath());
   }
 
