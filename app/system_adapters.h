@@ -31,9 +31,6 @@ void PrepareDesktop(int argc, char** argv, WindowPlaces places);
 // Windows: windows that ask to stay above the others are put there by the system's own call.
 void SettleDesktop(QCoreApplication& application);
 
-// False when no window can be shown, because there is no desktop.
-[[nodiscard]] bool HasDesktop();
-
 // The notification area and the program's own picture by the number that the area knows it by.
 struct ProgramTray {
   std::unique_ptr<NotificationArea> area;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/system_adapters.h"
+#include "platform/qt/display.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/qt_shell.h"
@@ -20,7 +21,7 @@ bool isOwnChoice = false;
 
 void PrepareDesktop(int argc, char** argv, WindowPlaces places) {
   if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
-  const bool hasDesktop = HasDesktop();
+  const bool hasDesktop = HasDisplay();
   const bool needsNone = std::any_of(argv + 1, argv + argc, [=](std::string_view argument) {
     return argument == "--help" || argument == "-h" || argument == "--version" ||
            argument == "-v" || (!hasDesktop && argument.starts_with("--grab"));
@@ -34,11 +35,6 @@ void PrepareDesktop(int argc, char** argv, WindowPlaces places) {
 
 void SettleDesktop(QCoreApplication& /*application*/) {
   if (isOwnChoice) qunsetenv("QT_QPA_PLATFORM");
-}
-
-bool HasDesktop() {
-  return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
-         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 ProgramTray MakeProgramTray() {

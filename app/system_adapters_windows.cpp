@@ -49,10 +49,6 @@ void SettleDesktop(QCoreApplication& application) {
   new QtTopmostWindows(application);
 }
 
-bool HasDesktop() {
-  return true;
-}
-
 ProgramTray MakeProgramTray() {
   auto area = std::make_unique<QtShellNotificationArea>();
   const IconHandle icon = area->AddIcon(QApplication::windowIcon());

@@ -40,6 +40,9 @@ if(UNIX)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 
   install(FILES packaging/tidewarden.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  if(TARGET customizer)
+    install(FILES packaging/customizer.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  endif()
   foreach(size 16 22 24 32 48 64 128 256)
     install(FILES icons/tidewarden-${size}.png RENAME tidewarden.png
       DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)

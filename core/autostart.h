@@ -12,9 +12,11 @@ class Autostart {
  public:
   virtual ~Autostart() = default;
 
-  // True when the next login starts this reminder program, by the full path of its file or by a
-  // name under which the system finds it. False when nothing starts, when only another program
-  // does, when the entry has been switched off by other means, and when that cannot be found out.
+  // True when the entry of the next login names this reminder program, by the full path of its file
+  // or by a name under which the system finds it. False when there is no entry, when it names only
+  // another program, when it has been switched off by other means, and when that cannot be found
+  // out. Conditions that an entry may set besides (on Linux TryExec, OnlyShowIn and NotShowIn) are
+  // not looked at.
   [[nodiscard]] virtual bool IsOn() = 0;
 
   // Makes it so, for this user only. Nothing is changed when it is so already. What else an

@@ -66,6 +66,8 @@ void frmCustomizer::Connect() {
               [this, step] { NextPage(step); });
     }
   };
+  connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
+          [this] { session_.ShowHelp(); });
   turn(QKeySequence::NextChild, "Ctrl+PgDown", 1);
   turn(QKeySequence::PreviousChild, "Ctrl+PgUp", -1);
 }
@@ -172,6 +174,7 @@ void frmCustomizer::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() != QEvent::ActivationChange || !isActiveWindow() || hasLeft_) return;
   session_.LookAtAutostart();
+  session_.LookAtReminder();
   Render();
 }
 
@@ -198,8 +201,21 @@ void frmCustomizer::Render() {
   autostart_->RenderNote({}, false);
   RenderPreview();
   cmdApply->setEnabled(session_.hasChanges());
-  lblStatus->setText(saidSaved_ ? tr("Saved.") : QString());
+  RenderWayBack();
   rendering_ = false;
+}
+
+// The gear button ends the reminder program, and neither OK nor Cancel starts it again.
+void frmCustomizer::RenderWayBack() {
+  const bool saves = session_.hasChanges();
+  const QString caption = saves ? tr("Save and show the &reminders") : tr("Show the &reminders");
+  cmdReminder->setText(caption);
+  cmdReminder->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
+  QString status = saidSaved_ ? tr("Saved.") : QString();
+  if (status.isEmpty() && !session_.reminderRuns()) {
+    status = tr("Tidewarden is not running. OK and Cancel leave it so.");
+  }
+  lblStatus->setText(status);
 }
 
 void frmCustomizer::RenderSkin() {

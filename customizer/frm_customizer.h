@@ -67,6 +67,7 @@ class frmCustomizer : public QDialog {
 
   void Render();
   void RenderSkin();
+  void RenderWayBack();
   void RenderPreview();
 
   OptionsSession& session_;

@@ -155,6 +155,8 @@ void OptionField::MakeFontList() {
   disconnect(list_, &QComboBox::activated, this, nullptr);
   list_->setEditable(true);
   list_->setInsertPolicy(QComboBox::NoInsert);
+  // A proposal in the box would look as if it were typed, and not be stored.
+  list_->setCompleter(nullptr);
   list_->addItems(QFontDatabase::families());
   list_->lineEdit()->setObjectName(QStringLiteral("txt") + name_);
   list_->lineEdit()->setAccessibleName(TextOf(option_.label));

@@ -174,6 +174,7 @@ void frmCustomizer::MakeButtons() {
   lblStatus = new QLabel(this);
   lblStatus->setObjectName(QStringLiteral("lblStatus"));
   lblStatus->setTextFormat(Qt::PlainText);
+  lblStatus->setWordWrap(true);
   cmdOk = make("cmdOk", tr("OK"), tr("Save and close"));
   cmdOk->setDefault(true);
   cmdCancel = make("cmdCancel", tr("Cancel"), tr("Close without saving"));

@@ -18,6 +18,8 @@
 #include "customizer/options_session.h"
 #include "dates/regional_text.h"
 #include "platform/memory/memory_ports.h"
+#include "platform/memory/memory_reminder.h"
+#include "platform/qt/display.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/window_picture.h"
@@ -27,7 +29,7 @@
 namespace tidewarden {
 namespace {
 
-enum ExitCode { kDone = 0, kUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
+enum ExitCode { kDone = 0, kNoDisplay = 1, kUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
 
 struct Arguments {
   QString settings;
@@ -130,18 +132,20 @@ class Customizer {
         clock_(*systemClock_, arguments.today, std::nullopt),
         formats_(MakeSystemFormats({})),
         settings_(SettingsOf(arguments, *files_)),
-        sound_(MakeSystemSound(Complain)),
+        sound_(MakeSystemSound([this](const std::string& text) { TellSoundProblem(text); })),
         autostart_(MakeAutostart(*files_)) {}
 
   int Run() {
     std::string anyValue;
     const Status status = settings_->Read("Settings", "Path", anyValue);
     if (!status.ok()) return TellUnreadable(status);
-    OptionsSession session({*settings_, *files_, examples_, clock_, *formats_, *sound_, boxes_,
-                            *autostart_, SystemFolders()},
-                           arguments_.file.toStdString());
-    session.StartReminder = [this] { return StartReminder(); };
-    frmCustomizer window(session);
+    reminder_ = ReminderOf(arguments_, *files_);
+    session_.emplace(CustomizerPorts{*settings_, *files_, examples_, clock_, *formats_, *sound_,
+                                     boxes_, *autostart_, *reminder_, SystemFolders()},
+                     arguments_.file.toStdString());
+    session_->StartReminder = [this] { return StartReminder(); };
+    session_->StartHelp = &StartHelp;
+    frmCustomizer window(*session_);
     window.ShowPage(arguments_.page);
     window.show();
     if (!arguments_.grab.isEmpty()) return Grab(window);
@@ -155,6 +159,13 @@ class Customizer {
   static std::unique_ptr<SettingsStore> SettingsOf(const Arguments& arguments, FileSystem& files) {
     if (arguments.settings.isEmpty()) return MakeSystemSettings(files);
     return std::make_unique<IniSettingsStore>(files, arguments.settings.toStdString());
+  }
+
+  static std::unique_ptr<PreviousInstance> ReminderOf(const Arguments& arguments,
+                                                      FileSystem& files) {
+    // A picture leaves no file behind but itself.
+    if (!arguments.grab.isEmpty()) return std::make_unique<MemoryPreviousInstance>();
+    return MakePreviousInstance(files, arguments.settings.toStdString());
   }
 
   // Without the settings there is nothing to show, and nothing may be written.
@@ -180,6 +191,17 @@ class Customizer {
                                    QDir::rootPath());
   }
 
+  [[nodiscard]] static bool StartHelp() {
+    const QDir programs(QCoreApplication::applicationDirPath());
+    return QProcess::startDetached(programs.absoluteFilePath(QStringLiteral("twdocs")),
+                                   {QStringLiteral("options")}, QDir::rootPath());
+  }
+
+  void TellSoundProblem(const std::string& text) {
+    Complain(text);
+    if (session_) session_->TellSoundProblem(text);
+  }
+
   int Grab(frmCustomizer& window) {
     QApplication::processEvents();
     if (SaveWindowPicture(window, *files_, arguments_.grab.toStdString()).ok()) return kDone;
@@ -197,6 +219,8 @@ class Customizer {
   std::unique_ptr<SoundPlayer> sound_;
   QtMessageBox boxes_;
   std::unique_ptr<Autostart> autostart_;
+  std::unique_ptr<PreviousInstance> reminder_;
+  std::optional<OptionsSession> session_;
 };
 
 }  // namespace
@@ -205,6 +229,12 @@ class Customizer {
 int main(int argc, char** argv) {
   using namespace tidewarden;
   PrepareDesktop(argc, argv, WindowPlaces::kDesktop);
+  if (!HasDisplay()) {
+    Complain(
+        "there is no display to open a window on; man tidewarden-settings tells how to write the "
+        "settings yourself");
+    return kNoDisplay;
+  }
   QApplication app(argc, argv);
   SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("customizer"));

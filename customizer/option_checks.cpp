@@ -187,7 +187,7 @@ std::string CheckOption(const Option& option, std::string_view text,
     case OptionKind::kNumber:
       return CheckNumber(option, text);
     case OptionKind::kTime:
-      return TimeOf(text) >= 0 ? "" : "Type a time of day such as 06:30.";
+      return TimeOf(text) >= 0 ? "" : "Type a time of day such as 0630.";
     case OptionKind::kColours:
       return CheckColours(text);
     case OptionKind::kEventsFile:
@@ -217,6 +217,16 @@ std::string StorableText(const Option& option, std::string_view text) {
   std::string out;
   if (time >= 0) AppendNumber(out, time, 4);
   return time < 0 ? std::string(text) : out;
+}
+
+std::string MisreadTime(const Option& option, std::string_view text) {
+  const std::string meant = StorableText(option, text);
+  if (option.kind != OptionKind::kTime || TimeOf(text) < 0 ||
+      LeadingNumber(text) == LeadingNumber(meant)) {
+    return {};
+  }
+  return "The settings say \"" + std::string(text) +
+         "\", which the reminder does not read as this time. Type " + meant + ".";
 }
 
 std::string DefaultOf(const Option& option, const PathSurroundings& paths) {

@@ -28,6 +28,10 @@ struct PathSurroundings {
 // any other text stays.
 [[nodiscard]] std::string StorableText(const Option& option, std::string_view text);
 
+// A time in a form that the box takes but the reminder reads as another time, such as a stored
+// "6:30": what to type in its place, as sentences. Empty for everything else.
+[[nodiscard]] std::string MisreadTime(const Option& option, std::string_view text);
+
 // The default of an option, worked out where it depends on the program's folder.
 [[nodiscard]] std::string DefaultOf(const Option& option, const PathSurroundings& paths);
 

@@ -119,11 +119,12 @@ constexpr std::array kOptions{
     Switch(settings::kFontItalic, kLooks, kOnlyTrue, "Italic", "Slanted letters."),
 
     Switch(settings::kAlarmSound, kAlarms, kTextToBoolean, "Sound when an alarm goes off",
-           "The alarm window comes up either way.", "When an alarm goes off"),
+           "Off leaves out the first sound only; for silence switch off the repeat too.",
+           "When an alarm goes off"),
     Switch(settings::kAlarmBeepEachMinute, kAlarms, kTextToBoolean, "Sound again each minute",
-           "Until you press OK in the alarm window."),
+           "Until you press OK in the alarm window, also without the first sound."),
     Switch(settings::kDisableAlarms, kAlarms, kTextToBoolean, "Never repeat the sound",
-           "Whatever is ticked above. An alarm then sounds once."),
+           "Whatever is ticked above. The first sound stays."),
     Other(settings::kAlarmPath, kSoundFile, kAlarms, "Sound file",
           "A wav, ogg, mp3 or flac file. Play lets you hear it.", "The sound"),
 
@@ -165,10 +166,12 @@ constexpr std::array kOptions{
           "One quote on each line; \u00AC breaks a line.", "Quotes"),
 
     Switch(settings::kShowOnlyIfEventsInRange, kStart, kOnlyTrue,
-           "Start only when something is near",
-           "Else the program ends at once. Hold Shift to see it anyway.", "The reminder window"),
+           "Run only while something is near",
+           "Ends the program, also a running one, once its list has no event; later alarms of the "
+           "day then do not ring. Shift held at that moment keeps it.",
+           "The reminder window"),
     Other(settings::kNewDateOffset, kTime, kStart, "The new day begins at",
-          "Hours and minutes. A list left open overnight waits for it."),
+          "Hours and minutes, as 0630 or 06:30. A list left open overnight waits for it."),
     Number(settings::kTimerInterval, kStart, 1000, 60000, "Look at the clock every",
            "In milliseconds: 1000 is a second, 60000 a minute."),
 };

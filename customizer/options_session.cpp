@@ -15,7 +15,7 @@ namespace {
 using modGetSetSaveSet::isTrue;
 using modGetSetSaveSet::Stored;
 
-constexpr std::string_view kStays = " It stays as it is until you change it.";
+constexpr std::string_view kStays = " The setting stays as it is until you change it.";
 
 const Option& OptionAt(std::size_t option) {
   return AllOptions()[option];
@@ -51,10 +51,11 @@ std::string DefaultWords(const Option& option, const PathSurroundings& paths) {
 
 }  // namespace
 
-OptionsSession::OptionsSession(OptionsPorts ports, std::string eventsFile)
+OptionsSession::OptionsSession(CustomizerPorts ports, std::string eventsFile)
     : ports_(std::move(ports)), eventsFile_(std::move(eventsFile)) {
   Read();
   LookAtAutostart();
+  LookAtReminder();
   const bool listsToday = IsOn(IndexOfOption("ListTodayWithEvents"));
   showsExamples_ = preview().rows.size() <= (listsToday ? 1U : 0U);
   preview_.reset();
@@ -144,6 +145,7 @@ const OptionNote& OptionsSession::Note(std::size_t option) const {
 OptionNote OptionsSession::NoteOf(std::size_t option) const {
   const Value& value = values_.at(option);
   std::string text = CheckOption(OptionAt(option), value.text, Paths());
+  if (text.empty() && !value.isChanged()) text = MisreadTime(OptionAt(option), value.text);
   if (text.empty()) return {};
   if (value.isChanged()) return {std::move(text), true};
   return {text.append(kStays), false};
@@ -216,6 +218,12 @@ void OptionsSession::PlaySound() {
   }
 }
 
+void OptionsSession::TellSoundProblem(std::string_view problem) {
+  OptionNote& note = values_.at(IndexOfOption("AlarmPath")).note;
+  if (!note.text.empty()) return;
+  note = {"You hear the beep of the system: " + std::string(problem) + ".", false};
+}
+
 void OptionsSession::StopSound() {
   ports_.sound.Stop();
 }
@@ -257,35 +265,31 @@ std::optional<std::size_t> OptionsSession::firstRefused() const {
   return static_cast<std::size_t>(found - values_.begin());
 }
 
+void OptionsSession::Tell(const std::string& text) {
+  ports_.messages.Show(text, MessageButtons::kOk, MessageIcon::kExclamation);
+}
+
+// The entry of the desktop comes last: what it said before could not be put back.
 SaveOutcome OptionsSession::Save() {
   for (std::size_t i = 0; i < values_.size(); ++i) Look(i);
   if (firstRefused()) return SaveOutcome::kRefused;
   LookAtAutostart();
   if (!hasChanges()) return SaveOutcome::kSaved;
-  const Status status = StoreChanges();
+  Status status = StoreSettings();
   if (!status.ok()) {
-    ports_.messages.Show("Nothing has been saved: " + DescribeStatus(status) + ".",
-                         MessageButtons::kOk, MessageIcon::kExclamation);
+    Tell("Nothing has been saved: " + DescribeStatus(status) + ".");
     return SaveOutcome::kFailed;
   }
   Read();
+  if (startsWithComputer() != autostart_) status = ports_.autostart.Set(startsWithComputer());
+  if (!status.ok()) {
+    Tell("The start with the computer cannot be changed: " + DescribeStatus(status) +
+         ".\n\nEverything else has been saved.");
+    return SaveOutcome::kFailed;
+  }
   wantedAutostart_.reset();
   LookAtAutostart();
   return SaveOutcome::kSaved;
-}
-
-// The entry of the desktop first: it can be taken back when the settings cannot be stored.
-Status OptionsSession::StoreChanges() {
-  const bool before = autostart_;
-  const bool wanted = startsWithComputer();
-  Status status = wanted == before ? Status() : ports_.autostart.Set(wanted);
-  if (!status.ok()) return status;
-  status = StoreSettings();
-  if (!status.ok() && wanted != before) {
-    // What fails too is shown by the next look at it.
-    static_cast<void>(ports_.autostart.Set(before).ok());
-  }
-  return status;
 }
 
 Status OptionsSession::StoreSettings() {
@@ -305,11 +309,22 @@ Status OptionsSession::StoreSettings() {
   return status;
 }
 
+void OptionsSession::LookAtReminder() {
+  reminderRuns_ = !ports_.reminder.Claim();
+  ports_.reminder.Release();
+}
+
 void OptionsSession::LeaveWord() {
+  LookAtReminder();
+  const std::string word = modGetSetSaveSet::Get(ports_.settings, settings::kJustExited);
   // Word of an earlier run that nobody has heard yet still holds.
-  const bool restart =
-      hasSaved_ || isTrue(modGetSetSaveSet::Get(ports_.settings, settings::kJustExited));
-  modGetSetSaveSet::Save(ports_.settings, settings::kJustExited, restart ? "true" : "false");
+  if (hasSaved_ || isTrue(word)) {
+    modGetSetSaveSet::Save(ports_.settings, settings::kJustExited, "true");
+  } else if (!reminderRuns_) {
+    modGetSetSaveSet::Save(ports_.settings, settings::kJustExited, "false");
+  } else if (!word.empty()) {
+    modGetSetSaveSet::Delete(ports_.settings, settings::kJustExited);
+  }
 }
 
 bool OptionsSession::Close(OptionsClosing why) {
@@ -325,15 +340,24 @@ bool OptionsSession::Close(OptionsClosing why) {
   return true;
 }
 
+void OptionsSession::ShowHelp() {
+  if (!StartHelp || !StartHelp()) Tell("The help program could not be started.");
+}
+
 bool OptionsSession::ReturnToReminder() {
   if (Save() != SaveOutcome::kSaved) return false;
   // It reads the word as it starts.
   LeaveWord();
+  if (reminderRuns_ && modGetSetSaveSet::Get(ports_.settings, settings::kJustExited).empty()) {
+    ports_.messages.Show(
+        "Tidewarden is running already. If you do not see its window, a click on its icon in the "
+        "notification area brings it back.",
+        MessageButtons::kOk, MessageIcon::kNone);
+    return true;
+  }
   hasReturned_ = StartReminder && StartReminder();
-  if (hasReturned_) return true;
-  ports_.messages.Show("The reminder program could not be started.", MessageButtons::kOk,
-                       MessageIcon::kExclamation);
-  return false;
+  if (!hasReturned_) Tell("The reminder program could not be started.");
+  return hasReturned_;
 }
 
 }  // namespace tidewarden

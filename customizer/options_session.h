@@ -2,7 +2,7 @@
 // new value, what is wrong with it, saving, the preview, and what is left for the reminder program.
 //
 // The window reads a control, calls one function and shows again what the session then holds.
-// Nothing is stored before Save, and then everything or nothing.
+// Nothing is stored before Save, and then all settings or none.
 #pragma once
 
 #include <cstddef>
@@ -18,11 +18,12 @@
 #include "customizer/list_preview.h"
 #include "customizer/option_checks.h"
 #include "customizer/options.h"
+#include "reminder/previous_instance.h"
 
 namespace tidewarden {
 
 // What the session asks of the world. Everything outlives the session.
-struct OptionsPorts {
+struct CustomizerPorts {
   SettingsStore& settings;
   FileSystem& files;
   FileSystem& examples;  // in memory, for the preview
@@ -31,6 +32,7 @@ struct OptionsPorts {
   SoundPlayer& sound;
   MessageBox& messages;
   Autostart& autostart;
+  PreviousInstance& reminder;  // claimed for a moment only, to see whether the program runs
   ProgramFolders folders;
 };
 
@@ -43,7 +45,7 @@ struct OptionNote {
 enum class SaveOutcome {
   kSaved,    // everything is stored, or there was nothing to store
   kRefused,  // a value is wrong: see firstRefused and the notes; nothing has been stored
-  kFailed,   // the user has been told why; nothing has been stored
+  kFailed,   // the user has been told what could not be stored, and why
 };
 
 // Why the window closes.
@@ -53,7 +55,7 @@ class OptionsSession {
  public:
   // Reads every option; writes nothing. `eventsFile` is previewed in place of the user's own
   // events when it is not empty.
-  explicit OptionsSession(OptionsPorts ports, std::string eventsFile = {});
+  explicit OptionsSession(CustomizerPorts ports, std::string eventsFile = {});
 
   // --- The options, by their index in AllOptions().
 
@@ -96,6 +98,8 @@ class OptionsSession {
   // What is wrong with the file is noted beside it, and the beep sounds, as at an alarm.
   void PlaySound();
   void StopSound();
+  // The player says while it begins why it beeps in place of the file.
+  void TellSoundProblem(std::string_view problem);
 
   // --- The preview.
 
@@ -117,12 +121,23 @@ class OptionsSession {
 
   // True when the window may close: a change that would be lost is asked about unless the user
   // has decided already. Leaves word for the reminder program's next start: "true" when it has to
-  // be started anew to show what was saved, else "false".
+  // be started anew to show what was saved, else "false". While a copy runs to which nothing is
+  // news, no word is left: it would silence every second start for as long as that copy runs.
   [[nodiscard]] bool Close(OptionsClosing why);
 
-  // Saves, leaves word and starts the reminder program. False when the window is to stay.
+  // Saves, leaves word and starts the reminder program; when it runs already and has nothing to
+  // hear, the user is told where it is. False when the window is to stay.
   [[nodiscard]] bool ReturnToReminder();
 
+  // Whether a copy of the reminder program runs, as of the last look.
+  [[nodiscard]] bool reminderRuns() const { return reminderRuns_; }
+  void LookAtReminder();
+
+  // Opens the guide at the options beside this program; the user is told when that fails.
+  void ShowHelp();
+
+  // Starts the help program; false when that cannot be done. Set by the program.
+  std::function<bool()> StartHelp;
   // Starts the reminder program; false when that cannot be done. Set by the program.
   std::function<bool()> StartReminder;
 
@@ -140,11 +155,11 @@ class OptionsSession {
   [[nodiscard]] PathSurroundings Paths() const;
   [[nodiscard]] PreviewPorts ForPreview() const;
   [[nodiscard]] OptionNote NoteOf(std::size_t option) const;
-  [[nodiscard]] Status StoreChanges();
+  void Tell(const std::string& text);
   [[nodiscard]] Status StoreSettings();
   void LeaveWord();
 
-  OptionsPorts ports_;
+  CustomizerPorts ports_;
   std::string eventsFile_;
   std::vector<Value> values_;
   bool hasOldColours_ = false;  // an older setting holds them
@@ -154,6 +169,7 @@ class OptionsSession {
   std::optional<ListPreview> preview_;
   bool hasSaved_ = false;
   bool hasReturned_ = false;  // to the reminder program, which has been left word
+  bool reminderRuns_ = false;
 };
 
 }  // namespace tidewarden

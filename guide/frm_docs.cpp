@@ -137,7 +137,13 @@ void frmDocs::SetUpKeys() {
     session_.ResetZoom();
     Render();
   });
-  key(Qt::Key_Escape, [this] { close(); });
+  key(Qt::Key_Escape, [this] {
+    if (txtSearch->hasFocus() && !txtSearch->text().isEmpty()) {
+      txtSearch->clear();
+    } else {
+      close();
+    }
+  });
 }
 
 void frmDocs::LayOut() {
@@ -210,8 +216,20 @@ void frmDocs::Render() {
   cmdForward->setEnabled(session_.CanGoForward());
   cmdSmaller->setEnabled(session_.zoom() > DocsSession::kLeastZoom);
   cmdLarger->setEnabled(session_.zoom() < DocsSession::kMostZoom);
+  ColourPlaceholder();
   RenderRows();
   RenderText();
+}
+
+// Qt leaves the placeholder dark on a desktop that is dark.
+void frmDocs::ColourPlaceholder() {
+  constexpr int kOpacity = 180;  // of 255; still 4.5 to 1 on its ground
+  QPalette palette = txtSearch->palette();
+  QColor colour = palette.color(QPalette::Text);
+  colour.setAlpha(kOpacity);
+  if (palette.color(QPalette::PlaceholderText) == colour) return;
+  palette.setColor(QPalette::PlaceholderText, colour);
+  txtSearch->setPalette(palette);
 }
 
 void frmDocs::RenderRows() {
@@ -231,6 +249,11 @@ void frmDocs::RenderRows() {
   if (!isSame) FillRows();
   const auto row = session_.CurrentRow();
   lstTopics->setCurrentRow(row ? static_cast<int>(*row) : -1);
+  if (isSame) return;
+  // The list keeps the place to which it was scrolled for the rows before.
+  lstTopics->doItemsLayout();
+  lstTopics->scrollToTop();
+  if (row) lstTopics->scrollToItem(lstTopics->currentItem());
 }
 
 void frmDocs::FillRows() {

@@ -44,6 +44,7 @@ class frmDocs : public QWidget {
   void FindPrevious();
   void RenderText();
   void RenderRows();
+  void ColourPlaceholder();
   void FillRows();
   void RenderMatches();
   void ScrollToPlace();

@@ -3,11 +3,11 @@
 #include <QBuffer>
 #include <QDesktopServices>
 #include <QPixmap>
-#include <QSysInfo>
 #include <QUrl>
 
 #include "core/file_system.h"
 #include "guide/frm_docs.h"
+#include "platform/qt/display.h"
 #include "platform/qt/program_icon.h"
 #include "platform/system.h"
 #include "tidewarden_version.h"
@@ -16,13 +16,6 @@
 
 namespace tidewarden {
 namespace {
-
-// Only X11 and Wayland can be absent; elsewhere the desktop is part of the system.
-bool HasDisplay() {
-  return QSysInfo::kernelType() == QStringLiteral("winnt") ||
-         qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY") ||
-         !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-}
 
 ExitCode Grab(QWidget& window, const QString& path, FileSystem& files) {
   window.show();

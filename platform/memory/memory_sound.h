@@ -1,6 +1,7 @@
 // The sound port without a sound.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,9 +14,13 @@ class MemorySoundPlayer : public SoundPlayer {
   // "wave PATH", "media PATH", "beep REASON", "stop"; a Rest leaves no trace.
   std::vector<std::string> calls;
   int rests = 0;
+  // Why Play fails, and who is told, as by a player of the system; empty when it plays.
+  std::string problem;
+  std::function<void(const std::string&)> complain;
 
   void Play(const std::string& path, SoundKind kind) override {
     calls.push_back((kind == SoundKind::kWave ? "wave " : "media ") + path);
+    if (!problem.empty() && complain) complain(problem);
   }
   void Beep(const std::string& reason) override { calls.push_back("beep " + reason); }
   void Stop() override { calls.emplace_back("stop"); }

@@ -176,7 +176,7 @@ constexpr std::string_view kEnabled = "X-GNOME-Autostart-enabled";
 constexpr std::string_view kNewEntry =
     "[Desktop Entry]\n"
     "Type=Application\n"
-    "Version=1.5\n"
+    "Version=1.4\n"
     "Name=Tidewarden\n"
     "Comment=Shows which of your dates are coming up\n"
     "Icon=tidewarden\n"

@@ -105,12 +105,12 @@ TEST(ListPreview, IsMadeInALayoutThatTheProgramCanPlace) {
   OptionsDesk desk;
   PatternRegionalFormats dayFirst("dd.MM.yyyy");
   PatternRegionalFormats unsupported("MMMM d, yyyy");
-  OptionsPorts ports{desk.settings, desk.files,    desk.examples,  desk.clock,  dayFirst,
-                     desk.sound,    desk.messages, desk.autostart, desk.folders};
+  CustomizerPorts ports{desk.settings, desk.files,    desk.examples,  desk.clock,    dayFirst,
+                        desk.sound,    desk.messages, desk.autostart, desk.reminder, desk.folders};
   EXPECT_THAT(OptionsSession(ports).preview().rows,
               Contains("25.12.2014 Christmas (Thursday, 3 days)"));
-  OptionsPorts others{desk.settings, desk.files,    desk.examples,  desk.clock,  unsupported,
-                      desk.sound,    desk.messages, desk.autostart, desk.folders};
+  CustomizerPorts others{desk.settings, desk.files,    desk.examples,  desk.clock,    unsupported,
+                         desk.sound,    desk.messages, desk.autostart, desk.reminder, desk.folders};
   EXPECT_THAT(OptionsSession(others).preview().rows,
               Contains("12/25/2014 Christmas (Thursday, 3 days)"));
 }

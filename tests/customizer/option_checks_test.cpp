@@ -62,7 +62,7 @@ TEST(OptionChecks, NumbersLieInTheirRange) {
 }
 
 TEST(OptionChecks, TimesAreTimesOfDay) {
-  const std::string wrong = "Type a time of day such as 06:30.";
+  const std::string wrong = "Type a time of day such as 0630.";
   OptionsDesk desk;
   ExpectAll(desk, {{"NewDateOffset", "0000", ""},
                    {"NewDateOffset", "0630", ""},
@@ -148,14 +148,17 @@ struct DamagedCase {
 };
 
 TEST(Options, DamagedValuesAreShownAsTheyAreAndStay) {
-  const std::string stays = " It stays as it is until you change it.";
+  const std::string stays = " The setting stays as it is until you change it.";
   const std::vector<DamagedCase> cases{
       {"Options", "UseSkin", "maybe", "The settings say \"maybe\" here." + stays},
       {"Options", "ShowDailyQuotes", "1", "The settings say \"1\" here." + stays},
       {"Options", "ShowDayOfWeek", "often", "The settings say \"often\" here." + stays},
       {"Options", "LevelsOfBackup", "many", "Type a number from 0 to 8." + stays},
       {"Options", "LevelsOfBackup", "20", "Type a number from 0 to 8." + stays},
-      {"Options", "NewDateOffset", "9999", "Type a time of day such as 06:30." + stays},
+      {"Options", "NewDateOffset", "9999", "Type a time of day such as 0630." + stays},
+      {"Options", "NewDateOffset", "6:30",
+       "The settings say \"6:30\", which the reminder does not read as this time. Type 0630." +
+           stays},
       {"Options", "AlarmPath", "/gone/bell.wav", "There is no file /gone/bell.wav." + stays},
       {"Options", "ReminderListColors", "mauve",
        "These colours are not known; the list has the colours of the desktop." + stays},
@@ -173,6 +176,24 @@ TEST(Options, DamagedValuesAreShownAsTheyAreAndStay) {
     EXPECT_EQ(desk.settings.At(c.section, c.name), c.stored);
     EXPECT_EQ(desk.settings.At("Settings", "FontBold"), "True");
   }
+}
+
+TEST(Options, ATimeThatTheReminderReadsRightHasNoNote) {
+  for (const char* const stored : {"0630", "630", "0000", "0:05", "2359"}) {
+    OptionsDesk desk;
+    desk.Set("Options", "NewDateOffset", stored);
+    // "0:05" is read as 0, five minutes too early.
+    EXPECT_EQ(desk.Note("NewDateOffset").text.empty(), std::string(stored) != "0:05") << stored;
+  }
+}
+
+TEST(Options, ATimeThatIsMisreadIsMendedByTypingItAnew) {
+  OptionsDesk desk;
+  desk.Set("Options", "NewDateOffset", "6:30");
+  desk.Type("NewDateOffset", "06:30");
+  EXPECT_EQ(desk.Note("NewDateOffset").text, "");
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  EXPECT_EQ(desk.settings.At("Options", "NewDateOffset"), "0630");
 }
 
 TEST(Options, ASwitchShowsADamagedTextAsItsReaderTakesIt) {

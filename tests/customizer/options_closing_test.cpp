@@ -53,10 +53,33 @@ TEST(OptionsClosing, AfterSavingTheReminderAsksToBeStartedAnewOnce) {
 }
 
 TEST(OptionsClosing, WithoutAChangeTheReminderThatRunsIsLeftInPeace) {
+  for (const char* const heard : {"", "false", "perhaps"}) {
+    OptionsDesk desk;
+    if (*heard != '\0') desk.Set("Customizer", "JustExited", heard);
+    desk.reminder.anotherRuns = true;
+    EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
+    EXPECT_EQ(Word(desk), "(missing)") << heard;
+    for (int start = 0; start < 2; ++start) {
+      EXPECT_THAT(StartReminder(desk, true), ElementsAre("The Tidewarden is already running."));
+    }
+    EXPECT_FALSE(desk.reminder.claimed);
+  }
+}
+
+TEST(OptionsClosing, WithoutAChangeAndWithoutAReminderTheWordIsFalse) {
   OptionsDesk desk;
   EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
   EXPECT_EQ(Word(desk), "false");
-  EXPECT_THAT(StartReminder(desk, true), IsEmpty());
+  EXPECT_FALSE(desk.reminder.claimed) << "the next start must not be refused";
+}
+
+TEST(OptionsClosing, AReminderThatRunsHearsOfWhatWasSaved) {
+  OptionsDesk desk;
+  desk.reminder.anotherRuns = true;
+  desk.Tick("UseSkin", false);
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
+  EXPECT_EQ(Word(desk), "true");
 }
 
 TEST(OptionsClosing, TheOnlyCopyStartsWithoutAWordAndForgetsIt) {
@@ -122,6 +145,31 @@ TEST(OptionsReturn, SavesLeavesWordAndStartsTheReminder) {
   EXPECT_TRUE(desk.session().ReturnToReminder());
   EXPECT_EQ(wordAtStart, "true");
   EXPECT_EQ(desk.settings.At("Settings", "FontSize"), "14");
+}
+
+TEST(OptionsReturn, AReminderThatRunsAlreadyIsPointedOut) {
+  OptionsDesk desk;
+  desk.reminder.anotherRuns = true;
+  int starts = 0;
+  desk.session().StartReminder = [&] { return ++starts > 0; };
+  EXPECT_TRUE(desk.session().ReturnToReminder());
+  EXPECT_EQ(starts, 0);
+  EXPECT_THAT(desk.messages.shown, ElementsAre(StartsWith("Tidewarden is running already.")));
+  EXPECT_EQ(Word(desk), "(missing)");
+}
+
+TEST(OptionsReturn, AReminderThatRunsIsToldOfAChangeByASecondStart) {
+  OptionsDesk desk;
+  desk.reminder.anotherRuns = true;
+  desk.Tick("UseSkin", false);
+  std::string wordAtStart;
+  desk.session().StartReminder = [&] {
+    wordAtStart = Word(desk);
+    return true;
+  };
+  EXPECT_TRUE(desk.session().ReturnToReminder());
+  EXPECT_EQ(wordAtStart, "true");
+  EXPECT_THAT(desk.messages.shown, IsEmpty());
 }
 
 TEST(OptionsReturn, AWrongValueKeepsTheUserHere) {

@@ -8,6 +8,7 @@
 #include "dates/regional_text.h"
 #include "platform/memory/memory_autostart.h"
 #include "platform/memory/memory_ports.h"
+#include "platform/memory/memory_reminder.h"
 #include "platform/memory/memory_sound.h"
 
 namespace tidewarden::test {
@@ -28,6 +29,7 @@ class OptionsDesk {
   MemorySoundPlayer sound;
   MemoryMessageBox messages;
   MemoryAutostart autostart;
+  MemoryPreviousInstance reminder;
   ProgramFolders folders{kProgram, "/home/ann/.local/share/Tideward", PathStyle::kPosix};
 
   OptionsDesk() {
@@ -44,8 +46,9 @@ class OptionsDesk {
     settings.writes = 0;
   }
 
-  [[nodiscard]] OptionsPorts Ports() {
-    return {settings, files, examples, clock, formats, sound, messages, autostart, folders};
+  [[nodiscard]] CustomizerPorts Ports() {
+    return {settings, files,    examples,  clock,    formats,
+            sound,    messages, autostart, reminder, folders};
   }
 
   // Made when first asked for, so that a test can set everything before.

@@ -7,6 +7,9 @@
 
 #include "core/ini_settings_store.h"
 #include "core/settings_keys.h"
+#ifndef _WIN32
+#include "platform/posix/xdg_autostart.h"
+#endif
 #include "tests/customizer/options_desk.h"
 
 namespace tidewarden::test {
@@ -96,8 +99,8 @@ TEST(OptionsSaving, AFailureLeavesNothingHalfAndIsTold) {
     OptionsDesk desk;
     FillingStore store;
     static_cast<void>(store.Write("Options", "UseSkin", "True").ok());
-    OptionsPorts ports{store,      desk.files,    desk.examples,  desk.clock,  desk.formats,
-                       desk.sound, desk.messages, desk.autostart, desk.folders};
+    CustomizerPorts ports{store,      desk.files,    desk.examples,  desk.clock,    desk.formats,
+                          desk.sound, desk.messages, desk.autostart, desk.reminder, desk.folders};
     OptionsSession session(ports);
     session.SetOn(IndexOfOption("UseSkin"), false);
     session.SetText(IndexOfOption("FontSize"), "14");
@@ -109,7 +112,7 @@ TEST(OptionsSaving, AFailureLeavesNothingHalfAndIsTold) {
     EXPECT_THAT(desk.messages.shown, ElementsAre("Nothing has been saved: the disk is full."));
     EXPECT_EQ(store.At("Settings", "FontSize"), "(missing)");
     EXPECT_EQ(store.At("Options", "LevelsOfBackup"), "(missing)");
-    EXPECT_FALSE(desk.autostart.on);
+    EXPECT_EQ(desk.autostart.changes, 0);
     EXPECT_FALSE(session.hasSaved());
     EXPECT_TRUE(session.hasChanges()) << "what the user has chosen is kept";
     // A disk with room again.
@@ -119,23 +122,59 @@ TEST(OptionsSaving, AFailureLeavesNothingHalfAndIsTold) {
   }
 }
 
-TEST(OptionsSaving, AnEntryThatCannotBeMadeStopsTheSettingsToo) {
+TEST(OptionsSaving, AnEntryThatCannotBeMadeIsToldAndLeavesTheSettingsSaved) {
   OptionsDesk desk;
   desk.Tick("UseSkin", false);
   desk.session().SetStartsWithComputer(true);
   desk.autostart.failure = StatusKind::kNoPermission;
   EXPECT_EQ(desk.session().Save(), SaveOutcome::kFailed);
-  EXPECT_THAT(desk.messages.shown, ElementsAre("Nothing has been saved: permission denied."));
-  EXPECT_EQ(desk.settings.writes, 0);
+  EXPECT_THAT(desk.messages.shown,
+              ElementsAre("The start with the computer cannot be changed: permission denied.\n\n"
+                          "Everything else has been saved."));
+  EXPECT_EQ(desk.settings.At("Options", "UseSkin"), "False");
+  EXPECT_TRUE(desk.session().hasSaved());
+  EXPECT_TRUE(desk.session().startsWithComputer()) << "what the user has chosen is kept";
+  EXPECT_TRUE(desk.session().hasChanges());
+  desk.autostart.failure = StatusKind::kOk;
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  EXPECT_TRUE(desk.autostart.on);
 }
+
+#ifndef _WIN32
+// Nothing could bring back what an entry has said besides.
+TEST(OptionsSaving, AFailureLeavesTheEntryOfTheDesktopByteForByte) {
+  const std::string path = "/home/ann/.config/autostart/tidewarden.desktop";
+  const std::string on =
+      "# mine\n[Desktop Entry]\nType=Application\nName=Dates\nName[de]=Tage\n"
+      "Exec=/opt/tidewarden/tidewarden --file /d.txt\nX-Delay=20\n";
+  for (const std::string& entry : {on, on + "Hidden=true\n"}) {
+    OptionsDesk desk;
+    desk.files.files[path] = entry;
+    XdgAutostart autostart(desk.files, "/home/ann/.config", kProgram + "/tidewarden");
+    FillingStore store;
+    store.room = 0;
+    CustomizerPorts ports{store,      desk.files,    desk.examples, desk.clock,    desk.formats,
+                          desk.sound, desk.messages, autostart,     desk.reminder, desk.folders};
+    OptionsSession session(ports);
+    EXPECT_EQ(session.startsWithComputer(), entry == on);
+    session.SetStartsWithComputer(entry != on);
+    session.SetOn(IndexOfOption("UseSkin"), false);
+    EXPECT_EQ(session.Save(), SaveOutcome::kFailed);
+    EXPECT_EQ(desk.files.files[path], entry);
+    store.room = 1000;
+    EXPECT_EQ(session.Save(), SaveOutcome::kSaved);
+    EXPECT_EQ(autostart.IsOn(), entry != on);
+  }
+}
+#endif
 
 // In a file all changes are one replacement.
 TEST(OptionsSaving, TheSettingsFileIsReplacedOnce) {
   OptionsDesk desk;
   desk.files.files["/s.ini"] = "; mine\n[Options]\nUseSkin=True\nStrange=1\n";
   IniSettingsStore store(desk.files, "/s.ini");
-  OptionsPorts ports{store,      desk.files,    desk.examples,  desk.clock,  desk.formats,
-                     desk.sound, desk.messages, desk.autostart, desk.folders};
+  CustomizerPorts ports{store,      desk.files,    desk.examples,  desk.clock,    desk.formats,
+                        desk.sound, desk.messages, desk.autostart, desk.reminder, desk.folders};
   OptionsSession session(ports);
   session.SetOn(IndexOfOption("UseSkin"), false);
   session.SetText(IndexOfOption("FontSize"), "14");

@@ -51,6 +51,7 @@ class Program : public ::testing::Test {
   }
 
   TemporaryFolder folder_;
+  bool hasDisplay_ = true;
 
  private:
   [[noreturn]] void Become(const std::vector<std::string>& arguments,
@@ -62,9 +63,10 @@ class Program : public ::testing::Test {
     std::vector<char*> pointers;
     for (std::string& argument : all) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
-    std::vector<std::string> environment{
-        "HOME=" + folder_ / "home", "XDG_RUNTIME_DIR=" + folder_ / "run",
-        "QT_QPA_PLATFORM=offscreen", "LC_ALL=C.UTF-8", "ASAN_OPTIONS=detect_leaks=0"};
+    std::vector<std::string> environment{"HOME=" + folder_ / "home",
+                                         "XDG_RUNTIME_DIR=" + folder_ / "run", "LC_ALL=C.UTF-8",
+                                         "ASAN_OPTIONS=detect_leaks=0"};
+    if (hasDisplay_) environment.emplace_back("QT_QPA_PLATFORM=offscreen");
     std::vector<char*> variables;
     for (std::string& variable : environment) variables.push_back(variable.data());
     variables.push_back(nullptr);
@@ -80,6 +82,15 @@ TEST_F(Program, TellsItsOptionsAndItsVersion) {
     EXPECT_THAT(help.said, HasSubstr(option));
   }
   EXPECT_EQ(Run({"--version"}).said, "customizer " TIDEWARDEN_VERSION "\n");
+}
+
+TEST_F(Program, WithoutADisplayItSaysSoAndEnds) {
+  hasDisplay_ = false;
+  const Ending ending = Run({"--settings", folder_ / "s.ini"});
+  EXPECT_EQ(ending.code, 1);
+  EXPECT_THAT(ending.said, StartsWith("customizer: there is no display"));
+  EXPECT_EQ(Settings(), "(none)");
+  EXPECT_EQ(Run({"--help"}).code, 0);
 }
 
 TEST_F(Program, RefusesWhatItDoesNotKnow) {

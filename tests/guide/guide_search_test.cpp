@@ -107,7 +107,7 @@ TEST(SearchGuide, FindsWhatPeopleLookForInTheRealGuide) {
            {"backup", "Backups and where your files are"},
            {"comma", "Questions people ask: Can a title hold a comma?"},
            {"easter", "Feasts: Feasts that move with Easter"},
-           {"showlessthan", "Options: List wording"},
+           {"showlessthan", "Options: The list"},
            {"keyboard", "Keyboard"},
            {"exit codes", "At the terminal: Exit codes"},
            {"overdue task", "Questions people ask: How do I get rid of an overdue task?"}}) {

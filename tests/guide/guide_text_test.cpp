@@ -14,6 +14,7 @@
 #include <set>
 #include <sstream>
 
+#include "customizer/options.h"
 #include "dates/feasts.h"
 #include "dates/time_of_day.h"
 #include "dates/year_marker.h"
@@ -149,6 +150,31 @@ TEST(OptionsPage, DescribesEverySettingWithItsDefault) {
     if (!standard.empty()) {
       EXPECT_EQ(described.at(key), standard) << name;
     }
+  }
+}
+
+// Page by page, under the headings of the window and by its labels.
+TEST(OptionsPage, CallsEveryOptionAsTheWindowDoes) {
+  const auto place = RepositoryGuide().Locate("options");
+  ASSERT_TRUE(place.has_value());
+  std::map<std::string, std::string> headings;
+  std::map<std::string, std::string> texts;
+  std::string heading;
+  for (const Block& block : ReadMarkdown(RepositoryGuide().topics()[place->topic].markdown)) {
+    if (block.kind == BlockKind::kHeading) heading = block.text;
+    if (block.kind != BlockKind::kTable || block.rows.front().front() != "Setting") continue;
+    for (auto row = block.rows.begin() + 1; row != block.rows.end(); ++row) {
+      const std::string name = PlainText(std::string_view(row->front()));
+      headings[name] = heading;
+      texts[name] = PlainText(std::string_view(row->back()));
+    }
+  }
+  for (const Option& option : AllOptions()) {
+    std::string name(option.setting.key);
+    if (!texts.contains(name) && name.starts_with("Options/")) name.erase(0, 8);
+    ASSERT_TRUE(texts.contains(name)) << name;
+    EXPECT_THAT(texts[name], ::testing::StartsWith(std::string(option.label) + ". "));
+    EXPECT_EQ(headings[name], AllPages()[static_cast<std::size_t>(option.page)].heading) << name;
   }
 }
 

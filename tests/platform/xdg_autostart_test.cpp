@@ -92,7 +92,7 @@ TEST_F(Autostarts, IsOffUntilItIsSwitchedOn) {
   EXPECT_TRUE(autostart_.Set(true).ok());
   EXPECT_TRUE(autostart_.IsOn());
   EXPECT_EQ(folder_.Read(kEntry),
-            "[Desktop Entry]\nExec=/opt/tidewarden/tidewarden\nType=Application\nVersion=1.5\n"
+            "[Desktop Entry]\nExec=/opt/tidewarden/tidewarden\nType=Application\nVersion=1.4\n"
             "Name=Tidewarden\nComment=Shows which of your dates are coming up\nIcon=tidewarden\n"
             "Terminal=false\n");
   EXPECT_TRUE(autostart_.Set(false).ok());

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -108,6 +109,10 @@ class FrmCustomizerTest : public QObject {
   void theSoundIsPlayed();
   void startsWithTheComputer();
   void theWayBackSavesAndStarts();
+  void theWayBackSaysWhatItDoes();
+  void fontsAreStoredAsTheyStandInTheBox();
+  void aSoundThatCannotBePlayedIsTold();
+  void helpOpensTheGuide();
   void escapeAsksBeforeChangesAreLost();
   void aLogoutAsksNothing();
   void aFailedSaveKeepsTheWindow();
@@ -172,6 +177,7 @@ void FrmCustomizerTest::okSavesAndCloses() {
 
 void FrmCustomizerTest::applySavesAndStays() {
   Desk desk;
+  desk.reminder.anotherRuns = true;
   desk.Open();
   auto* const apply = desk.The<QPushButton>("cmdApply");
   QVERIFY(!apply->isEnabled());
@@ -218,8 +224,9 @@ void FrmCustomizerTest::aDamagedValueIsToldAndKept() {
   desk.Set("Options", "LevelsOfBackup", "many");
   desk.Open().ShowPage(OptionPage::kFiles);
   QCOMPARE(desk.The<QLineEdit>("txtLevelsOfBackup")->text(), QStringLiteral("many"));
-  QCOMPARE(desk.Label("lblLevelsOfBackupNote"),
-           QStringLiteral("Type a number from 0 to 8. It stays as it is until you change it."));
+  QCOMPARE(
+      desk.Label("lblLevelsOfBackupNote"),
+      QStringLiteral("Type a number from 0 to 8. The setting stays as it is until you change it."));
   desk.Click("cmdOk");
   QVERIFY(desk.window->isHidden());
   QCOMPARE(desk.settings.At("Options", "LevelsOfBackup"), std::string("many"));
@@ -362,6 +369,72 @@ void FrmCustomizerTest::theWayBackSavesAndStarts() {
   QCOMPARE(desk.Word(), QStringLiteral("(missing)"));
 }
 
+void FrmCustomizerTest::theWayBackSaysWhatItDoes() {
+  for (const bool runs : {false, true}) {
+    Desk desk;
+    desk.reminder.anotherRuns = runs;
+    desk.Open();
+    const QString closed =
+        runs ? QString() : QStringLiteral("Tidewarden is not running. OK and Cancel leave it so.");
+    auto* const button = desk.The<QPushButton>("cmdReminder");
+    QCOMPARE(button->text(), QStringLiteral("Show the &reminders"));
+    QCOMPARE(desk.Label("lblStatus"), closed);
+    desk.Click("chkShowLessThan");
+    QCOMPARE(button->text(), QStringLiteral("Save and show the &reminders"));
+    QCOMPARE(button->accessibleName(), QStringLiteral("Save and show the reminders"));
+    desk.Click("chkShowLessThan");
+    QCOMPARE(button->text(), QStringLiteral("Show the &reminders"));
+    QCOMPARE(desk.Label("lblStatus"), closed);
+  }
+}
+
+void FrmCustomizerTest::fontsAreStoredAsTheyStandInTheBox() {
+  const QString family = QFontDatabase::families().value(0);
+  QVERIFY(family.size() > 3);
+  for (const char* const name : {"FontName", "MonthFontName", "EventFontName"}) {
+    Desk desk;
+    desk.Open().ShowPage(AllOptions()[IndexOfOption(name)].page);
+    const QByteArray box = QByteArray("txt") + name;
+    // The beginning of a font that is installed.
+    desk.Enter(box, family.left(3).toLower().toLatin1());
+    const QString shown = desk.The<QLineEdit>(box)->text();
+    desk.Click("cmdApply");
+    QCOMPARE(QString::fromStdString(desk.Text(name)), shown);
+    QCOMPARE(shown, family.left(3).toLower());
+  }
+}
+
+void FrmCustomizerTest::aSoundThatCannotBePlayedIsTold() {
+  Desk desk;
+  desk.files.files["/home/ann/notes.wav"] = "no sound";
+  desk.Open().ShowPage(OptionPage::kAlarms);
+  desk.Enter("txtAlarmPath", "/home/ann/notes.wav");
+  desk.sound.problem = "/home/ann/notes.wav: cannot be played";
+  desk.sound.complain = [&](const std::string& text) { desk.session().TellSoundProblem(text); };
+  desk.Click("cmdPlay");
+  QCOMPARE(desk.Label("lblAlarmPathNote").remove(QChar(0x200B)),
+           QStringLiteral("You hear the beep of the system: /home/ann/notes.wav: cannot be "
+                          "played."));
+  QVERIFY(desk.The<QLabel>("lblAlarmPathNote")->isVisible());
+  desk.sound.problem.clear();
+  desk.Click("cmdPlay");
+  QVERIFY(!desk.The<QLabel>("lblAlarmPathNote")->isVisible());
+}
+
+void FrmCustomizerTest::helpOpensTheGuide() {
+  Desk desk;
+  int starts = 0;
+  desk.session().StartHelp = [&] { return ++starts == 1; };
+  desk.Open();
+  QTest::keyClick(desk.window.get(), Qt::Key_F1);
+  QCOMPARE(starts, 1);
+  QVERIFY(desk.messages.shown.empty());
+  QTest::keyClick(desk.window.get(), Qt::Key_F1);
+  QCOMPARE(desk.messages.shown,
+           (std::vector<std::string>{"The help program could not be started."}));
+  QVERIFY(desk.window->isVisible());
+}
+
 void FrmCustomizerTest::escapeAsksBeforeChangesAreLost() {
   Desk desk;
   desk.Open();
@@ -392,6 +465,7 @@ void FrmCustomizerTest::aLogoutAsksNothing() {
 
 void FrmCustomizerTest::aFailedSaveKeepsTheWindow() {
   Desk desk;
+  desk.reminder.anotherRuns = true;
   desk.Open();
   desk.Click("chkShowLessThan");
   desk.settings.failure = StatusKind::kNoSpace;

@@ -14,6 +14,7 @@
 #include "guide/frm_docs.h"
 #include "guide/frm_docs_page.h"
 #include "guide/markdown.h"
+#include "tests/windows/contrast.h"
 #include "twdocs/shipped_guide.h"
 
 namespace tidewarden {
@@ -104,11 +105,14 @@ class FrmDocsTest : public QObject {
   void fetchesNothing();
   void goesBackAndForwardByButtonAndKey();
   void searchesWhileTyping();
+  void showsTheBestHitsFirstAfterEachLetter();
   void opensTheBestHitByEnter();
   void goesFromMatchToMatch();
   void listsTheTopicsAgainAfterASearch();
   void zoomsByKeyAndButton();
   void goesToTheSearchBoxAndCloses();
+  void escapeEmptiesTheSearchBoxFirst();
+  void placeholderCanBeReadOnEveryDesktop();
   void canBeReadOnADarkDesktop();
   void leavesNamesOfSettingsWhole();
   void namesEveryControlForScreenReaders();
@@ -242,12 +246,31 @@ void FrmDocsTest::searchesWhileTyping() {
   desk.Search("ShowLessThan");
   QVERIFY(desk.Find<QLabel>("lblFound")->isVisible());
   QVERIFY(desk.Find<QLabel>("lblFound")->text().contains(QStringLiteral("place")));
-  QCOMPARE(desk.Rows().constFirst(), QStringLiteral("Options: List wording"));
+  QCOMPARE(desk.Rows().constFirst(), QStringLiteral("Options: The list"));
   desk.Search("xyzzy");
   QCOMPARE(desk.Find<QLabel>("lblFound")->text(), QStringLiteral("Nothing found"));
   QVERIFY(desk.Rows().isEmpty());
   // What is shown stays.
   QCOMPARE(desk.Title(), QStringLiteral("Tidewarden - Tidewarden Help"));
+}
+
+void FrmDocsTest::showsTheBestHitsFirstAfterEachLetter() {
+  for (const char* const words : {"backup", "options", "alarm", "sound file"}) {
+    const HelpDesk desk("questions");
+    auto* const list = desk.Find<QListWidget>("lstTopics");
+    auto* const box = desk.Find<QLineEdit>("txtSearch");
+    list->verticalScrollBar()->setValue(list->verticalScrollBar()->maximum());
+    box->setFocus();
+    for (const char letter : QByteArray(words)) {
+      QTest::keyClick(box, letter);
+      QTest::qWait(1);
+      QVERIFY2(list->count() > 0, words);
+      // A row that is shown beside the list has to be seen; else the first one.
+      const int row = std::max(list->currentRow(), 0);
+      QVERIFY2(list->viewport()->rect().intersects(list->visualItemRect(list->item(row))), words);
+      if (list->currentRow() < 0) QCOMPARE(list->verticalScrollBar()->value(), 0);
+    }
+  }
 }
 
 void FrmDocsTest::opensTheBestHitByEnter() {
@@ -323,6 +346,36 @@ void FrmDocsTest::goesToTheSearchBoxAndCloses() {
   QVERIFY(desk.Find<QLineEdit>("txtSearch")->hasFocus());
   QTest::keyClick(&desk.window, Qt::Key_Escape);
   QVERIFY(!desk.window.isVisible());
+}
+
+void FrmDocsTest::escapeEmptiesTheSearchBoxFirst() {
+  HelpDesk desk;
+  desk.Search("bell");
+  QTest::keyClick(desk.Find<QLineEdit>("txtSearch"), Qt::Key_Escape);
+  QVERIFY(desk.window.isVisible());
+  QCOMPARE(desk.Find<QLineEdit>("txtSearch")->text(), QString());
+  QCOMPARE(desk.Rows().size(), static_cast<qsizetype>(TheGuide().topics().size()));
+  QTest::keyClick(desk.Find<QLineEdit>("txtSearch"), Qt::Key_Escape);
+  QVERIFY(!desk.window.isVisible());
+}
+
+void FrmDocsTest::placeholderCanBeReadOnEveryDesktop() {
+  for (const QPalette& desktop :
+       {Desktop(QColor(0xEF, 0xEF, 0xEF), Qt::white, Qt::black),
+        Desktop(QColor(0x2D, 0x2F, 0x31), QColor(0x1D, 0x1F, 0x20), QColor(0xF0, 0xF0, 0xF0))}) {
+    QApplication::setPalette(desktop);
+    const HelpDesk desk;
+    const QPalette palette = desk.Find<QLineEdit>("txtSearch")->palette();
+    const QColor text = palette.color(QPalette::PlaceholderText);
+    const QColor base = palette.color(QPalette::Base);
+    const float share = text.alphaF();
+    const QColor seen = QColor::fromRgbF(text.redF() * share + base.redF() * (1 - share),
+                                         text.greenF() * share + base.greenF() * (1 - share),
+                                         text.blueF() * share + base.blueF() * (1 - share));
+    QVERIFY(Contrast(seen, base) >= kTextContrast);
+    QVERIFY(seen != palette.color(QPalette::Text));
+  }
+  QApplication::setPalette(QPalette());
 }
 
 void FrmDocsTest::canBeReadOnADarkDesktop() {

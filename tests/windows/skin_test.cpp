@@ -204,6 +204,8 @@ class SkinTest : public QObject {
   void focusCanBeSeen();
   void everyStateLooksDifferent();
   void theTrayButtonIsSmallRoundAndOrange();
+  void theButtonOfTheReturnKeyIsMarked();
+  void aButtonThatCannotBeUsedHasAThinFrameAndKeepsItsSize();
 };
 
 void SkinTest::initTestCase() {
@@ -450,6 +452,30 @@ void SkinTest::theTrayButtonIsSmallRoundAndOrange() {
     const QPoint at = sample.cmdTray->pos() + corner;
     QCOMPARE(PixelOf(&sample, at).rgb(), sample.palette().color(QPalette::Window).rgb());
   }
+}
+
+void SkinTest::theButtonOfTheReturnKeyIsMarked() {
+  Sample sample(Skin());
+  sample.show();
+  QVERIFY(QTest::qWaitForWindowExposed(&sample));
+  sample.line->setFocus();
+  const QImage plain = Grabbed(sample.cmdGoToEdit);
+  sample.cmdGoToEdit->setDefault(true);
+  QVERIFY(EveryEdgeDiffers(Grabbed(sample.cmdGoToEdit), plain));
+}
+
+void SkinTest::aButtonThatCannotBeUsedHasAThinFrameAndKeepsItsSize() {
+  Sample sample(Skin());
+  sample.show();
+  QVERIFY(QTest::qWaitForWindowExposed(&sample));
+  const QSize usable = sample.cmdGoToEdit->sizeHint();
+  sample.cmdGoToEdit->setEnabled(false);
+  QCOMPARE(sample.cmdGoToEdit->sizeHint(), usable);
+  const int middle = sample.cmdGoToEdit->height() / 2;
+  QVERIFY(PixelOf(sample.cmdGoToEdit, QPoint(0, middle)) !=
+          sample.palette().color(QPalette::Window));
+  QCOMPARE(PixelOf(sample.cmdGoToEdit, QPoint(1, middle)).rgb(),
+           sample.palette().color(QPalette::Window).rgb());
 }
 
 }  // namespace tidewarden
