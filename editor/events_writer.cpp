@@ -68,6 +68,12 @@ Status MakeRescueCopy(FileSystem& files, const std::string& rescuePath,
   return status.ok() ? ReplaceFile(files, rescuePath, oldContent) : status;
 }
 
+// The state after the save goes first: without it the other one says nothing.
+void DropNotes(FileSystem& files, const std::string& path, const std::string& rescueFolder) {
+  const SaveNotes notes = SaveNotesOf(rescueFolder, path);
+  if (files.Remove(notes.after).ok()) static_cast<void>(files.Remove(notes.before).ok());
+}
+
 }  // namespace
 
 int LevelsOfBackup(SettingsStore& settings) {
@@ -116,6 +122,15 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
   return encoded && !ambiguous ? *encoded : text;
 }
 
+Status CheckUntouched(FileSystem& files, const std::string& path, const EventsChange& change) {
+  std::string present;
+  Status status = ReadFile(files, path, present);
+  const bool exists = status.kind() != StatusKind::kNotFound;
+  if (exists && !status.ok()) return status;
+  const bool same = exists == change.exists && (!exists || present == change.oldContent);
+  return same ? Status() : Status(StatusKind::kBusy);
+}
+
 WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
@@ -133,6 +148,12 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
   if (inPlace) {
     WriteResult noted = NoteSave(files, path, rescueFolder, change.oldContent, change.newContent);
     if (!noted.status.ok()) return noted;
+  }
+  // Staging and noting wait for the disk, time enough for somebody else to change the file.
+  status = CheckUntouched(files, path, change);
+  if (!status.ok()) {
+    if (inPlace) DropNotes(files, path, rescueFolder);
+    return {std::move(status), path};
   }
   if (change.exists && levels > 0) RotateBackups(files, path, levels, *staged, change.oldContent);
   status = staged->Commit();

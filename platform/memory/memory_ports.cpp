@@ -100,6 +100,7 @@ Status MemoryFileSystem::Stage(const std::string& path, std::string_view content
   Status status = Failure(writeFailures, path);
   if (status.ok()) status = Failure(failures, path);
   if (status.ok()) out = std::make_unique<MemoryStagedFile>(*this, path, content);
+  if (status.ok() && onStaged) onStaged(path);
   return status;
 }
 
