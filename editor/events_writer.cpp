@@ -159,8 +159,12 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
   status = staged->Commit();
   // What cannot be settled now is settled before the file is next read.
   if (inPlace) static_cast<void>(SettleInterruptedSave(files, path, rescueFolder, {}));
-  if (!status.ok()) return {std::move(status), path};
-  return {};
+  if (status.ok()) return {};
+  // The new bytes may have got there all the same, and the old ones not back: a second try would
+  // then make the change twice.
+  std::string present;
+  if (ReadFile(files, path, present).ok() && present == change.newContent) return {};
+  return {std::move(status), path};
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& path, const std::string& rescueFolder) {

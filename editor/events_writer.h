@@ -69,9 +69,9 @@ struct EventsChange {
 // `levels` backups (0 to 8). A file that holds the new content already is left alone, backups
 // included. On failure the events file holds what it held, and nothing else than the backups has
 // changed. kBusy, with the backups as they were, when the file does not hold the old content any
-// more: the change is then to be applied to what it holds now. A backup that cannot be made does
-// not stop the save. Where the file has to be written in place, a killed save is settled by
-// SettleInterruptedSave.
+// more: the change is then to be applied to what it holds now. A file that holds the new content
+// in spite of an error is a success. A backup that cannot be made does not stop the save. Where the
+// file has to be written in place, a killed save is settled by SettleInterruptedSave.
 [[nodiscard]] WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                                           const std::string& rescueFolder, int levels,
                                           const EventsChange& change);

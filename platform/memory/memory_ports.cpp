@@ -20,7 +20,7 @@ class MemoryStagedFile : public StagedFile {
   Status Commit() override {
     files_.calls.push_back("commit " + path_);
     Status status = MemoryFileSystem::Failure(files_.commitFailures, path_);
-    if (!status.ok()) return status;
+    if (!status.ok() && !files_.failsAfterWriting) return status;
     if (files_.writesInPlace) {
       files_.WriteUnderAllNames(path_, content_);
     } else {

@@ -150,6 +150,25 @@ TEST(SavingCarefully, AFileThatCannotBeMadeIsToldAndMadeByTheNextSave) {
   EXPECT_EQ(desk.messages.shown.size(), 2U);
 }
 
+TEST(SavingCarefully, AFileThatHoldsTheChangeInSpiteOfAnErrorIsSaved) {
+  for (const bool inPlace : {false, true}) {
+    SCOPED_TRACE(inPlace);
+    EditDesk desk(kTwo);
+    desk.files.writesInPlace = inPlace;
+    desk.Open();
+    desk.files.failsAfterWriting = true;
+    desk.files.commitFailures[kEventsPath] = StatusKind::kInputOutput;
+    desk.Enter(0, "6.1", "Summer");
+    desk.session().Save();
+    desk.session().Save();
+    EXPECT_EQ(desk.file(),
+              "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n");
+    EXPECT_FALSE(desk.session().isEntryUnderWay()) << "a second try would add it again";
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    EXPECT_EQ(desk.List().size(), 4U);
+  }
+}
+
 // --- The file has changed meanwhile.
 
 TEST(SavingCarefully, ChangesFromOutsideAreKept) {
