@@ -237,6 +237,7 @@ class EditSession {
   std::string SelectedRowText_;
 
   std::string content_;                    // the file as last read or written
+  int yearRead_ = 0;                       // in which content_ became List1_
   RescueNeed rescue_ = RescueNeed::kNone;  // of content_
   bool settled_ = true;                    // whether its rows are read back as they are
   long wantedLine_ = -1;                   // where the requested line was found in content_

@@ -109,7 +109,8 @@ bool EditSession::ReadForChange(FileState& file, CivilDate today) {
     file.content = content_;
     status = Status();
   }
-  file.unchanged = readStatus_.ok() && file.content == content_;
+  // The same line may be an event in one year and none in another.
+  file.unchanged = readStatus_.ok() && file.content == content_ && yearRead_ == YearOf(today);
   if (status.ok() && !file.unchanged) {
     status = ReadEventList(file.content, format_, today, TodayRowWanted(), {}, file.fresh);
   }

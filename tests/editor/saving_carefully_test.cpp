@@ -229,6 +229,31 @@ TEST(SavingCarefully, AnEventThatHasGoneMeanwhileIsAddedByAnEditAndNotMissedByAD
   EXPECT_EQ(deleted.List().size(), 2U) << "the list shows the file as it now is";
 }
 
+// A count-up from a year to come is no event, and is one when that year has come.
+TEST(SavingCarefully, ALineThatTheNewYearMakesAnEventIsKept) {
+  const std::string file = "01.01,New Year,1,yearly\r\n06.01,Wedding,0,dp-2015\r\n";
+  for (const bool deletes : {false, true}) {
+    SCOPED_TRACE(deletes);
+    EditDesk desk(file);
+    desk.Open();
+    EXPECT_EQ(desk.List().size(), 2U) << "one event and the row of today";
+    desk.clock.now.date = MakeDate(2015, 1, 1);
+    if (deletes) {
+      ASSERT_TRUE(desk.Select("New Year"));
+      desk.messages.answer = MessageAnswer::kYes;
+      desk.session().PopupDelete();
+      EXPECT_EQ(desk.file(), "06.01,Wedding,0,dp-2015\r\n");
+      EXPECT_EQ(desk.List().size(), 2U);
+    } else {
+      desk.Enter(0, "7.1", "Summer");
+      desk.session().Save();
+      EXPECT_EQ(desk.file(), file + "07.01,Summer,7,yearly\r\n");
+      EXPECT_EQ(desk.List().size(), 4U);
+    }
+    EXPECT_FALSE(desk.files.files.contains(kRescuePath)) << "nothing was dropped";
+  }
+}
+
 // Others write a file while a save is under way, once for each content.
 void ChangeWhileSaving(EditDesk& desk, std::vector<std::optional<std::string>> contents) {
   desk.files.onStaged = [&desk, contents = std::move(contents),
