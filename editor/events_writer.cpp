@@ -171,7 +171,10 @@ void RemoveLeftovers(FileSystem& files, const std::string& path, const std::stri
   const SaveNotes notes = SaveNotesOf(rescueFolder, path);
   for (const std::string& target :
        {path, BackupPath(path, 1), RescuePath(rescueFolder, path), notes.before, notes.after}) {
-    if (!files.CanCreateIn(std::string(FolderOf(target)))) continue;
+    FileStamp stamp;
+    // A link may stand in a folder that takes no new file and lead into one that does.
+    const bool exists = files.GetStamp(target, stamp).ok();
+    if (!exists && !files.CanCreateIn(std::string(FolderOf(target)))) continue;
     // Staging takes away what is left over, and giving the staged file up leaves nothing.
     std::unique_ptr<StagedFile> staged;
     static_cast<void>(files.Stage(target, {}, staged).ok());
