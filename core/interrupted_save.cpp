@@ -167,7 +167,11 @@ WriteResult ReplaceEventsFile(FileSystem& files, const std::string& path,
     if (noted.status.ok()) noted = NoteSave(files, path, rescueFolder, *before, after);
     if (!noted.status.ok()) return noted;
   }
-  if (beforeCommit) beforeCommit(*staged);
+  if (beforeCommit) status = beforeCommit(*staged);
+  if (!status.ok()) {
+    if (inPlace) Forget(files, SaveNotesOf(rescueFolder, path));
+    return {std::move(status), path};
+  }
   status = staged->Commit();
   // What cannot be settled now is settled before the file is next read.
   if (inPlace) static_cast<void>(Settle(files, path, rescueFolder, {}));

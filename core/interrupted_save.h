@@ -50,8 +50,8 @@ struct SaveNotes {
                                                 const std::string& path,
                                                 const std::string& rescueFolder);
 
-// Is called when the new content is safe, right before the file gets it.
-using BeforeCommit = std::function<void(const StagedFile& staged)>;
+// Is called when the new content is safe, right before the file gets it. A failure ends the save.
+using BeforeCommit = std::function<Status(const StagedFile& staged)>;
 
 // Replaces an events file that holds `before`, or one that does not exist (without `before`), by
 // `after`. Where it has to be written in place, both states are kept meanwhile. On failure the file

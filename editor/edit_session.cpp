@@ -159,6 +159,7 @@ void EditSession::FillEventList(std::string content, CivilDate today) {
     content.clear();
   }
   content_ = std::move(content);
+  yearRead_ = YearOf(today);
   rescue_ = list.rescue;
   wantedLine_ = list.wantedLine;
   settled_ = list.settled;

@@ -21,6 +21,7 @@
 #include "dates/date_text.h"
 #include "editor/editor_placement.h"
 #include "editor/event_entry.h"
+#include "editor/event_list.h"
 #include "editor/event_rows.h"
 #include "editor/events_writer.h"
 #include "editor/occurrence_codes.h"
@@ -185,6 +186,14 @@ class EditSession {
     std::optional<std::size_t> removed{};  // where the selected row was found
   };
 
+  // The file that a change is applied to.
+  struct FileState {
+    std::string content;
+    bool exists = true;
+    bool unchanged = true;  // since List1_ was made of it
+    EventList fresh;        // its rows, when they are not those of List1_
+  };
+
   void OpenRequested();
   void SetEntryMode(bool on);
   void EnableEventList(bool enable);
@@ -195,7 +204,8 @@ class EditSession {
   [[nodiscard]] std::optional<TodayCase> TodayRowWanted() const;
   void NumberRows();
   [[nodiscard]] bool WriteChange(Change change, CivilDate today);
-  [[nodiscard]] bool WriteContent(const EventsChange& change);
+  [[nodiscard]] bool ReadForChange(FileState& file, CivilDate today);
+  void ShowWritten(const Change& change, bool unchanged, std::string content, CivilDate today);
   void ChangeEventList(const Change& change, std::string content, CivilDate today);
   [[nodiscard]] std::optional<std::size_t> FindSelectedRow(const std::vector<EventRow>& rows) const;
   void SelectRequestedEvent();
@@ -227,6 +237,7 @@ class EditSession {
   std::string SelectedRowText_;
 
   std::string content_;                    // the file as last read or written
+  int yearRead_ = 0;                       // in which content_ became List1_
   RescueNeed rescue_ = RescueNeed::kNone;  // of content_
   bool settled_ = true;                    // whether its rows are read back as they are
   long wantedLine_ = -1;                   // where the requested line was found in content_

@@ -62,54 +62,72 @@ std::optional<std::size_t> EditSession::FindSelectedRow(const std::vector<EventR
 // Applies a change to the file as it now is. False when it could not be written; everything is
 // then as it was.
 bool EditSession::WriteChange(Change change, CivilDate today) {
-  std::string current;
-  Status status = ReadEventsFile(current);
-  // A file that has vanished is written again with all that was in it.
-  const bool exists = status.kind() != StatusKind::kNotFound;
-  if (!exists) {
-    current = content_;
-    status = Status();
-  }
-  const bool unchanged = readStatus_.ok() && current == content_;
-  EventList fresh;
-  if (status.ok() && !unchanged) {
-    status = ReadEventList(current, format_, today, TodayRowWanted(), {}, fresh);
-  }
-  if (!status.ok()) {
-    readStatus_ = std::move(status);
-    ShowReadFailure();
+  constexpr int kMostTries = 3;
+  for (int i = 1;; ++i) {
+    FileState file;
+    if (!ReadForChange(file, today)) return false;
+    const std::vector<EventRow>& rows = file.unchanged ? List1_ : file.fresh.rows;
+    if (change.removesSelected) change.removed = FindSelectedRow(rows);
+    // Somebody else has deleted the event already.
+    if (change.removesSelected && !change.removed && !change.added) {
+      FillAfterWriting(std::move(file.content), today);
+      return true;
+    }
+    RowsToWrite events{rows, change.removed};
+    if (change.added) {
+      events.added = &*change.added;
+      events.place = PlaceFor(rows, *change.added);
+    }
+    std::string content = EventsFileContent(events, format_, file.content);
+    const RescueNeed rescue = file.unchanged ? rescue_ : file.fresh.rescue;
+    const int levels = LevelsOfBackup(ports_.settings);
+    const std::string& path = setup_.eventsFilePath;
+    const EventsChange written{file.content, content, rescue, file.exists};
+    const WriteResult result =
+        WriteEventsFile(ports_.files, path, setup_.rescueFolder, levels, written);
+    if (result.status.ok()) {
+      ShowWritten(change, file.unchanged, std::move(content), today);
+      return true;
+    }
+    // A file that somebody else has changed meanwhile gets the change once more.
+    const bool outdated = result.status.kind() == StatusKind::kBusy &&
+                          !CheckUntouched(ports_.files, path, written).ok();
+    if (outdated && i < kMostTries) continue;
+    // With backups the user is not told; the entry that stays open says it.
+    if (levels == 0) ShowWriteFailure(result.path, result.status);
     return false;
   }
-  const std::vector<EventRow>& rows = unchanged ? List1_ : fresh.rows;
-  if (change.removesSelected) change.removed = FindSelectedRow(rows);
-  // Somebody else has deleted the event already.
-  if (change.removesSelected && !change.removed && !change.added) {
-    FillAfterWriting(std::move(current), today);
-    return true;
+}
+
+// Reads the file that a change is to be applied to. False when it cannot be read, as the user has
+// then been told.
+bool EditSession::ReadForChange(FileState& file, CivilDate today) {
+  Status status = ReadEventsFile(file.content);
+  // A file that has vanished is written again with all that was in it.
+  file.exists = status.kind() != StatusKind::kNotFound;
+  if (!file.exists) {
+    file.content = content_;
+    status = Status();
   }
-  RowsToWrite events{rows, change.removed};
-  if (change.added) {
-    events.added = &*change.added;
-    events.place = PlaceFor(rows, *change.added);
+  // The same line may be an event in one year and none in another.
+  file.unchanged = readStatus_.ok() && file.content == content_ && yearRead_ == YearOf(today);
+  if (status.ok() && !file.unchanged) {
+    status = ReadEventList(file.content, format_, today, TodayRowWanted(), {}, file.fresh);
   }
-  std::string content = EventsFileContent(events, format_, current);
-  const RescueNeed rescue = unchanged ? rescue_ : fresh.rescue;
-  if (!WriteContent({current, content, rescue, exists})) return false;
+  if (status.ok()) return true;
+  readStatus_ = std::move(status);
+  ShowReadFailure();
+  return false;
+}
+
+// Shows a change that has been written.
+void EditSession::ShowWritten(const Change& change, bool unchanged, std::string content,
+                              CivilDate today) {
   if (unchanged && settled_) {
     ChangeEventList(change, std::move(content), today);
   } else {
     FillAfterWriting(std::move(content), today);
   }
-  return true;
-}
-
-bool EditSession::WriteContent(const EventsChange& change) {
-  const int levels = LevelsOfBackup(ports_.settings);
-  const WriteResult result =
-      WriteEventsFile(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, levels, change);
-  // With backups the user is not told; the entry that stays open says it.
-  if (!result.status.ok() && levels == 0) ShowWriteFailure(result.path, result.status);
-  return result.status.ok();
 }
 
 // Shows what reading the file again would show, without reading it: all rows but the changed one

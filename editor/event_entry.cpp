@@ -236,11 +236,13 @@ void EventEntry::FillDateInput(std::string_view listedRow) {
   }
   const std::string_view year = LastCharacters(listedRow, 4);
   if (!IsCounterKind(occursIndex()) || !IsDigits(year)) return;
-  if (format_.IsYearFirst() && !IsRowFeast(text)) {
+  if (!format_.IsYearFirst()) {
+    text.append(".").append(year);
+  } else if (IsRowFeast(text)) {
+    text.insert(0, std::string(year).append("."));
+  } else {
     // Year, month, day: three parts are read in this order, unlike the row's two.
     text = std::string(year).append(".").append(month).append(".").append(day);
-  } else {
-    text.append(".").append(year);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "core/events_path.h"
@@ -103,6 +104,15 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
   return encoded && !ambiguous ? *encoded : text;
 }
 
+Status CheckUntouched(FileSystem& files, const std::string& path, const EventsChange& change) {
+  std::string present;
+  Status status = ReadFile(files, path, present);
+  const bool exists = status.kind() != StatusKind::kNotFound;
+  if (exists && !status.ok()) return status;
+  const bool same = exists == change.exists && (!exists || present == change.oldContent);
+  return same ? Status() : Status(StatusKind::kBusy);
+}
+
 WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
@@ -112,21 +122,34 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
     Status status = MakeRescueCopy(files, rescuePath, change.oldContent);
     if (!status.ok()) return {std::move(status), rescuePath};
   }
-  if (!change.exists) {
-    return ReplaceEventsFile(files, path, rescueFolder, std::nullopt, change.newContent);
-  }
-  return ReplaceEventsFile(files, path, rescueFolder, change.oldContent, change.newContent,
-                           [&](const StagedFile& staged) {
-                             if (levels == 0) return;
-                             RotateBackups(files, path, levels, staged, change.oldContent);
-                           });
+  const std::optional<std::string_view> before =
+      change.exists ? std::optional<std::string_view>(change.oldContent) : std::nullopt;
+  const auto beforeCommit = [&](const StagedFile& staged) {
+    // Staging and noting wait for the disk, time enough for somebody else to change the file.
+    Status status = CheckUntouched(files, path, change);
+    if (status.ok() && change.exists && levels > 0) {
+      RotateBackups(files, path, levels, staged, change.oldContent);
+    }
+    return status;
+  };
+  WriteResult result =
+      ReplaceEventsFile(files, path, rescueFolder, before, change.newContent, beforeCommit);
+  if (result.status.ok()) return result;
+  // The new bytes may have got there all the same, and the old ones not back: a second try would
+  // then make the change twice.
+  std::string present;
+  if (ReadFile(files, path, present).ok() && present == change.newContent) return {};
+  return result;
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& path, const std::string& rescueFolder) {
   const SaveNotes notes = SaveNotesOf(rescueFolder, path);
   for (const std::string& target :
        {path, BackupPath(path, 1), RescuePath(rescueFolder, path), notes.before, notes.after}) {
-    if (!files.CanCreateIn(std::string(FolderOf(target)))) continue;
+    FileStamp stamp;
+    // A link may stand in a folder that takes no new file and lead into one that does.
+    const bool exists = files.GetStamp(target, stamp).ok();
+    if (!exists && !files.CanCreateIn(std::string(FolderOf(target)))) continue;
     // Staging takes away what is left over, and giving the staged file up leaves nothing.
     std::unique_ptr<StagedFile> staged;
     static_cast<void>(files.Stage(target, {}, staged).ok());

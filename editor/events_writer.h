@@ -56,11 +56,17 @@ struct EventsChange {
   bool exists = true;
 };
 
+// kBusy when the file does not hold the old content any more, or why it cannot be read.
+[[nodiscard]] Status CheckUntouched(FileSystem& files, const std::string& path,
+                                    const EventsChange& change);
+
 // Replaces the events file by the new content, after a rescue copy if one is needed and with
 // `levels` backups (0 to 8). A file that holds the new content already is left alone, backups
 // included. On failure the events file holds what it held, and nothing else than the backups has
-// changed. A backup that cannot be made does not stop the save. Where the file has to be written in
-// place, a killed save is settled by SettleInterruptedSave.
+// changed. kBusy, with the backups as they were, when the file does not hold the old content any
+// more: the change is then to be applied to what it holds now. A file that holds the new content
+// in spite of an error is a success. A backup that cannot be made does not stop the save. Where the
+// file has to be written in place, a killed save is settled by SettleInterruptedSave.
 [[nodiscard]] WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                                           const std::string& rescueFolder, int levels,
                                           const EventsChange& change);

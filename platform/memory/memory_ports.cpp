@@ -20,7 +20,7 @@ class MemoryStagedFile : public StagedFile {
   Status Commit() override {
     files_.calls.push_back("commit " + path_);
     Status status = MemoryFileSystem::Failure(files_.commitFailures, path_);
-    if (!status.ok()) return status;
+    if (!status.ok() && !files_.failsAfterWriting) return status;
     if (files_.writesInPlace) {
       files_.WriteUnderAllNames(path_, content_);
     } else {
@@ -100,6 +100,7 @@ Status MemoryFileSystem::Stage(const std::string& path, std::string_view content
   Status status = Failure(writeFailures, path);
   if (status.ok()) status = Failure(failures, path);
   if (status.ok()) out = std::make_unique<MemoryStagedFile>(*this, path, content);
+  if (status.ok() && onStaged) onStaged(path);
   return status;
 }
 

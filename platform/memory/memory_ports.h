@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -28,7 +29,9 @@ class MemoryFileSystem : public FileSystem {
   std::map<std::string, StatusKind> linkFailures;    // by the second name
   std::map<std::string, StatusKind> renameFailures;  // by the first name
   std::vector<std::string> unwritableFolders;
+  bool failsAfterWriting = false;  // what is in `commitFailures` is written all the same
   bool writesInPlace = false;      // every folder refuses new files
+  std::function<void(const std::string& path)> onStaged;  // what others do meanwhile
   std::size_t piece = 0;           // how many bytes Read gives at a time; 0 for all at once
   std::vector<std::string> calls;  // "read PATH", "create PATH", "stage PATH", "commit PATH",
                                    // "remove PATH", "rename PATH TO", "link PATH TO", ...

@@ -16,6 +16,7 @@ namespace {
 using test::AllLayouts;
 using test::DayFirst;
 using test::MonthFirst;
+using test::TwoDigitYearFirst;
 using test::YearFirst;
 
 EventEntry Adding(const RegionalDateFormat& format, int kind = kYearlyKind) {
@@ -272,20 +273,23 @@ TEST(EventEntry, AnEditShowsTheDateInTheOrderInWhichItIsRead) {
     bool everyMonth;
   };
   const std::string rest = " X                                      ";
-  for (const Case& c :
-       std::vector<Case>{{MonthFirst(), "12.25" + rest + "7 days   yearly", "12.25", false},
-                         {DayFirst(), "25.12" + rest + "7 days   yearly", "25.12", false},
-                         {MonthFirst(), "xx.15" + rest + "7 days   monthly", "15", false},
-                         {DayFirst(), "15.xx" + rest + "7 days   monthly", "15", false},
-                         {MonthFirst(), "01.xx" + rest + "7 days   3rd mon", "01", false},
-                         {YearFirst(), "xx.01" + rest + "7 days   3rd mon", "01", false},
-                         {MonthFirst(), "xx.xx" + rest + "7 days   las day", "xx", true},
-                         {DayFirst(), "xx.xx" + rest + "7 days   yearly", "xx.xx", false},
-                         {MonthFirst(), "01.26" + rest + "(always) dp-1788", "01.26.1788", false},
-                         {DayFirst(), "05.03" + rest + "(always) dp-2010", "05.03.2010", false},
-                         {YearFirst(), "05.03" + rest + "(always) dp-2010", "2010.03.05", false},
-                         {YearFirst(), "_estr" + rest + "7 days   yearly", "_estr", false},
-                         {MonthFirst(), "06.01" + rest + "7 days   one2015", "06.01", false}}) {
+  for (const Case& c : std::vector<Case>{
+           {MonthFirst(), "12.25" + rest + "7 days   yearly", "12.25", false},
+           {DayFirst(), "25.12" + rest + "7 days   yearly", "25.12", false},
+           {MonthFirst(), "xx.15" + rest + "7 days   monthly", "15", false},
+           {DayFirst(), "15.xx" + rest + "7 days   monthly", "15", false},
+           {MonthFirst(), "01.xx" + rest + "7 days   3rd mon", "01", false},
+           {YearFirst(), "xx.01" + rest + "7 days   3rd mon", "01", false},
+           {MonthFirst(), "xx.xx" + rest + "7 days   las day", "xx", true},
+           {DayFirst(), "xx.xx" + rest + "7 days   yearly", "xx.xx", false},
+           {MonthFirst(), "01.26" + rest + "(always) dp-1788", "01.26.1788", false},
+           {DayFirst(), "05.03" + rest + "(always) dp-2010", "05.03.2010", false},
+           {YearFirst(), "05.03" + rest + "(always) dp-2010", "2010.03.05", false},
+           {YearFirst(), "_estr" + rest + "7 days   yearly", "_estr", false},
+           {DayFirst(), "_estr" + rest + "(always) dp-2000", "_estr.2000", false},
+           {YearFirst(), "_estr" + rest + "(always) dp-2000", "2000._estr", false},
+           {TwoDigitYearFirst(), "e+039" + rest + "(always) df-2030", "2030.e+039", false},
+           {MonthFirst(), "06.01" + rest + "7 days   one2015", "06.01", false}}) {
     SCOPED_TRACE(c.row);
     EventEntry entry(c.format);
     entry.StartEdit(c.row);

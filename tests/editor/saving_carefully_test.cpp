@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "editor/events_writer.h"
@@ -148,6 +150,25 @@ TEST(SavingCarefully, AFileThatCannotBeMadeIsToldAndMadeByTheNextSave) {
   EXPECT_EQ(desk.messages.shown.size(), 2U);
 }
 
+TEST(SavingCarefully, AFileThatHoldsTheChangeInSpiteOfAnErrorIsSaved) {
+  for (const bool inPlace : {false, true}) {
+    SCOPED_TRACE(inPlace);
+    EditDesk desk(kTwo);
+    desk.files.writesInPlace = inPlace;
+    desk.Open();
+    desk.files.failsAfterWriting = true;
+    desk.files.commitFailures[kEventsPath] = StatusKind::kInputOutput;
+    desk.Enter(0, "6.1", "Summer");
+    desk.session().Save();
+    desk.session().Save();
+    EXPECT_EQ(desk.file(),
+              "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n");
+    EXPECT_FALSE(desk.session().isEntryUnderWay()) << "a second try would add it again";
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    EXPECT_EQ(desk.List().size(), 4U);
+  }
+}
+
 // --- The file has changed meanwhile.
 
 TEST(SavingCarefully, ChangesFromOutsideAreKept) {
@@ -206,6 +227,137 @@ TEST(SavingCarefully, AnEventThatHasGoneMeanwhileIsAddedByAnEditAndNotMissedByAD
   EXPECT_EQ(deleted.files.CountCalls("commit"), 0);
   EXPECT_FALSE(deleted.session().isEntryUnderWay());
   EXPECT_EQ(deleted.List().size(), 2U) << "the list shows the file as it now is";
+}
+
+// A count-up from a year to come is no event, and is one when that year has come.
+TEST(SavingCarefully, ALineThatTheNewYearMakesAnEventIsKept) {
+  const std::string file = "01.01,New Year,1,yearly\r\n06.01,Wedding,0,dp-2015\r\n";
+  for (const bool deletes : {false, true}) {
+    SCOPED_TRACE(deletes);
+    EditDesk desk(file);
+    desk.Open();
+    EXPECT_EQ(desk.List().size(), 2U) << "one event and the row of today";
+    desk.clock.now.date = MakeDate(2015, 1, 1);
+    if (deletes) {
+      ASSERT_TRUE(desk.Select("New Year"));
+      desk.messages.answer = MessageAnswer::kYes;
+      desk.session().PopupDelete();
+      EXPECT_EQ(desk.file(), "06.01,Wedding,0,dp-2015\r\n");
+      EXPECT_EQ(desk.List().size(), 2U);
+    } else {
+      desk.Enter(0, "7.1", "Summer");
+      desk.session().Save();
+      EXPECT_EQ(desk.file(), file + "07.01,Summer,7,yearly\r\n");
+      EXPECT_EQ(desk.List().size(), 4U);
+    }
+    EXPECT_FALSE(desk.files.files.contains(kRescuePath)) << "nothing was dropped";
+  }
+}
+
+// Others write a file while a save is under way, once for each content.
+void ChangeWhileSaving(EditDesk& desk, std::vector<std::optional<std::string>> contents) {
+  desk.files.onStaged = [&desk, contents = std::move(contents),
+                         next = std::size_t{0}](const std::string& path) mutable {
+    if (path != kEventsPath || next == contents.size()) return;
+    const std::optional<std::string>& content = contents[next++];
+    if (content) {
+      desk.files.files[kEventsPath] = *content;
+    } else {
+      desk.files.files.erase(kEventsPath);
+    }
+  };
+}
+
+TEST(SavingCarefully, AChangeWhileTheSaveIsUnderWayIsKept) {
+  const std::string outside = kTwo + "12.31,Eve,1,yearly\r\n";
+  const std::string both =
+      "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n"
+      "12.31,Eve,1,yearly\r\n";
+  for (const bool inPlace : {false, true}) {
+    SCOPED_TRACE(inPlace);
+    EditDesk desk(kTwo);
+    desk.files.writesInPlace = inPlace;
+    desk.Set("LevelsOfBackup", "3");
+    desk.files.files[BackupPath(kEventsPath, 1)] = "older";
+    desk.Open();
+    desk.Enter(0, "6.1", "Summer");
+    ChangeWhileSaving(desk, {kTwo + "07.04,Picnic,3,yearly\r\n", outside});
+    desk.session().Save();
+    EXPECT_EQ(desk.file(), both);
+    EXPECT_EQ(desk.Backup(1), outside);
+    EXPECT_EQ(desk.Backup(2), "older") << "the tries in between rotate nothing";
+    EXPECT_EQ(desk.Backup(3), "(none)");
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    EXPECT_FALSE(desk.session().isEntryUnderWay());
+    EXPECT_EQ(desk.List().size(), 5U) << "with the other's event and the row of today";
+    for (const auto& [path, content] : desk.files.files) {
+      EXPECT_EQ(path.find("-save.txt"), std::string::npos) << path;
+    }
+  }
+}
+
+TEST(SavingCarefully, AnEventThatGoesWhileItsDeletionIsUnderWayIsNotMissed) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  ASSERT_TRUE(desk.Select("Christmas"));
+  desk.session().Edit();
+  const std::string outside = "07.04,Picnic,3,yearly\r\n";
+  ChangeWhileSaving(desk, {outside});
+  desk.messages.answer = MessageAnswer::kYes;
+  desk.session().Delete();
+  EXPECT_EQ(desk.file(), outside);
+  EXPECT_FALSE(desk.session().isEntryUnderWay());
+}
+
+TEST(SavingCarefully, AFileThatGoesOrComesWhileTheSaveIsUnderWayLosesNothing) {
+  EditDesk gone(kTwo);
+  gone.Open();
+  gone.Enter(0, "6.1", "Summer");
+  ChangeWhileSaving(gone, {std::nullopt});
+  gone.session().Save();
+  EXPECT_EQ(gone.file(),
+            "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n");
+
+  EditDesk come(kTwo);
+  come.Open();
+  come.Enter(0, "6.1", "Summer");
+  come.files.files.erase(kEventsPath);
+  ChangeWhileSaving(come, {"07.04,Picnic,3,yearly\r\n"});
+  come.session().Save();
+  EXPECT_EQ(come.file(), "06.01,Summer,7,yearly\r\n07.04,Picnic,3,yearly\r\n");
+}
+
+TEST(SavingCarefully, AFileThatChangesAgainAndAgainIsLeftToTheOtherProgram) {
+  for (const bool inPlace : {false, true}) {
+    SCOPED_TRACE(inPlace);
+    EditDesk desk(kTwo);
+    desk.files.writesInPlace = inPlace;
+    desk.Open();
+    desk.Enter(0, "6.1", "Summer");
+    const std::string last = "03.03,C,1,yearly\r\n";
+    ChangeWhileSaving(desk, {"01.01,A,1,yearly\r\n", "02.02,B,1,yearly\r\n", last});
+    desk.session().Save();
+    EXPECT_EQ(desk.file(), last);
+    EXPECT_THAT(desk.messages.shown,
+                ElementsAre(Failure(kEventsPath, "another program is using it")));
+    EXPECT_TRUE(desk.session().isEntryUnderWay());
+    EXPECT_EQ(desk.session().entry().txtEventInput.text, "Summer");
+    desk.session().Save();
+    EXPECT_EQ(desk.file(), last + "06.01,Summer,7,yearly\r\n");
+    EXPECT_EQ(desk.messages.shown.size(), 1U);
+  }
+}
+
+TEST(SavingCarefully, AFileThatIsOnlyBusyIsTriedOnce) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.files.writeFailures[kEventsPath] = StatusKind::kBusy;
+  desk.files.calls.clear();
+  desk.session().Save();
+  EXPECT_EQ(desk.files.CountCalls("stage"), 1);
+  EXPECT_THAT(desk.messages.shown,
+              ElementsAre(Failure(kEventsPath, "another program is using it")));
 }
 
 // --- Rescue copies.

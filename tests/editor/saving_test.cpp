@@ -228,10 +228,11 @@ TEST(Saving, TheNewContentIsSafeBeforeTheBackupsAreRotatedInTheirOrder) {
   desk.session().Save();
   const std::string stem = "/home/ann/datesbk";
   EXPECT_THAT(desk.files.calls,
-              ElementsAre("read " + kEventsPath, "stage " + kEventsPath, "remove " + stem + "3.txt",
-                          "rename " + stem + "2.txt " + stem + "3.txt", "remove " + stem + "2.txt",
-                          "rename " + stem + "1.txt " + stem + "2.txt", "remove " + stem + "1.txt",
-                          "link " + kEventsPath + " " + stem + "1.txt", "commit " + kEventsPath));
+              ElementsAre("read " + kEventsPath, "stage " + kEventsPath, "read " + kEventsPath,
+                          "remove " + stem + "3.txt", "rename " + stem + "2.txt " + stem + "3.txt",
+                          "remove " + stem + "2.txt", "rename " + stem + "1.txt " + stem + "2.txt",
+                          "remove " + stem + "1.txt", "link " + kEventsPath + " " + stem + "1.txt",
+                          "commit " + kEventsPath));
   EXPECT_EQ(desk.Backup(1), kTwo);
   EXPECT_EQ(desk.Backup(2), "backup 1");
   EXPECT_EQ(desk.Backup(3), "backup 2");

@@ -1,10 +1,14 @@
 // How entries end in the events editor's window: saved, deleted or given up; and the popular
 // observances that begin one.
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMessageBox>
 #include <QScrollBar>
 #include <QSet>
+#include <QTimer>
 #include <QWheelEvent>
 
+#include "platform/qt/qt_ports.h"
 #include "tests/windows/edit_window_desk.h"
 
 namespace tidewarden {
@@ -42,6 +46,7 @@ class FrmEditSavingTest : public QObject {
   void savesAChangedEvent();
   void keepsTheEntryWhenTheFileCannotBeWritten();
   void deletesTheEventThatIsEdited();
+  void asksBeforeADeletionWithTheTitleAsTyped();
   void remembersNothingUnlessTold();
   void goesBackToTheListAfterAnEntry();
   void showsAnotherGlyphAfterAnEntry();
@@ -117,6 +122,34 @@ void FrmEditSavingTest::deletesTheEventThatIsEdited() {
   desk.Click("cmdDelete");
   QVERIFY(desk.File().find("Christmas") == std::string::npos);
   QCOMPARE(desk.Rows().size(), 3);
+}
+
+void FrmEditSavingTest::asksBeforeADeletionWithTheTitleAsTyped() {
+  EditWindowDesk desk("12.25,<b>x</b>,7,yearly\r\n");
+  QtMessageBox boxes;
+  desk.OtherMessages = &boxes;
+  desk.Open();
+  desk.Select(1);
+  desk.Click("cmdEdit");
+  QCOMPARE(desk.Text("txtEventInput"), QStringLiteral("<b>x</b>"));
+  bool asked = false;
+  QTimer::singleShot(0, qApp, [&asked] {
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    QVERIFY(box != nullptr);
+    asked = true;
+    const auto question =
+        QStringLiteral("Are you sure you want to delete the event \"<b>x</b>\"???");
+    QCOMPARE(box->text(), question);
+    // What is painted is a label of the box.
+    const auto* const label = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    QVERIFY(label != nullptr);
+    QCOMPARE(label->text(), question);
+    QCOMPARE(label->textFormat(), Qt::PlainText);
+    box->button(QMessageBox::Yes)->click();
+  });
+  desk.Click("cmdDelete");
+  QVERIFY(asked);
+  QCOMPARE(desk.File(), std::string());
 }
 
 void FrmEditSavingTest::remembersNothingUnlessTold() {
