@@ -242,7 +242,7 @@ void frmReminder::Place() {
 // Changing the flag hides the window, and some window managers place a window anew that comes
 // back.
 void frmReminder::PopUp() {
-  const QRect place = isMaximized() ? normalGeometry() : geometry();
+  const QRect place = isMaximized() || isFullScreen() ? normalGeometry() : geometry();
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowState(Qt::WindowNoState);
   setGeometry(place);
@@ -306,7 +306,7 @@ void frmReminder::LayOut() {
 
 WindowState frmReminder::State() const {
   if (isMinimized()) return WindowState::kMinimized;
-  return isMaximized() ? WindowState::kMaximized : WindowState::kNormal;
+  return isMaximized() || isFullScreen() ? WindowState::kMaximized : WindowState::kNormal;
 }
 
 WindowPlacement frmReminder::Here() const {
