@@ -319,7 +319,9 @@ bool frmReminder::event(QEvent* event) {
   if (event->type() == QEvent::WinIdChange) {
     session_.tIcon().OwnerForm = static_cast<WindowHandle>(internalWinId());
   }
-  return QWidget::event(event);
+  const bool isHandled = QWidget::event(event);
+  if (event->type() == QEvent::ApplicationPaletteChange) Render();
+  return isHandled;
 }
 
 void frmReminder::showEvent(QShowEvent* event) {
