@@ -125,6 +125,7 @@ EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
     parts.hooks.donate = [this] { OpenOrderPage(*shell_, kOrderPage, SystemFolders().style); };
   }
   parts.hooks.showReminder = [&window] { window.Return(); };
+  parts.hooks.hideReminder = [&window] { window.EditorRestored(); };
   parts.format = session_.builder().format();
   parts.setup.eventsFilePath = session_.EventsFilePath();
   parts.setup.rescueFolder = SystemFolders().userData;

@@ -116,6 +116,11 @@ void EditSession::LeftNormalState() const {
   Run(hooks_.showReminder);
 }
 
+void EditSession::Restored() {
+  Run(hooks_.hideReminder);
+  Reload();
+}
+
 void EditSession::Reload() {
   if (!isShown_ || isEntryUnderWay()) return;
   LoadEventLines(ports_.clock.Now().date);

@@ -43,6 +43,7 @@ struct EditorHooks {
   std::function<void()> options;       // changes to the options program, which ends this one
   std::function<void()> donate;        // without it the order page is not offered
   std::function<void()> showReminder;  // brings the reminder window back, which rebuilds its list
+  std::function<void()> hideReminder;  // the editor takes the reminder window's place again
 };
 
 // What the program knows when it makes the session.
@@ -90,6 +91,10 @@ class EditSession {
   // The window was minimized or maximized, once for each such change: the reminder window comes
   // back; nothing is saved and an entry stays open.
   void LeftNormalState() const;
+
+  // The window is back from where it was minimized: the reminder window goes again, and the file
+  // is read as by Reload.
+  void Restored();
 
   // Reads the file again when no entry is under way, for example after the reminder window has
   // changed it. The selected row keeps its index.

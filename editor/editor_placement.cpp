@@ -43,8 +43,9 @@ WindowArea LoadEditorPlacement(SettingsStore& settings, const std::vector<Window
   const bool usable =
       left && top && height && *left > -1 && *top > -1 && *height >= kEditorLeastHeight;
   if (!usable) {
-    return {(primary.width - kCentringWidth) / 2, (primary.height - kEditorLeastHeight) / 2,
-            kEditorWidth, kEditorLeastHeight};
+    return {primary.left + (primary.width - kCentringWidth) / 2,
+            primary.top + (primary.height - kEditorLeastHeight) / 2, kEditorWidth,
+            kEditorLeastHeight};
   }
   WindowArea place{*left, *top, kEditorWidth, *height};
   if (!MeetsAScreen(place, {primary, screens})) {

@@ -147,10 +147,15 @@ void frmEdit::closeEvent(QCloseEvent* event) {
 void frmEdit::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::WindowStateChange || CurrentPhase() == phase_) return;
-  phase_ = CurrentPhase();
+  const Phase before = std::exchange(phase_, CurrentPhase());
   if (phase_ == Phase::kNormal) LayOut();
-  if (phase_ == Phase::kNormal || !session_.isLoaded()) return;
-  Q_EMIT LeftNormalState();
+  if (!session_.isLoaded()) return;
+  // A window that is only about to be shown has not been minimized in this session.
+  if (before == Phase::kMinimized && isVisible()) {
+    Q_EMIT Restored();
+  } else if (phase_ != Phase::kNormal) {
+    Q_EMIT LeftNormalState();
+  }
 }
 
 void frmEdit::resizeEvent(QResizeEvent* event) {
@@ -181,6 +186,10 @@ void frmEdit::ConnectButtons() {
     if (session_.isLoaded()) Act(&EditSession::LeftNormalState);
   };
   connect(this, &frmEdit::LeftNormalState, this, handBack, Qt::QueuedConnection);
+  const auto takeOver = [this] {
+    if (session_.isLoaded()) Act(&EditSession::Restored);
+  };
+  connect(this, &frmEdit::Restored, this, takeOver, Qt::QueuedConnection);
 }
 
 void frmEdit::ConnectList() {

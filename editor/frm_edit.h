@@ -51,6 +51,8 @@ class frmEdit : public QWidget {
  Q_SIGNALS:
   // The window has been minimized or maximized.
   void LeftNormalState();
+  // The window is no longer minimized.
+  void Restored();
 
  protected:
   void closeEvent(QCloseEvent* event) override;

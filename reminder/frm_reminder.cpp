@@ -14,6 +14,7 @@
 #include "reminder/frm_reminder_list.h"
 #include "reminder/frm_reminder_look.h"
 #include "reminder/frm_reminder_model.h"
+#include "reminder/frm_reminder_quit.h"
 #include "reminder/reminder_session.h"
 
 namespace tidewarden {
@@ -29,19 +30,6 @@ void SetSheet(QWidget* widget, const QString& sheet) {
 }
 
 }  // namespace
-
-// Hears the login session ask the program to end; nothing in the program itself does that.
-class QuitListener : public QObject {
- public:
-  using QObject::QObject;
-  bool heard = false;
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (watched == qApp && event->type() == QEvent::Quit) heard = true;
-    return false;
-  }
-};
 
 frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
     : QWidget(parent),
@@ -61,7 +49,6 @@ frmReminder::frmReminder(ReminderSession& session, QWidget* parent)
       quitListener_(new QuitListener(this)),
       mnuPop(new QMenu(this)) {
   setObjectName(QStringLiteral("frmReminder"));
-  qApp->installEventFilter(quitListener_);
   MakeControls();
   MakeMenu();
   Connect();
@@ -182,8 +169,13 @@ void frmReminder::Start() {
   tmrMinute->start(session_.untilNextMinute());
 }
 
+// At the end of the login session the editor closes, too, and nothing may come up for that.
 void frmReminder::Return() {
-  Apply(session_.Restore());
+  if (!IsLoggingOut()) Apply(session_.Restore());
+}
+
+void frmReminder::EditorRestored() {
+  Apply(session_.EditorRestored());
 }
 
 void frmReminder::RestoreFromTray() {
@@ -250,7 +242,7 @@ void frmReminder::Place() {
 // Changing the flag hides the window, and some window managers place a window anew that comes
 // back.
 void frmReminder::PopUp() {
-  const QRect place = isMaximized() ? normalGeometry() : geometry();
+  const QRect place = isMaximized() || isFullScreen() ? normalGeometry() : geometry();
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowState(Qt::WindowNoState);
   setGeometry(place);
@@ -314,7 +306,7 @@ void frmReminder::LayOut() {
 
 WindowState frmReminder::State() const {
   if (isMinimized()) return WindowState::kMinimized;
-  return isMaximized() ? WindowState::kMaximized : WindowState::kNormal;
+  return isMaximized() || isFullScreen() ? WindowState::kMaximized : WindowState::kNormal;
 }
 
 WindowPlacement frmReminder::Here() const {
@@ -327,7 +319,9 @@ bool frmReminder::event(QEvent* event) {
   if (event->type() == QEvent::WinIdChange) {
     session_.tIcon().OwnerForm = static_cast<WindowHandle>(internalWinId());
   }
-  return QWidget::event(event);
+  const bool isHandled = QWidget::event(event);
+  if (event->type() == QEvent::ApplicationPaletteChange) Render();
+  return isHandled;
 }
 
 void frmReminder::showEvent(QShowEvent* event) {
@@ -358,9 +352,13 @@ void frmReminder::mouseReleaseEvent(QMouseEvent* event) {
   if (childAt(event->position().toPoint()) == nullptr) session_.SurfaceReleased(Here());
 }
 
+bool frmReminder::IsLoggingOut() const {
+  return quitListener_->Heard() || qGuiApp->isSavingSession();
+}
+
 void frmReminder::closeEvent(QCloseEvent* event) {
-  const bool loggingOut = quitListener_->heard || qGuiApp->isSavingSession();
-  if (!session_.Close(State(), loggingOut ? CloseReason::kLoginSessionEnds : CloseReason::kUser)) {
+  const auto reason = IsLoggingOut() ? CloseReason::kLoginSessionEnds : CloseReason::kUser;
+  if (!session_.Close(State(), reason)) {
     event->ignore();
     return;
   }

@@ -40,6 +40,9 @@ class frmReminder : public QWidget {
   // Fetches the window back from the notification area.
   void RestoreFromTray();
 
+  // The editor is back from where it was minimized.
+  void EditorRestored();
+
   // The desktop has other screens, or places them differently.
   void ScreensChanged(const Screens& screens);
 
@@ -71,6 +74,7 @@ class frmReminder : public QWidget {
   void ShowMenu(int row, const QPoint& globalPosition);
   [[nodiscard]] WindowPlacement Here() const;
   [[nodiscard]] WindowState State() const;
+  [[nodiscard]] bool IsLoggingOut() const;
 
   ReminderSession& session_;
   ListModel* model_;

@@ -76,7 +76,11 @@ void ReminderListView::keyPressEvent(QKeyEvent* event) {
   const bool menuKey = event->key() == Qt::Key_Menu ||
                        (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
   if (!menuKey) {
+    const QModelIndex before = currentIndex();
     QListView::keyPressEvent(event);
+    // The mouse has only to rest on a row; the keyboard has no other way to the end of a long one.
+    const QModelIndex now = currentIndex();
+    if (now != before) ShowWholeRow(now, viewport()->mapToGlobal(visualRect(now).bottomLeft()));
     return;
   }
   const int row = SelectedRow();
@@ -111,18 +115,18 @@ void ReminderListView::resizeEvent(QResizeEvent* event) {
 
 bool ReminderListView::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
-  ShowWholeRow(static_cast<const QHelpEvent*>(event));
+  const auto* const help = static_cast<const QHelpEvent*>(event);
+  ShowWholeRow(indexAt(help->pos()), help->globalPos());
   return true;
 }
 
 // A row that is wider than the window can be read without widening it.
-void ReminderListView::ShowWholeRow(const QHelpEvent* help) {
-  const QModelIndex index = indexAt(help->pos());
+void ReminderListView::ShowWholeRow(const QModelIndex& index, const QPoint& place) {
   const QRect row = visualRect(index);
   const bool isCut =
       row.left() < 0 || row.left() + sizeHintForIndex(index).width() > viewport()->width();
-  QToolTip::showText(help->globalPos(), isCut ? PlainToolTip(index.data().toString()) : QString(),
-                     viewport(), row);
+  QToolTip::showText(place, isCut ? PlainToolTip(index.data().toString()) : QString(), viewport(),
+                     row);
 }
 
 }  // namespace tidewarden

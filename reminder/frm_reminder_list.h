@@ -43,7 +43,7 @@ class ReminderListView : public QListView {
   bool viewportEvent(QEvent* event) override;
 
  private:
-  void ShowWholeRow(const QHelpEvent* help);
+  void ShowWholeRow(const QModelIndex& index, const QPoint& place);
 };
 
 }  // namespace tidewarden

@@ -1,7 +1,9 @@
 #include "reminder/frm_reminder_look.h"
 
+#include <QApplication>
 #include <QIcon>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 #include <QTextDocument>
 #include <QToolButton>
@@ -20,9 +22,8 @@ constexpr char kTrayButtonSheet[] =
 
 constexpr int kGlyphSize = 12;
 
-QString ColourText(const std::optional<Colour>& colour, const char* role) {
-  if (!colour) return QStringLiteral("palette(%1)").arg(QLatin1String(role));
-  return QColor(colour->red, colour->green, colour->blue).name();
+QString ColourText(const std::optional<Colour>& colour, const QColor& system) {
+  return colour ? QColor(colour->red, colour->green, colour->blue).name() : system.name();
 }
 
 // An arrow that comes down onto a line, in units of the glyph's size.
@@ -44,10 +45,12 @@ QPixmap Glyph(int scale) {
 }  // namespace
 
 QString ListSheet(const ListColours& colours) {
+  const QPalette system = QApplication::palette();
   return QStringLiteral(
              "QListView { color: %1; background-color: %2; selection-color: %2;"
              " selection-background-color: %1; }")
-      .arg(ColourText(colours.text, "text"), ColourText(colours.background, "base"));
+      .arg(ColourText(colours.text, system.color(QPalette::Text)),
+           ColourText(colours.background, system.color(QPalette::Base)));
 }
 
 QFont FontOf(const ListFont& font) {

@@ -12,7 +12,8 @@ class QToolButton;
 namespace tidewarden {
 
 // A rule for the list itself, so that the user's colours win over a skin. A selected row has the
-// colours the other way round: whoever can read the list can read that too.
+// colours the other way round: whoever can read the list can read that too. The desktop's colours
+// are written out as they are now: by their names a sheet keeps those that it was first used with.
 [[nodiscard]] QString ListSheet(const ListColours& colours);
 
 // A size of 0 gives the size that the controls were designed with. The face may be one that is

@@ -9,9 +9,12 @@ namespace {
 
 using namespace modGetSetSaveSet;
 
+constexpr int kMostStored = 32767;  // 16 bits
+
 WindowArea NewArea(const Screens& screens) {
-  return {(screens.primary.width - kReminderWidth) / 2,
-          (screens.primary.height - kReminderHeight) / 2, kReminderWidth, kReminderHeight};
+  const WindowArea& primary = screens.primary;
+  return {primary.left + (primary.width - kReminderWidth) / 2,
+          primary.top + (primary.height - kReminderHeight) / 2, kReminderWidth, kReminderHeight};
 }
 
 bool ReadSize(SettingsStore& store, WindowArea& out) {
@@ -25,10 +28,11 @@ bool ReadSize(SettingsStore& store, WindowArea& out) {
 // Where windows have no place of their own, left and top are left alone.
 bool ReadArea(SettingsStore& store, const Screens& screens, WindowArea& out) {
   if (!screens.canPlaceWindows) return ReadSize(store, out);
-  const std::string left = Get(store, settings::kLeft,
-                               std::to_string((screens.primary.width - kLeastReminderWidth) / 2));
-  const std::string top = Get(store, settings::kTop,
-                              std::to_string((screens.primary.height - kLeastReminderHeight) / 2));
+  const WindowArea& primary = screens.primary;
+  const int firstLeft = primary.left + (primary.width - kLeastReminderWidth) / 2;
+  const int firstTop = primary.top + (primary.height - kLeastReminderHeight) / 2;
+  const std::string left = Get(store, settings::kLeft, std::to_string(firstLeft));
+  const std::string top = Get(store, settings::kTop, std::to_string(firstTop));
   const bool hasSize = ReadSize(store, out);
   return hasSize && ReadPlacementNumber(left, out.left) && ReadPlacementNumber(top, out.top) &&
          out.left > -5 && out.top > -5;
@@ -41,7 +45,9 @@ StoredPlacement LoadWindowPlacement(SettingsStore& settings, const Screens& scre
   const WindowArea middle = NewArea(screens);
   WindowArea area = middle;
   if (!ReadArea(settings, screens, area)) {
-    if (!screens.canPlaceWindows) return {false, middle};
+    // Marks of a middle that no setting can hold would be taken for a place at the next start.
+    const bool canHold = middle.left <= kMostStored && middle.top <= kMostStored;
+    if (!screens.canPlaceWindows || !canHold) return {false, middle};
     // All four go under the one name, as they always have: the other three keep what they hold.
     for (const int number : {middle.left, middle.top, middle.width, middle.height}) {
       Save(settings, settings::kLeft, std::to_string(number));

@@ -27,9 +27,9 @@ struct WindowPlacement {
 
 // Reads the stored placement. One that is damaged (left or top below -4, a size below that of a
 // new window, a number beyond 16 bits) gives a new window in the middle of the primary screen and
-// leaves its marks under "Settings/Left". One that meets no screen keeps its size and is moved to
-// the middle; nothing is written for that. Where windows do not know their place, left and top are
-// neither read nor written.
+// leaves its marks under "Settings/Left", unless that middle is itself beyond 16 bits. One that
+// meets no screen keeps its size and is moved to the middle; nothing is written for that. Where
+// windows do not know their place, left and top are neither read nor written.
 [[nodiscard]] StoredPlacement LoadWindowPlacement(SettingsStore& settings, const Screens& screens);
 
 // An area of the same size in the middle of the primary screen; what is larger than the screen

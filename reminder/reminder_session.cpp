@@ -250,6 +250,13 @@ WindowChange ReminderSession::Restore() {
   return WindowChange::kRestore;
 }
 
+WindowChange ReminderSession::EditorRestored() {
+  // In the tray it is out of the way already, and a question needs the window that asks it.
+  if (!ports_.editor.IsLoaded() || inTray_ || isBusy_) return WindowChange::kNone;
+  behindEditor_ = true;
+  return WindowChange::kHide;
+}
+
 bool ReminderSession::Close(WindowState window, CloseReason reason) {
   if (inTray_) window = WindowState::kMinimized;
   if (!ports_.alarms.MayClose(builder_->alarms(), ports_.clock.Now(), window, reason)) return false;

@@ -141,6 +141,10 @@ class ReminderSession {
   // A click on the icon in the notification area, and the editor's return.
   [[nodiscard]] WindowChange Restore();
 
+  // The editor is back in its place after it was minimized: it takes the place of this window
+  // again.
+  [[nodiscard]] WindowChange EditorRestored();
+
   // The window is about to close. False when it is to stay open, for the sake of an alarm.
   [[nodiscard]] bool Close(WindowState window, CloseReason reason);
 

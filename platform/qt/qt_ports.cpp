@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <algorithm>
 
 namespace tidewarden {
 namespace {
@@ -18,11 +19,36 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
   return QMessageBox::Ok;
 }
 
+bool StaysOnTop(const QWidget* window) {
+  return window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+}
+
+QWidgetList ShownWindows() {
+  QWidgetList windows = QApplication::topLevelWidgets();
+  windows.removeIf([](const QWidget* widget) {
+    return !widget->isVisible() || widget->windowType() != Qt::Window;
+  });
+  return windows;
+}
+
+// The window that the user is in; while that is another program's, one of those that are shown.
+QWidget* ParentOfBox(const QWidgetList& shown) {
+  if (QWidget* const active = QApplication::activeWindow()) return active;
+  if (shown.isEmpty()) return nullptr;
+  const auto onTop = std::find_if(shown.begin(), shown.end(), StaysOnTop);
+  return onTop == shown.end() ? shown.first() : *onTop;
+}
+
 }  // namespace
 
 MessageAnswer QtMessageBox::Show(const std::string& text, MessageButtons buttons,
                                  MessageIcon icon) {
-  QMessageBox box(QApplication::activeWindow());
+  const QWidgetList shown = ShownWindows();
+  QMessageBox box(ParentOfBox(shown));
+  // A question under such a window could not be seen, let alone answered.
+  if (std::any_of(shown.begin(), shown.end(), StaysOnTop)) {
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+  }
   box.setTextFormat(Qt::PlainText);
   const auto title =
       QString::fromUtf8(kMessageTitle.data(), static_cast<qsizetype>(kMessageTitle.size()));

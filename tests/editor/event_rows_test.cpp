@@ -131,6 +131,17 @@ TEST(EventRows, ARowIsWrittenAsTheLineThatItWasMadeOf) {
   }
 }
 
+TEST(EventRows, AHiddenEventIsListedLikeAnyOther) {
+  for (const auto& layout : AllLayouts()) {
+    SCOPED_TRACE(layout.name);
+    const std::string date = layout.format.IsMonthFirst() ? "12.20" : "20.12";
+    EXPECT_EQ(Row("12.20,Pay rent,7,tdo2014*", layout.format),
+              date + " Pay rent                               7 days   tdo2014");
+    EXPECT_EQ(Row("12.20,Pay rent,7,tdo2014*", layout.format),
+              Row("12.20,Pay rent,7,tdo2014", layout.format));
+  }
+}
+
 TEST(EventRows, BlanksAroundATitleAndTheCaseOfACodeAreNotKept) {
   EXPECT_EQ(EventLineOf(Row("12.25, Bob ,07,YEARLY", DayFirst()), DayFirst()),
             "12.25,Bob,7,yearly");

@@ -157,6 +157,15 @@ TEST(EditorPlacement, AStoredPlaceIsUsedOnlyWhenItIsSound) {
   }
 }
 
+TEST(EditorPlacement, AFirstOneIsCentredOnThePrimaryScreenWhereverThatBegins) {
+  const WindowArea origin{0, 0, 28800, 16200};
+  MemorySettingsStore settings;
+  EXPECT_EQ(LoadEditorPlacement(settings, {{28800, 0, 28800, 16200}, origin}),
+            (WindowArea{39412, 5677, 9015, 4845}));
+  EXPECT_EQ(LoadEditorPlacement(settings, {{0, 16200, 28800, 16200}, {28800, 0, 28800, 16200}}),
+            (WindowArea{10612, 21877, 9015, 4845}));
+}
+
 TEST(EditorPlacement, AnUnplacedEditorStoresItsDefaults) {
   MemorySettingsStore settings;
   EXPECT_EQ(LoadEditorPlacement(settings, kScreens), kCentred);

@@ -36,6 +36,28 @@ TEST(Editor, OpensAfterThePlacementIsSavedAndHidesTheWindow) {
   EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
 }
 
+TEST(Editor, ARestoredOneTakesThePlaceOfTheWindowAgain) {
+  SessionDesk desk(kChristmas);
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  // Minimized, it hands back and stays loaded.
+  ASSERT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.session.EditorRestored(), WindowChange::kHide);
+  // Behind the editor the window is not in the tray, and no new day brings it up.
+  EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kNone);
+  EXPECT_FALSE(desk.area.isShown);
+  EXPECT_EQ(desk.TickAt(2014, 12, 23, 0, 0, WindowState::kMinimized), WindowChange::kNone);
+
+  ASSERT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  ASSERT_EQ(desk.session.SendToTray(), WindowChange::kHide);
+  EXPECT_EQ(desk.session.EditorRestored(), WindowChange::kNone);
+  EXPECT_TRUE(desk.area.isShown);
+
+  desk.editor.loaded = false;
+  ASSERT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.session.EditorRestored(), WindowChange::kNone);
+}
+
 TEST(Editor, EveryWayOfOpeningSetsBothRequests) {
   SessionDesk desk("hello\r\n" + kChristmas + "12.20,Pay rent,7,tdo2014\r\n");
   desk.Start();

@@ -71,6 +71,57 @@ TEST(LoadPlacement, ANewWindowStandsInTheMiddleOfThePrimaryScreen) {
   }
 }
 
+// The desktop begins left of the primary screen, or above it.
+TEST(LoadPlacement, ThePrimaryScreenNeedNotBeginAtTheDesktopsOrigin) {
+  struct Case {
+    std::string name;
+    WindowArea primary;
+    WindowArea other;
+    std::string stored;
+    WindowArea first;
+    WindowArea middle;
+  };
+  const std::vector<Case> cases{
+      // 28800 + 12172 is more than a stored number can be: it is no place at any start.
+      {"right of another",
+       {28800, 0, 28800, 16200},
+       {0, 0, 28800, 16200},
+       "40972 7035 4425 2025",
+       {40987, 7087, 4425, 2025},
+       {40987, 7087, 4425, 2025}},
+      {"below a gap",
+       {0, 16200, 28800, 16200},
+       {28800, 0, 28800, 16200},
+       "12172 23235 4425 2025",
+       {12172, 23235, 4425, 2025},
+       {12187, 23287, 4425, 2025}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const Screens screens{c.primary, {c.primary, c.other}, true};
+    Store store;
+    for (int start = 1; start <= 3; ++start) {
+      EXPECT_EQ(LoadWindowPlacement(store, screens).area, c.first);
+      EXPECT_EQ(store.Stored(), c.stored);
+    }
+    Store maximized;
+    static_cast<void>(maximized.Write("Settings", "Maximized", "True").ok());
+    EXPECT_EQ(LoadWindowPlacement(maximized, screens).area, c.middle);
+    Store damaged;
+    damaged.Set("1500", "3000", "abc", "4500");
+    EXPECT_EQ(LoadWindowPlacement(damaged, screens).area, c.middle);
+  }
+}
+
+TEST(LoadPlacement, APlaceInAGapBetweenScreensIsLeftForThePrimaryOne) {
+  const WindowArea below{0, 16200, 28800, 16200};
+  Store store;
+  store.Set("1500", "3000", "6000", "4500");
+  EXPECT_EQ(LoadWindowPlacement(store, {below, {below, {28800, 0, 28800, 16200}}, true}).area,
+            (WindowArea{12187, 23287, 6000, 4500}));
+  EXPECT_EQ(store.Stored(), "1500 3000 6000 4500");
+}
+
 TEST(LoadPlacement, AMaximizedWindowReadsNothingElse) {
   for (const std::string stored : {"True", "true", "TRUE"}) {
     Store store;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QPalette>
 #include <algorithm>
 #include <cmath>
@@ -24,6 +25,17 @@ inline double Contrast(const QColor& one, const QColor& other) {
   const double a = Luminance(one) + 0.05;
   const double b = Luminance(other) + 0.05;
   return std::max(a, b) / std::min(a, b);
+}
+
+// Of the colour in a picture that stands out most.
+inline double BestContrast(const QImage& picture, const QColor& background) {
+  double best = 1;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      best = std::max(best, Contrast(picture.pixelColor(x, y), background));
+    }
+  }
+  return best;
 }
 
 inline QPalette Desktop(const QColor& window, const QColor& base, const QColor& text) {

@@ -29,6 +29,7 @@ struct AskedFor {
   int options = 0;
   int donate = 0;
   int showReminder = 0;
+  int hideReminder = 0;
 };
 
 class EditWindowDesk {
@@ -67,6 +68,7 @@ class EditWindowDesk {
       hooks.options = [this] { ++asked.options; };
       if (hasOrderPage_) hooks.donate = [this] { ++asked.donate; };
       hooks.showReminder = [this] { ++asked.showReminder; };
+      hooks.hideReminder = [this] { ++asked.hideReminder; };
       constexpr int kMajor = 1;
       constexpr int kMinor = 2;
       session_ = std::make_unique<EditSession>(

@@ -41,6 +41,8 @@ class FrmEditTest : public QObject {
   void readsTheFileAgain();
   void handsBackWhenMinimizedOrMaximized_data();
   void handsBackWhenMinimizedOrMaximized();
+  void takesOverAgainWhenRestored_data();
+  void takesOverAgainWhenRestored();
   void handsBackWhenClosed();
   void closesByItsButton();
   void givesUpAnEntryWhenClosed();
@@ -470,6 +472,46 @@ void FrmEditTest::handsBackWhenMinimizedOrMaximized() {
   desk.Window().close();
   QCOMPARE(desk.settings.At("Edit", "Top"), "-1");
   QCOMPARE(desk.asked.showReminder, 3);
+}
+
+void FrmEditTest::takesOverAgainWhenRestored_data() {
+  QTest::addColumn<bool>("maximized");
+  QTest::addColumn<bool>("underWay");
+  QTest::newRow("normal") << false << false;
+  QTest::newRow("maximized") << true << false;
+  QTest::newRow("normal, with an entry") << false << true;
+}
+
+void FrmEditTest::takesOverAgainWhenRestored() {
+  QFETCH(bool, maximized);
+  QFETCH(bool, underWay);
+  EditWindowDesk desk(kEvents);
+  desk.Open();
+  if (underWay) {
+    desk.Click("cmdAdd");
+    desk.Type("txtEventInput", QStringLiteral("Half typed"));
+  }
+  const QStringList rows = desk.Rows();
+  desk.Window().showMinimized();
+  QTRY_COMPARE(desk.asked.showReminder, 1);
+  QCOMPARE(desk.asked.hideReminder, 0);
+  desk.files.files[test::kEventsPath] = "05.01,Only this,7,yearly\r\n";
+  if (maximized) {
+    desk.Window().showMaximized();
+  } else {
+    desk.Window().showNormal();
+  }
+  QTRY_COMPARE(desk.asked.hideReminder, 1);
+  QTest::qWait(50);
+  QCOMPARE(desk.asked.hideReminder, 1);
+  QCOMPARE(desk.asked.showReminder, 1);
+  if (underWay) {
+    QCOMPARE(desk.Rows(), rows);
+    QCOMPARE(desk.Text("txtEventInput"), QStringLiteral("Half typed"));
+  } else {
+    QCOMPARE(desk.Rows().size(), 2);
+    QVERIFY(desk.Rows().at(0).startsWith(QStringLiteral("05.01 Only this ")));
+  }
 }
 
 void FrmEditTest::handsBackWhenClosed() {

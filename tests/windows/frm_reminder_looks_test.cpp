@@ -8,6 +8,7 @@
 #include <QToolTip>
 #include <cstdlib>
 
+#include "tests/windows/contrast.h"
 #include "tests/windows/reminder_world.h"
 
 namespace tidewarden {
@@ -76,6 +77,25 @@ bool ContainsNearly(const QImage& picture, const QColor& colour) {
   return false;
 }
 
+QPalette DarkDesktop() {
+  return Desktop(QColor(0x2a, 0x2e, 0x32), QColor(0x1b, 0x1e, 0x20), QColor(0xfc, 0xfc, 0xfc));
+}
+QPalette LightDesktop() {
+  return Desktop(QColor(0xef, 0xf0, 0xf1), QColor(0xff, 0xff, 0xff), QColor(0x23, 0x26, 0x29));
+}
+
+// The colours of the desktop while it lives.
+class DesktopColours {
+ public:
+  explicit DesktopColours(const QPalette& palette) { QApplication::setPalette(palette); }
+  DesktopColours(const DesktopColours&) = delete;
+  DesktopColours& operator=(const DesktopColours&) = delete;
+  ~DesktopColours() { QApplication::setPalette(former_); }
+
+ private:
+  QPalette former_ = QApplication::palette();
+};
+
 }  // namespace
 
 class FrmReminderLooksTest : public QObject {
@@ -87,6 +107,8 @@ class FrmReminderLooksTest : public QObject {
   void drawsTheListInItsColours();
   void aSelectedRowHasTheColoursTheOtherWayRound();
   void drawsNewRandomColoursWhenItComesBack();
+  void followsTheDesktopsColours();
+  void canBeReadOnADarkDesktop();
   void usesTheFontOfTheSettings();
   void keepsTheDesignedSizeForSizesBelowOne();
   void showsTheSkinOfTheProgram();
@@ -97,6 +119,7 @@ class FrmReminderLooksTest : public QObject {
   void theOrangeButtonShowsTheKeyboard();
   void fewRowsAreNotHiddenByABar();
   void tellsTheWholeOfARowThatIsCut();
+  void tellsTheWholeOfARowThatTheKeyboardChooses();
   void showsTheQuoteOnItsLines();
   void showsMarkupInAQuoteAsItWasTyped();
   void anotherQuoteComesWithEveryClick();
@@ -181,6 +204,53 @@ void FrmReminderLooksTest::drawsNewRandomColoursWhenItComesBack() {
   desk.window->RestoreFromTray();
   QCOMPARE(desk.EmptyArea(), QApplication::palette().color(QPalette::Base));
   QCOMPARE(desk.world.settings.At("Options", "ReminderListColors"), "random");
+}
+
+void FrmReminderLooksTest::followsTheDesktopsColours() {
+  Desk desk;
+  desk.world.Set("Options", "ReminderListColors", "system");
+  desk.world.Set("Settings", "FontSize", "18");
+  desk.world.Set("Settings", "FontBold", "True");
+  desk.Start();
+  for (const QPalette& desktop : {DarkDesktop(), LightDesktop(), DarkDesktop()}) {
+    const DesktopColours colours(desktop);
+    const QColor base = desktop.color(QPalette::Base);
+    const QColor text = desktop.color(QPalette::Text);
+    QTRY_COMPARE(desk.EmptyArea().name(), base.name());
+    QVERIFY(Contains(desk.Row(1), base));
+    QVERIFY(Contains(desk.Row(1), text));
+  }
+}
+
+void FrmReminderLooksTest::canBeReadOnADarkDesktop() {
+  const QPalette desktop = DarkDesktop();
+  const DesktopColours colours(desktop);
+  Desk desk;
+  desk.world.Set("Options", "ReminderListColors", "system");
+  desk.world.Set("Settings", "Width", "12000");
+  desk.world.Set("Settings", "FontSize", "18");
+  desk.world.Set("Settings", "FontBold", "True");
+  desk.Start();
+  const QColor window = desk.window->grab(QRect(0, 0, 1, 1)).toImage().pixelColor(0, 0);
+  QCOMPARE(window.name(), desktop.color(QPalette::Window).name());
+
+  const auto* const date = Find<QLabel>(*desk.window, "sknDate");
+  const QImage datePicture = desk.window->grab(date->geometry()).toImage();
+  QVERIFY(BestContrast(datePicture, window) >= kTextContrast);
+
+  ListOf(*desk.window)->setCurrentIndex(ListOf(*desk.window)->model()->index(1, 0));
+  const QImage row = desk.Row(1);
+  const QColor chosen = row.pixelColor(row.width() - 4, row.height() / 2);
+  QVERIFY(Contrast(chosen, desk.EmptyArea()) >= kLineContrast);
+  QVERIFY(BestContrast(row, chosen) >= kTextContrast);
+
+  const auto* const button = Find<QToolButton>(*desk.window, "cmdTray");
+  const QImage picture = desk.window->grab(button->geometry()).toImage();
+  const QColor orange = ColourAt(picture, {4, 10});
+  QVERIFY(Contrast(orange, window) >= kLineContrast);
+  QVERIFY(BestContrast(picture.copy(QRect(QPoint(4, 4) * picture.devicePixelRatio(),
+                                          QSize(12, 12) * picture.devicePixelRatio())),
+                       orange) >= kTextContrast);
 }
 
 void FrmReminderLooksTest::usesTheFontOfTheSettings() {
@@ -317,6 +387,27 @@ void FrmReminderLooksTest::tellsTheWholeOfARowThatIsCut() {
   QTRY_VERIFY(!QToolTip::isVisible());
   QCOMPARE(ask(PlaceOf(window, 0)), QString());
   QCOMPARE(ask(BesideTheRows(window)), QString());
+}
+
+void FrmReminderLooksTest::tellsTheWholeOfARowThatTheKeyboardChooses() {
+  const std::string title = "<b>" + std::string(100, 'W') + "</b>";
+  World world("12.25," + title + ",14,yearly\r\n12.26,Short,14,yearly\r\n");
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  auto* const list = ListOf(window);
+  list->setFocus();
+  list->setCurrentIndex(list->model()->index(0, 0));
+  QVERIFY(!QToolTip::isVisible());
+  QTest::keyClick(list, Qt::Key_Down);
+  QCOMPARE(list->currentIndex().row(), 1);
+  QTRY_VERIFY(QToolTip::isVisible());
+  QTextDocument shown;
+  shown.setHtml(QToolTip::text());
+  QVERIFY2(shown.toPlainText().contains(QString::fromStdString(title)),
+           qPrintable(shown.toPlainText()));
+  QTest::keyClick(list, Qt::Key_Down);
+  QCOMPARE(list->currentIndex().row(), 2);
+  QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 void FrmReminderLooksTest::showsTheQuoteOnItsLines() {

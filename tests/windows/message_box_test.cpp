@@ -38,6 +38,8 @@ class MessageBoxTest : public QObject {
   void answersWhatIsPressed();
   void answersWhatChangesNothingWhenItIsClosed();
   void hasNoForItsDefaultWhereAnythingIsLost();
+  void belongsToAShownWindowWhenAnotherProgramHasTheKeyboard();
+  void isNotHiddenByAWindowThatStaysOnTop();
 };
 
 void MessageBoxTest::showsPlainTextUnderTheProgramsName() {
@@ -80,6 +82,42 @@ void MessageBoxTest::hasNoForItsDefaultWhereAnythingIsLost() {
     QTest::keyClick(&box, Qt::Key_Return);
   });
   QCOMPARE(answer, MessageAnswer::kNo);
+}
+
+void MessageBoxTest::belongsToAShownWindowWhenAnotherProgramHasTheKeyboard() {
+  QWidget hidden;
+  QWidget tip(nullptr, Qt::ToolTip | Qt::WindowStaysOnTopHint);
+  tip.show();
+  QWidget window;
+  window.setAttribute(Qt::WA_ShowWithoutActivating);
+  window.show();
+  QVERIFY(QTest::qWaitForWindowExposed(&window));
+  QApplication::setActiveWindow(nullptr);
+  QVERIFY(QApplication::activeWindow() == nullptr);
+  Answered(MessageButtons::kOk, [&window](QMessageBox& box) {
+    QCOMPARE(box.parentWidget(), &window);
+    QVERIFY(!box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+  });
+}
+
+void MessageBoxTest::isNotHiddenByAWindowThatStaysOnTop() {
+  QWidget other;
+  other.show();
+  QWidget onTop(nullptr, Qt::Window | Qt::WindowStaysOnTopHint);
+  onTop.show();
+  QVERIFY(QTest::qWaitForWindowExposed(&onTop));
+  QApplication::setActiveWindow(nullptr);
+  Answered(MessageButtons::kOk, [&onTop](QMessageBox& box) {
+    QCOMPARE(box.parentWidget(), &onTop);
+    QVERIFY(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QCOMPARE(box.windowType(), Qt::Dialog);
+  });
+  QApplication::setActiveWindow(&other);
+  QCOMPARE(QApplication::activeWindow(), &other);
+  Answered(MessageButtons::kOk, [&other](QMessageBox& box) {
+    QCOMPARE(box.parentWidget(), &other);
+    QVERIFY(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+  });
 }
 
 }  // namespace tidewarden
