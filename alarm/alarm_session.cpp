@@ -113,7 +113,7 @@ AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_vi
   const bool isFirstOfDay = std::exchange(awaitsFirstTickOfDay_, false);
   if (!schedule.hasAlarmsToday()) return {};
   const std::int64_t present = MinuteCount(now);
-  if (lastTick_ == present && !isFirstOfDay) return {false, false, false};
+  if (lastTick_ == present && !isFirstOfDay) return {false, false, false, false};
   lastTick_ = present;
   lastTickMinute_ = now.FourDigit();
   if (!Knows(schedule)) Adopt(schedule, now);
@@ -131,15 +131,14 @@ AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_vi
   }
   MarkRung(due, now.date);
 
-  if (!due.empty() && options.alarmSound) {
-    PlayAlarmSound();
-  } else if (options.alarmBeepEachMinute && !options.disableAlarms && wasUnacknowledged &&
-             lastBeep_ != present) {
-    PlayAlarmSound();
+  const bool soundsFirst = !due.empty() && options.alarmSound;
+  const bool soundsAgain = !soundsFirst && options.alarmBeepEachMinute && !options.disableAlarms &&
+                           wasUnacknowledged && lastBeep_ != present;
+  if (soundsAgain) {
     lastBeep_ = present;
     lastBeepMinute_ = now.FourDigit();
   }
-  return {true, !due.empty(), true};
+  return {true, !due.empty(), soundsFirst || soundsAgain, true};
 }
 
 int AlarmSession::MillisecondsToNextTick(LocalTime now) const {

@@ -48,6 +48,7 @@ struct AlarmOptions {
 struct AlarmTick {
   bool rowsChanged = false;     // rows of the list show another countdown
   bool showsMessages = false;   // an alarm went off: show alarmMessages(), open the window
+  bool sounds = false;          // then, with the window there, PlayAlarmSound()
   bool checksForNewDay = true;  // look whether a new day has begun
 };
 
@@ -71,7 +72,7 @@ class AlarmSession {
 
   // One tick of the timer. More ticks than one in a minute do no harm: all but the first end at
   // once, without the look for a new day. Only the first list of a new day gets a second tick in
-  // its minute, for its alarms of that very minute.
+  // its minute, for its alarms of that very minute. Plays nothing itself.
   [[nodiscard]] AlarmTick Tick(AlarmSchedule& schedule, std::vector<std::string_view>& list,
                                const AlarmOptions& options, LocalTime now);
 

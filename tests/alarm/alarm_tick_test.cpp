@@ -243,6 +243,16 @@ TEST(AlarmTick, TheHelpingTickRingsWhatTheTimerWouldStepOver) {
   EXPECT_FALSE(desk.TickAt(15, 31, 0).showsMessages);
 }
 
+TEST(AlarmTick, LeavesTheSoundToItsCaller) {
+  AlarmDesk desk;
+  desk.Build({"Dentist 3:30pm"});
+  for (const int minute : {30, 31}) {
+    desk.SetTime(15, minute);
+    EXPECT_TRUE(desk.session.Tick(desk.schedule, desk.list, desk.options, desk.now).sounds);
+    EXPECT_THAT(desk.sound.calls, IsEmpty());
+  }
+}
+
 TEST(AlarmTick, LetsThePlayerRestAtEveryTick) {
   AlarmDesk desk;
   desk.Build({});
