@@ -50,11 +50,13 @@ AlarmSession::AlarmSession(AlarmPorts ports, ProgramFolders folders)
     : ports_(ports), folders_(std::move(folders)) {}
 
 void AlarmSession::ListBuilt(const AlarmSchedule& schedule, LocalTime now) {
-  // The tick that finds the new day still has the old list, so the new one would never be asked
-  // about the minute of its own build.
-  if (lastListDate_ && *lastListDate_ < now.date) awaitsFirstTickOfDay_ = true;
-  lastListDate_ = now.date;
-  Adopt(schedule, now);
+  const bool isFirst = !std::exchange(isStarted_, true);
+  Adopt(schedule, MinuteCount(now) - (isFirst ? 0 : 1));
+  // The minute may have had its tick with the list before, as at the beginning of a new day.
+  awaitsTick_ = false;
+  for (std::size_t i = 0; i < watches_.size(); ++i) {
+    awaitsTick_ = awaitsTick_ || IsDue(watches_[i], schedule.alarmTimes()[i], now);
+  }
 }
 
 bool AlarmSession::Knows(const AlarmSchedule& schedule) const {
@@ -67,7 +69,7 @@ bool AlarmSession::Knows(const AlarmSchedule& schedule) const {
   return true;
 }
 
-void AlarmSession::Adopt(const AlarmSchedule& schedule, LocalTime now) {
+void AlarmSession::Adopt(const AlarmSchedule& schedule, std::int64_t sinceOfNew) {
   std::map<std::pair<CivilDate, std::string>, std::int64_t> before;
   for (Watch& watch : watches_) {
     before.insert_or_assign({watch.date, std::move(watch.title)}, watch.since);
@@ -77,7 +79,7 @@ void AlarmSession::Adopt(const AlarmSchedule& schedule, LocalTime now) {
   for (std::size_t i = 0; i < titles.size(); ++i) {
     const CivilDate date = schedule.alarmDates()[i];
     const auto found = before.find({date, titles[i]});
-    watches_.push_back({date, titles[i], found == before.end() ? MinuteCount(now) : found->second});
+    watches_.push_back({date, titles[i], found == before.end() ? sinceOfNew : found->second});
   }
 }
 
@@ -85,7 +87,9 @@ bool AlarmSession::IsDue(const Watch& watch, int time, LocalTime now) const {
   if (watch.date != now.date || !IsOnTheClock(time)) return false;
   const std::int64_t minute = MinuteCount(watch.date, time / 100, time % 100);
   const std::int64_t present = MinuteCount(now);
-  if (minute != present && (minute <= watch.since || minute > present)) return false;
+  // A clock that was set back has its minutes before it once more.
+  const bool wasSetBack = watch.since > present;
+  if (minute > present || minute <= (wasSetBack ? present - 1 : watch.since)) return false;
   return !HasRung(watch.date, watch.title);
 }
 
@@ -110,13 +114,13 @@ void AlarmSession::MarkRung(const std::vector<const Watch*>& due, CivilDate toda
 AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_view>& list,
                              const AlarmOptions& options, LocalTime now) {
   ports_.sound.Rest();
-  const bool isFirstOfDay = std::exchange(awaitsFirstTickOfDay_, false);
+  const bool isAwaited = std::exchange(awaitsTick_, false);
   if (!schedule.hasAlarmsToday()) return {};
   const std::int64_t present = MinuteCount(now);
-  if (lastTick_ == present && !isFirstOfDay) return {false, false, false, false};
+  if (lastTick_ == present && !isAwaited) return {false, false, false, false};
   lastTick_ = present;
   lastTickMinute_ = now.FourDigit();
-  if (!Knows(schedule)) Adopt(schedule, now);
+  if (!Knows(schedule)) Adopt(schedule, present - 1);
 
   const bool wasUnacknowledged = !AlarmText_.empty();
   std::vector<const Watch*> due;
@@ -142,7 +146,7 @@ AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_vi
 }
 
 int AlarmSession::MillisecondsToNextTick(LocalTime now) const {
-  if (awaitsFirstTickOfDay_) return kAfterFullMinute;
+  if (awaitsTick_) return kAfterFullMinute;
   return (60 - now.second) * 1000 - now.millisecond + kAfterFullMinute;
 }
 

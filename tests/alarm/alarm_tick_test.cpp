@@ -44,7 +44,9 @@ TEST(AlarmTick, RingsOneMinuteLongAtItsMinuteAndNeitherBeforeNorAfter) {
 
 TEST(AlarmTick, RingsInTheFirstAndTheLastMinuteOfTheDay) {
   AlarmDesk desk;
-  desk.SetTime(0, 0);
+  desk.now = {On(2014, 12, 21), 23, 59, 0};
+  desk.Build({"Yesterday 9:00"});
+  desk.now = {On(2014, 12, 22), 0, 0, 0};
   desk.Build({"First 0:00", "Second 0:01", "Last 23:59", "Last 11:58 pm"});
   EXPECT_TRUE(desk.TickAt(0, 0).showsMessages);  // a tick in the minute of the build itself
   EXPECT_TRUE(desk.TickAt(0, 1).showsMessages);
