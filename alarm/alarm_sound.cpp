@@ -12,8 +12,9 @@ Status LocateAlarmSound(SettingsStore& settings, FileSystem& files, const Progra
   const std::string ownSound =
       folders.program + (posix ? "/alarms/emergency.wav" : "\\alarms\\emergency.wav");
   const std::string stored = modGetSetSaveSet::Get(settings, settings::kAlarmPath, ownSound);
-  const std::string wanted =
-      posix ? ResolveEventsPath(stored, folders.program, folders.style) : stored;
+  // A current directory is whatever the program was started from.
+  std::string wanted = posix ? ResolveEventsPath(stored, folders.program, folders.style) : stored;
+  if (posix && !wanted.starts_with('/')) wanted = folders.program + "/" + wanted;
   return FindFileInAnyCase(files, wanted, path);
 }
 
