@@ -55,7 +55,7 @@ Desktop::Desktop(const Arguments& arguments)
       settings_(SettingsOf(arguments, *files_)),
       settingsOfPicture_(*settings_),
       instance_(InstanceOf(arguments, *files_)),
-      sound_(&QApplication::beep, Complain),
+      sound_(SystemBeep(), Complain),
       editor_({Settings(), *files_, clock_, Messages()}),
       alarms_({Settings(), *files_, sound_, Messages()}, SystemFolders()),
       session_({Settings(), *files_, clock_, Messages(), Shift(), *formats_, *instance_, Area(),

@@ -130,7 +130,7 @@ class Customizer {
         clock_(*systemClock_, arguments.today, std::nullopt),
         formats_(MakeSystemFormats({})),
         settings_(SettingsOf(arguments, *files_)),
-        sound_(&QApplication::beep, Complain),
+        sound_(SystemBeep(), Complain),
         autostart_(MakeAutostart(*files_)) {}
 
   int Run() {
