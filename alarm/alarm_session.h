@@ -56,7 +56,6 @@ struct AlarmTick {
 // Why the reminder window is about to close.
 enum class CloseReason {
   kUser,
-  kOpensEditor,       // it only makes room for the events editor
   kLoginSessionEnds,  // a question would hold up the logout
 };
 
@@ -87,8 +86,8 @@ class AlarmSession {
   void PlayAlarmSound();
 
   // Asks whether to quit although an alarm of today is still to come, where there is reason to
-  // ask: not on the way to the editor, not at a logout, not from a minimized window. True when
-  // the window may close.
+  // ask: not at a logout, not from a minimized window. The way to the editor is none to this
+  // question, since the window only hides. True when the window may close.
   [[nodiscard]] bool MayClose(const AlarmSchedule& schedule, LocalTime now, WindowState window,
                               CloseReason reason);
 
