@@ -102,9 +102,11 @@ int Desktop::ShowWindows() {
   QObject::connect(&screens, &QtScreenWatch::Changed, &window,
                    [&window] { window.ScreensChanged(DesktopScreens()); });
   session_.ShowAlarm = [this] { ShowAlarm(); };
-  session_.SoundAlarm = [this, &window] {
-    QTimer::singleShot(kUntilPainted, &window, [this] { SoundAlarm(); });
-  };
+  QTimer untilPainted;
+  untilPainted.setSingleShot(true);
+  untilPainted.setInterval(kUntilPainted);
+  QObject::connect(&untilPainted, &QTimer::timeout, &window, [this] { SoundAlarm(); });
+  session_.SoundAlarm = [&untilPainted] { untilPainted.start(); };
   editor_.MakeParts = [this, &window] { return EditorParts(window); };
   QObject::connect(&window, &frmReminder::Ended, [this] {
     CloseAlarm();
