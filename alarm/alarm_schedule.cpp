@@ -14,6 +14,12 @@ int MinuteOfDay(int fourDigit) {
   return fourDigit / 100 * 60 + fourDigit % 100;
 }
 
+// The row may hold the title in capitals, and not every capital has the small letter of the title
+// as its own: a final sigma and a dotless i come back as others.
+std::string Folded(std::string_view text) {
+  return ToLower(ToUpper(text));
+}
+
 }  // namespace
 
 void AlarmSchedule::Clear() {
@@ -36,20 +42,23 @@ void AlarmSchedule::MatchAlarmsToList(std::vector<std::string_view>& list, Local
   // that thousands of alarms do not each walk the whole list.
   std::unordered_map<std::string, int> rowOfTitle;
   std::set<std::size_t> lengths;
+  std::set<std::string> ends;
   for (const std::string& title : alarmTitles_) {
-    rowOfTitle.emplace(ToLower(title), kNoRow);
+    rowOfTitle.emplace(Folded(title), kNoRow);
     lengths.insert(CountCharacters(title));
+    ends.insert(Folded(LastCharacters(title, 1)));
   }
   for (std::size_t row = 0; row < list.size(); ++row) {
+    if (!ends.contains(Folded(LastCharacters(list[row], 1)))) continue;
     for (const std::size_t length : lengths) {
-      const auto found = rowOfTitle.find(ToLower(LastCharacters(list[row], length)));
+      const auto found = rowOfTitle.find(Folded(LastCharacters(list[row], length)));
       if (found != rowOfTitle.end() && found->second == kNoRow) {
         found->second = static_cast<int>(row);
       }
     }
   }
   for (std::size_t i = 0; i < alarmTitles_.size(); ++i) {
-    alarmItemIndexes_[i] = rowOfTitle.at(ToLower(alarmTitles_[i]));
+    alarmItemIndexes_[i] = rowOfTitle.at(Folded(alarmTitles_[i]));
     if (alarmItemIndexes_[i] != kNoRow) {
       alarmItemTexts_[i] = list[static_cast<std::size_t>(alarmItemIndexes_[i])];
     }

@@ -26,9 +26,9 @@ class AlarmSchedule {
   // marker applied and its own letter case. A title without a time before 2460 is no alarm.
   void ScheduleAlarm(std::string_view title, CivilDate today);
 
-  // Finds the row of each alarm, the first whose end equals the title (letter case ignored), and
-  // shows its countdown there. Alarms that stand on no row keep none. The list then looks at
-  // texts of this schedule, until Clear.
+  // Finds the row of each alarm, the first whose end equals the title, and shows its countdown
+  // there. Letter case is ignored, also where capitals do not map back. Alarms that stand on no row
+  // keep none. The list then looks at texts of this schedule, until Clear.
   void MatchAlarmsToList(std::vector<std::string_view>& list, LocalTime now);
 
   // Rewrites the row of alarm `i` with the time that is left: the row's own text and " (1:05 to

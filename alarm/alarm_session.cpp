@@ -24,6 +24,9 @@ constexpr std::string_view kQuitQuestion =
 // Past the full minute, so that a timer that is a little early still falls into the minute.
 constexpr int kAfterFullMinute = 50;
 
+// Timers stand still while the computer sleeps, and do not hear of a clock that is set.
+constexpr int kLongestWait = 15'000;
+
 // How many days keep their list of rung alarms: enough for a clock that is set forward by mistake
 // and back again.
 constexpr std::size_t kRememberedDays = 7;
@@ -50,11 +53,13 @@ AlarmSession::AlarmSession(AlarmPorts ports, ProgramFolders folders)
     : ports_(ports), folders_(std::move(folders)) {}
 
 void AlarmSession::ListBuilt(const AlarmSchedule& schedule, LocalTime now) {
-  // The tick that finds the new day still has the old list, so the new one would never be asked
-  // about the minute of its own build.
-  if (lastListDate_ && *lastListDate_ < now.date) awaitsFirstTickOfDay_ = true;
-  lastListDate_ = now.date;
-  Adopt(schedule, now);
+  const bool isFirst = !std::exchange(isStarted_, true);
+  Adopt(schedule, MinuteCount(now) - (isFirst ? 0 : 1));
+  // The minute may have had its tick with the list before, as at the beginning of a new day.
+  awaitsTick_ = false;
+  for (std::size_t i = 0; i < watches_.size(); ++i) {
+    awaitsTick_ = awaitsTick_ || IsDue(watches_[i], schedule.alarmTimes()[i], now);
+  }
 }
 
 bool AlarmSession::Knows(const AlarmSchedule& schedule) const {
@@ -67,7 +72,7 @@ bool AlarmSession::Knows(const AlarmSchedule& schedule) const {
   return true;
 }
 
-void AlarmSession::Adopt(const AlarmSchedule& schedule, LocalTime now) {
+void AlarmSession::Adopt(const AlarmSchedule& schedule, std::int64_t sinceOfNew) {
   std::map<std::pair<CivilDate, std::string>, std::int64_t> before;
   for (Watch& watch : watches_) {
     before.insert_or_assign({watch.date, std::move(watch.title)}, watch.since);
@@ -77,7 +82,7 @@ void AlarmSession::Adopt(const AlarmSchedule& schedule, LocalTime now) {
   for (std::size_t i = 0; i < titles.size(); ++i) {
     const CivilDate date = schedule.alarmDates()[i];
     const auto found = before.find({date, titles[i]});
-    watches_.push_back({date, titles[i], found == before.end() ? MinuteCount(now) : found->second});
+    watches_.push_back({date, titles[i], found == before.end() ? sinceOfNew : found->second});
   }
 }
 
@@ -85,7 +90,9 @@ bool AlarmSession::IsDue(const Watch& watch, int time, LocalTime now) const {
   if (watch.date != now.date || !IsOnTheClock(time)) return false;
   const std::int64_t minute = MinuteCount(watch.date, time / 100, time % 100);
   const std::int64_t present = MinuteCount(now);
-  if (minute != present && (minute <= watch.since || minute > present)) return false;
+  // A clock that was set back has its minutes before it once more.
+  const bool wasSetBack = watch.since > present;
+  if (minute > present || minute <= (wasSetBack ? present - 1 : watch.since)) return false;
   return !HasRung(watch.date, watch.title);
 }
 
@@ -110,13 +117,13 @@ void AlarmSession::MarkRung(const std::vector<const Watch*>& due, CivilDate toda
 AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_view>& list,
                              const AlarmOptions& options, LocalTime now) {
   ports_.sound.Rest();
-  const bool isFirstOfDay = std::exchange(awaitsFirstTickOfDay_, false);
+  const bool isAwaited = std::exchange(awaitsTick_, false);
   if (!schedule.hasAlarmsToday()) return {};
   const std::int64_t present = MinuteCount(now);
-  if (lastTick_ == present && !isFirstOfDay) return {false, false, false};
+  if (lastTick_ == present && !isAwaited) return {false, false, false, false};
   lastTick_ = present;
   lastTickMinute_ = now.FourDigit();
-  if (!Knows(schedule)) Adopt(schedule, now);
+  if (!Knows(schedule)) Adopt(schedule, present - 1);
 
   const bool wasUnacknowledged = !AlarmText_.empty();
   std::vector<const Watch*> due;
@@ -131,20 +138,19 @@ AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_vi
   }
   MarkRung(due, now.date);
 
-  if (!due.empty() && options.alarmSound) {
-    PlayAlarmSound();
-  } else if (options.alarmBeepEachMinute && !options.disableAlarms && wasUnacknowledged &&
-             lastBeep_ != present) {
-    PlayAlarmSound();
+  const bool soundsFirst = !due.empty() && options.alarmSound;
+  const bool soundsAgain = !soundsFirst && options.alarmBeepEachMinute && !options.disableAlarms &&
+                           wasUnacknowledged && lastBeep_ != present;
+  if (soundsAgain) {
     lastBeep_ = present;
     lastBeepMinute_ = now.FourDigit();
   }
-  return {true, !due.empty(), true};
+  return {true, !due.empty(), soundsFirst || soundsAgain, true};
 }
 
 int AlarmSession::MillisecondsToNextTick(LocalTime now) const {
-  if (awaitsFirstTickOfDay_) return kAfterFullMinute;
-  return (60 - now.second) * 1000 - now.millisecond + kAfterFullMinute;
+  if (awaitsTick_) return kAfterFullMinute;
+  return std::min(kLongestWait, (60 - now.second) * 1000 - now.millisecond + kAfterFullMinute);
 }
 
 void AlarmSession::PlayAlarmSound() {

@@ -4,8 +4,9 @@
 // The schedule and the list that shows its countdowns belong to whoever builds the list; they
 // come in with each call, and so does the time. An alarm rings once: in the tick of its minute, or
 // when that minute has passed without a tick (the computer slept, the clock was set forward), in
-// the next tick of the same day. It does not ring late when its minute had begun before the build
-// of the list that first showed it.
+// the next tick of the same day. One that is listed for the first time when its minute has begun
+// rings in the next tick, and one whose minute is over then never does. The program's first list
+// rings nothing of the minute of the start.
 #pragma once
 
 #include <cstdint>
@@ -48,13 +49,13 @@ struct AlarmOptions {
 struct AlarmTick {
   bool rowsChanged = false;     // rows of the list show another countdown
   bool showsMessages = false;   // an alarm went off: show alarmMessages(), open the window
+  bool sounds = false;          // then, with the window there, PlayAlarmSound()
   bool checksForNewDay = true;  // look whether a new day has begun
 };
 
 // Why the reminder window is about to close.
 enum class CloseReason {
   kUser,
-  kOpensEditor,       // it only makes room for the events editor
   kLoginSessionEnds,  // a question would hold up the logout
 };
 
@@ -70,21 +71,23 @@ class AlarmSession {
   void ListBuilt(const AlarmSchedule& schedule, LocalTime now);
 
   // One tick of the timer. More ticks than one in a minute do no harm: all but the first end at
-  // once, without the look for a new day. Only the first list of a new day gets a second tick in
-  // its minute, for its alarms of that very minute.
+  // once, without the look for a new day. Only a list with new alarms of its own minute gets
+  // another one. Plays nothing itself.
   [[nodiscard]] AlarmTick Tick(AlarmSchedule& schedule, std::vector<std::string_view>& list,
                                const AlarmOptions& options, LocalTime now);
 
   // How long to wait for the helping tick that makes sure that no minute goes by without one: it
-  // is due 50 ms after the next full minute. 1 to 60050.
+  // is due 50 ms after the next full minute, or 50 ms from now when the list has new alarms of its
+  // own minute. Never more than a quarter of a minute, so that a sleep or a clock that is set is
+  // noticed soon. 1 to 15000.
   [[nodiscard]] int MillisecondsToNextTick(LocalTime now) const;
 
   // Plays the user's sound, in place of what is playing; the beep when there is no such file.
   void PlayAlarmSound();
 
   // Asks whether to quit although an alarm of today is still to come, where there is reason to
-  // ask: not on the way to the editor, not at a logout, not from a minimized window. True when
-  // the window may close.
+  // ask: not at a logout, not from a minimized window. The way to the editor is none to this
+  // question, since the window only hides. True when the window may close.
   [[nodiscard]] bool MayClose(const AlarmSchedule& schedule, LocalTime now, WindowState window,
                               CloseReason reason);
 
@@ -118,7 +121,7 @@ class AlarmSession {
   struct Watch {
     CivilDate date;
     std::string title;
-    std::int64_t since = 0;  // no minute after this one has been missed
+    std::int64_t since = 0;  // only minutes after this one ring
   };
   // The titles of the alarms of a day that have rung. A title tells its time.
   struct RungOnDay {
@@ -127,7 +130,7 @@ class AlarmSession {
   };
 
   [[nodiscard]] bool Knows(const AlarmSchedule& schedule) const;
-  void Adopt(const AlarmSchedule& schedule, LocalTime now);
+  void Adopt(const AlarmSchedule& schedule, std::int64_t sinceOfNew);
   [[nodiscard]] bool IsDue(const Watch& watch, int time, LocalTime now) const;
   [[nodiscard]] bool HasRung(CivilDate date, std::string_view title) const;
   void MarkRung(const std::vector<const Watch*>& due, CivilDate today);
@@ -142,8 +145,8 @@ class AlarmSession {
   std::optional<std::int64_t> lastBeep_;
   int lastTickMinute_ = kNoMinute;
   int lastBeepMinute_ = kNoMinute;
-  std::optional<CivilDate> lastListDate_;
-  bool awaitsFirstTickOfDay_ = false;
+  bool isStarted_ = false;
+  bool awaitsTick_ = false;  // in the same minute as the last one
 };
 
 }  // namespace tidewarden

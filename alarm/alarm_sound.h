@@ -12,8 +12,8 @@ namespace tidewarden {
 
 // Reads "AlarmPath", whose default is "alarms/emergency.wav" in the program's folder, and finds
 // the file. The setting is read in lower case and the file is looked for in any letter case. On
-// Posix "\" is read as "/", and a name without folder, or a path that begins with "\", starts at
-// the program's folder. On failure `path` is where the file was expected.
+// Posix "\" is read as "/", and a path that does not begin with "/" starts at the program's folder,
+// as does one that begins with "\". On failure `path` is where the file was expected.
 Status LocateAlarmSound(SettingsStore& settings, FileSystem& files, const ProgramFolders& folders,
                         std::string& path);
 

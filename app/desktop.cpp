@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
+
+#include <chrono>
 
 #include "alarm/frm_alarm.h"
 #include "app/order_page.h"
@@ -17,6 +20,11 @@
 
 namespace tidewarden {
 namespace {
+
+using namespace std::chrono_literals;
+
+// The first sound loads its libraries and opens the device, and nothing is painted meanwhile.
+constexpr auto kUntilPainted = 150ms;
 
 std::unique_ptr<SettingsStore> SettingsOf(const Arguments& arguments, FileSystem& files) {
   if (arguments.settings.isEmpty()) return MakeSystemSettings(files);
@@ -98,6 +106,11 @@ int Desktop::ShowWindows() {
   QObject::connect(&screens, &QtScreenWatch::Changed, &window,
                    [&window] { window.ScreensChanged(DesktopScreens()); });
   session_.ShowAlarm = [this] { ShowAlarm(); };
+  QTimer untilPainted;
+  untilPainted.setSingleShot(true);
+  untilPainted.setInterval(kUntilPainted);
+  QObject::connect(&untilPainted, &QTimer::timeout, &window, [this] { SoundAlarm(); });
+  session_.SoundAlarm = [&untilPainted] { untilPainted.start(); };
   editor_.MakeParts = [this, &window] { return EditorParts(window); };
   QObject::connect(&window, &frmReminder::Ended, [this] {
     CloseAlarm();
@@ -156,6 +169,10 @@ void Desktop::ShowAlarm() {
     alarmWindow_->ApplySkin(QString::fromStdString(ReadSkin(*settings_, *files_, SystemFolders())));
   }
   alarmWindow_->ShowMessages();
+}
+
+void Desktop::SoundAlarm() {
+  if (!alarms_.AlarmText().empty()) alarms_.PlayAlarmSound();
 }
 
 // Messages that nobody has acknowledged go with the program.

@@ -57,6 +57,7 @@ class Desktop {
   void Print(const std::vector<EventRow>& rows);
   void EndWithOptions();
   void ShowAlarm();
+  void SoundAlarm();
   void CloseAlarm();
 
   const Arguments& arguments_;

@@ -44,7 +44,7 @@ ProgramTray MakeProgramTray() {
 }
 
 std::unique_ptr<SoundPlayer> MakeSystemSound(std::function<void(const std::string&)> complain) {
-  return std::make_unique<SdlSoundPlayer>(&QApplication::beep, std::move(complain));
+  return std::make_unique<SdlSoundPlayer>(SystemBeep(), std::move(complain));
 }
 
 std::unique_ptr<ShiftKey> MakeSystemShiftKey() {

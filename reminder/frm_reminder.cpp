@@ -216,6 +216,8 @@ void frmReminder::Apply(WindowChange change) {
       Q_EMIT Ended();
       return;
   }
+  // A list that has been built anew may want its tick at once.
+  if (tmrMinute->isActive()) tmrMinute->start(session_.untilNextMinute());
   Render();
 }
 

@@ -165,6 +165,11 @@ WindowChange ReminderSession::Tick(WindowState window) {
                            {options.alarmSound, options.alarmBeepEachMinute, options.disableAlarms},
                            ports_.clock.Now());
     if (tick.showsMessages && ShowAlarm) ShowAlarm();
+    if (tick.sounds && SoundAlarm) {
+      SoundAlarm();
+    } else if (tick.sounds) {
+      ports_.alarms.PlayAlarmSound();
+    }
     if (!tick.checksForNewDay) return WindowChange::kNone;
   }
   if (inTray_ && !ports_.area.IsAvailable()) {

@@ -177,6 +177,10 @@ class ReminderSession {
   // Called when an alarm has gone off: show the alarm window with its messages.
   std::function<void()> ShowAlarm;
 
+  // Called after that, and again each minute: play the session's sound. Without it the sound begins
+  // at once.
+  std::function<void()> SoundAlarm;
+
   // Called with each thing that is wrong with the events file and that no message box tells.
   std::function<void(const std::string& text)> Complain;
 

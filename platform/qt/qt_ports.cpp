@@ -75,4 +75,9 @@ bool QtShiftKey::IsDown() {
   return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
 }
 
+std::function<void()> SystemBeep() {
+  if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))) return {};
+  return &QApplication::beep;
+}
+
 }  // namespace tidewarden

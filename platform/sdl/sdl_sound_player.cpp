@@ -6,6 +6,9 @@
 #include <SDL_mixer.h>
 #include <dlfcn.h>
 
+#include <cmath>
+#include <cstdint>
+#include <numbers>
 #include <utility>
 
 namespace tidewarden {
@@ -15,6 +18,40 @@ constexpr int kRate = 44'100;
 constexpr int kChannels = 2;
 constexpr int kBufferSamples = 2048;  // about 46 ms
 constexpr int kOnce = 1;
+
+template <typename Number>
+void AppendLowByteFirst(std::string& bytes, Number number) {
+  for (std::size_t i = 0; i < sizeof number; ++i) {
+    bytes += static_cast<char>(static_cast<std::uint64_t>(number) >> (8 * i) & 0xFF);
+  }
+}
+
+// A sine that swells and fades, so that neither end clicks, as a wave file of one channel.
+std::string MakeTone() {
+  constexpr double kHertz = 880;
+  constexpr double kLoudest = 16'000;
+  constexpr int kSamples = kRate * 3 / 10;
+  constexpr std::uint32_t kBytes = kSamples * sizeof(std::int16_t);
+  std::string tone = "RIFF";
+  AppendLowByteFirst(tone, kBytes + 36);
+  tone += "WAVEfmt ";
+  AppendLowByteFirst(tone, std::uint32_t{16});
+  AppendLowByteFirst(tone, std::uint16_t{1});  // samples as they are
+  AppendLowByteFirst(tone, std::uint16_t{1});
+  AppendLowByteFirst(tone, std::uint32_t{kRate});
+  AppendLowByteFirst(tone, std::uint32_t{kRate * sizeof(std::int16_t)});
+  AppendLowByteFirst(tone, std::uint16_t{sizeof(std::int16_t)});
+  AppendLowByteFirst(tone, std::uint16_t{16});
+  tone += "data";
+  AppendLowByteFirst(tone, kBytes);
+  for (int i = 0; i < kSamples; ++i) {
+    const double swell = std::sin(std::numbers::pi * i / kSamples);
+    const double wave = std::sin(2 * std::numbers::pi * kHertz * i / kRate);
+    const auto sample = static_cast<std::int16_t>(std::lround(kLoudest * swell * wave));
+    AppendLowByteFirst(tone, static_cast<std::uint16_t>(sample));
+  }
+  return tone;
+}
 
 }  // namespace
 
@@ -31,6 +68,7 @@ class SdlSoundPlayer::Library {
                 Find("SDL_QuitSubSystem", QuitSubSystem) && Find("SDL_GetError", GetError) &&
                 Find("Mix_OpenAudioDevice", OpenAudioDevice) &&
                 Find("Mix_CloseAudio", CloseAudio) && Find("Mix_LoadMUS", LoadMUS) &&
+                Find("SDL_RWFromConstMem", RWFromConstMem) && Find("Mix_LoadMUS_RW", LoadMUS_RW) &&
                 Find("Mix_PlayMusic", PlayMusic) && Find("Mix_PlayingMusic", PlayingMusic) &&
                 Find("Mix_HaltMusic", HaltMusic) && Find("Mix_FreeMusic", FreeMusic);
     if (isLoaded_) return;
@@ -53,6 +91,8 @@ class SdlSoundPlayer::Library {
   decltype(&Mix_OpenAudioDevice) OpenAudioDevice = nullptr;
   decltype(&Mix_CloseAudio) CloseAudio = nullptr;
   decltype(&Mix_LoadMUS) LoadMUS = nullptr;
+  decltype(&SDL_RWFromConstMem) RWFromConstMem = nullptr;
+  decltype(&Mix_LoadMUS_RW) LoadMUS_RW = nullptr;
   decltype(&Mix_PlayMusic) PlayMusic = nullptr;
   decltype(&Mix_PlayingMusic) PlayingMusic = nullptr;
   decltype(&Mix_HaltMusic) HaltMusic = nullptr;
@@ -101,6 +141,15 @@ class SdlSoundPlayer::Device {
     return music_ != nullptr && sdl_.PlayMusic(music_, kOnce) == 0;
   }
 
+  bool StartTone() {
+    Halt();
+    // The library reads it while it plays.
+    static const std::string tone = MakeTone();
+    music_ =
+        sdl_.LoadMUS_RW(sdl_.RWFromConstMem(tone.data(), static_cast<int>(tone.size())), SDL_TRUE);
+    return music_ != nullptr && sdl_.PlayMusic(music_, kOnce) == 0;
+  }
+
   [[nodiscard]] bool isPlaying() const { return isOpen_ && sdl_.PlayingMusic() != 0; }
 
   // Why the last call has failed.
@@ -128,10 +177,14 @@ SdlSoundPlayer::SdlSoundPlayer(std::function<void()> beep,
 
 SdlSoundPlayer::~SdlSoundPlayer() = default;
 
-void SdlSoundPlayer::Play(const std::string& path, SoundKind /*kind*/) {
+SdlSoundPlayer::Device& SdlSoundPlayer::OpenDevice() {
   if (!library_) library_ = std::make_unique<Library>(libraryName_);
   if (!device_) device_ = std::make_unique<Device>(*library_);
-  if (device_->isOpen() && device_->Start(path)) return;
+  return *device_;
+}
+
+void SdlSoundPlayer::Play(const std::string& path, SoundKind /*kind*/) {
+  if (OpenDevice().isOpen() && device_->Start(path)) return;
   // The reason is read before the device is closed, which may put another in its place.
   const std::string reason = path + ": cannot be played: " + device_->Problem();
   device_.reset();
@@ -140,7 +193,14 @@ void SdlSoundPlayer::Play(const std::string& path, SoundKind /*kind*/) {
 
 void SdlSoundPlayer::Beep(const std::string& reason) {
   complain_(reason);
-  beep_();
+  if (beep_) {
+    beep_();
+    return;
+  }
+  if (OpenDevice().isOpen() && device_->StartTone()) return;
+  const std::string problem = "no beep either: " + device_->Problem();
+  device_.reset();
+  complain_(problem);
 }
 
 void SdlSoundPlayer::Stop() {

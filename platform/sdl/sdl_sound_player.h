@@ -15,9 +15,9 @@ namespace tidewarden {
 
 class SdlSoundPlayer : public SoundPlayer {
  public:
-  // `beep` sounds the system's exclamation and does not wait for it. `complain` takes one line
-  // for standard error, without a line end. `library` is the file that the system's loader is to
-  // find.
+  // `beep` sounds the system's exclamation and does not wait for it; an empty one stands for a
+  // system without, where the player sounds a short tone of its own. `complain` takes one line for
+  // standard error, without a line end. `library` is the file that the system's loader is to find.
   SdlSoundPlayer(std::function<void()> beep, std::function<void(const std::string&)> complain,
                  std::string library = "libSDL2_mixer-2.0.so.0");
   ~SdlSoundPlayer() override;
@@ -35,6 +35,8 @@ class SdlSoundPlayer : public SoundPlayer {
  private:
   class Library;
   class Device;
+
+  Device& OpenDevice();
 
   std::function<void()> beep_;
   std::function<void(const std::string&)> complain_;

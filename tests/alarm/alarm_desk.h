@@ -52,6 +52,7 @@ class AlarmDesk {
   AlarmTick Tick() {
     sound.calls.clear();
     lastTick = session.Tick(schedule, list, options, now);
+    if (lastTick.sounds) session.PlayAlarmSound();
     return lastTick;
   }
 

@@ -46,7 +46,11 @@ TEST(AlarmRow, IsTheFirstThatEndsInTheTitle) {
       {"letters beyond ASCII", {"Straße 15:00 für Zoë"}, {"x STRAßE 15:00 FÜR ZOË"}, {0}},
       {"capitals that are longer in bytes", {"ɐɐɐ 15:00"}, {"x ⱯⱯⱯ 15:00"}, {0}},
       {"a sharp s is not two letters", {"Straße 15:00"}, {"x STRASSE 15:00"}, {kNoRow}},
-      {"a dotless i is not an i", {"ılık 15:00"}, {"x ilik 15:00"}, {kNoRow}},
+      {"final sigma", {"Γιατρός 15:00"}, {"x ΓΙΑΤΡΌΣ 15:00"}, {0}},
+      {"capitals of a dotless i", {"ılık 15:00"}, {"x ILIK 15:00"}, {0}},
+      {"letters that share a capital", {"ılık 15:00"}, {"x ilik 15:00"}, {0}},
+      {"micro sign and long s", {"5 µg 15:00 ſ"}, {"x 5 ΜG 15:00 S"}, {0}},
+      {"a final sigma at the end", {"15:00 Γιατρός"}, {"x 15:00 ΓΙΑΤΡΌΣ"}, {0}},
       {"an empty list", {"Tea 15:00"}, {}, {kNoRow}},
       {"the first of equal rows", {"Tea 15:00"}, {"a Tea 15:00", "b Tea 15:00"}, {0}},
       {"equal titles share a row",
@@ -135,7 +139,7 @@ int FirstRowEndingIn(const std::vector<std::string>& list, const std::string& ti
     std::string_view wanted = title;
     bool equal = true;
     while (equal && !wanted.empty()) {
-      equal = ToLower(TakeCharacter(rest)) == ToLower(TakeCharacter(wanted));
+      equal = ToLower(ToUpper(TakeCharacter(rest))) == ToLower(ToUpper(TakeCharacter(wanted)));
     }
     if (equal) return static_cast<int>(row);
   }
@@ -147,9 +151,10 @@ TEST(AlarmRow, IsTheSameAsByWalkingTheListForEachAlarm) {
   const auto pick = [&](const std::vector<std::string>& from) {
     return from[random() % from.size()];
   };
-  const std::vector<std::string> heads = {"",     "x",    "É",          "é",   "ß",
-                                          "Tea ", "tea ", "green tea ", "\xFF"};
-  const std::vector<std::string> times = {"9:00", "19:00", "9:00 pm", "15:00ß", "15:00É", "15:00é"};
+  const std::vector<std::string> heads = {"",     "x",          "É",    "é", "ß", "Tea ",
+                                          "tea ", "green tea ", "\xFF", "σ", "ς", "Σ"};
+  const std::vector<std::string> times = {"9:00",   "19:00",  "9:00 pm", "15:00ß",
+                                          "15:00É", "15:00é", "15:00ς",  "15:00Σ"};
   for (int round = 0; round < 200; ++round) {
     std::vector<std::string> titles;
     std::vector<std::string> list;

@@ -48,6 +48,31 @@ TEST(AlarmOnce, AnAlarmOfTheStartMinuteDoesNotRingLate) {
   EXPECT_THAT(desk.list, ElementsAre(desk.rows[0] + " (0:01 passed)"));
 }
 
+TEST(AlarmOnce, AnAlarmOfTheStartMinuteDoesNotRingInThatMinuteEither) {
+  AlarmDesk desk;
+  desk.SetTime(15, 30, 10);
+  desk.Build({"Dentist 3:30pm"});
+  EXPECT_GT(desk.session.MillisecondsToNextTick(desk.now), 50);
+  EXPECT_FALSE(desk.TickAt(15, 30, 11).showsMessages);  // with a timer of one second
+  EXPECT_EQ(desk.sounds(), 0);
+  EXPECT_THAT(desk.list, ElementsAre(desk.rows[0] + " (0:00)"));
+  desk.SetTime(15, 30, 30);
+  desk.Build({"Dentist 3:30pm"});
+  EXPECT_FALSE(desk.TickAt(15, 30, 31).showsMessages);
+  EXPECT_FALSE(desk.TickAt(15, 31, 0).showsMessages);
+  EXPECT_THAT(desk.list, ElementsAre(desk.rows[0] + " (0:01 passed)"));
+}
+
+TEST(AlarmOnce, AStartByAClockThatIsFastLosesNoAlarm) {
+  AlarmDesk desk;
+  desk.SetTime(15, 30, 10);
+  desk.Build({"Dentist 3:30pm"});
+  desk.TickAt(15, 30, 11);
+  desk.TickAt(14, 30, 12);  // and is put right
+  EXPECT_FALSE(desk.TickAt(15, 29).showsMessages);
+  EXPECT_TRUE(desk.TickAt(15, 30).showsMessages);
+}
+
 TEST(AlarmOnce, AlarmsFromBeforeTheStartNeverRing) {
   AlarmDesk desk;
   desk.SetTime(16, 0);
@@ -62,10 +87,35 @@ TEST(AlarmOnce, AnAlarmAddedForAMinuteThatIsOverDoesNotRing) {
   desk.Build({"Dentist 3:30pm"});
   desk.TickAt(10, 0);
   desk.SetTime(10, 0, 40);
-  desk.Build({"Dentist 3:30pm", "Tea 10:00", "Tea 9:00"});
+  desk.Build({"Dentist 3:30pm", "Tea 9:59", "Tea 9:00"});
+  EXPECT_GT(desk.session.MillisecondsToNextTick(desk.now), 50);
   EXPECT_FALSE(desk.TickAt(10, 1).showsMessages);
   // Not even when the computer then sleeps for a while.
   EXPECT_FALSE(desk.TickAt(11, 0).showsMessages);
+}
+
+// Whether the minute has had its tick or not, which only other alarms of the day decide.
+TEST(AlarmOnce, AnAlarmAddedInItsOwnMinuteRingsInTheNextTick) {
+  const std::vector<std::vector<std::string>> listsBefore{{}, {"Dentist 3:30pm"}};
+  for (const auto& before : listsBefore) {
+    for (const bool isTickInTime : {true, false}) {
+      SCOPED_TRACE(::testing::Message() << before.size() << isTickInTime);
+      AlarmDesk desk;
+      desk.Build(before);
+      desk.TickAt(10, 0);
+      desk.SetTime(10, 0, 40);
+      std::vector<std::string> titles = before;
+      titles.emplace_back("Tea 10:00");
+      desk.Build(titles);
+      EXPECT_EQ(desk.session.MillisecondsToNextTick(desk.now), 50);
+      isTickInTime ? desk.SetTime(10, 0, 41) : desk.SetTime(10, 1, 0);
+      EXPECT_TRUE(desk.Tick().showsMessages);
+      EXPECT_EQ(desk.session.AlarmText(), "\r\nTea 10:00\r\n");
+      EXPECT_EQ(desk.sounds(), 1);
+      EXPECT_GT(desk.session.MillisecondsToNextTick(desk.now), 50);
+      EXPECT_FALSE(desk.TickAt(10, 1, 30).showsMessages);
+    }
+  }
 }
 
 TEST(AlarmOnce, AComputerThatSleptOverTheAlarmRingsItOnceWhenItWakes) {
@@ -185,7 +235,7 @@ TEST(AlarmOnce, AnAlarmOfTheMinuteInWhichTheNewDayIsListedRingsInThatMinute) {
   desk.Build({"Pill 0:00"});
   EXPECT_EQ(desk.session.MillisecondsToNextTick(desk.now), 50);
   EXPECT_TRUE(desk.TickAt(0, 0, 1).showsMessages);
-  EXPECT_GT(desk.session.MillisecondsToNextTick(desk.now), 50'000);
+  EXPECT_GT(desk.session.MillisecondsToNextTick(desk.now), 50);
   EXPECT_FALSE(desk.TickAt(0, 0, 30).checksForNewDay);
   EXPECT_FALSE(desk.TickAt(0, 1).showsMessages);
 }
@@ -197,8 +247,9 @@ TEST(AlarmOnce, TheSecondTickOfANewDaysMinuteDoesNotRepeatTheSound) {
   desk.now.date = On(2014, 12, 23);
   desk.TickAt(0, 0, 0);
   EXPECT_EQ(desk.sounds(), 1);  // the repeat for the alarm that waits
-  desk.Build({"Dentist 15:30"});
-  desk.TickAt(0, 0, 1);
+  desk.options.alarmSound = false;
+  desk.Build({"Pill 0:00", "Dentist 15:30"});
+  EXPECT_TRUE(desk.TickAt(0, 0, 1).showsMessages);
   EXPECT_EQ(desk.sounds(), 0);
 }
 

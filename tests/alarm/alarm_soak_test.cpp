@@ -172,12 +172,12 @@ class Year {
     if (begins == 0) fate.isDue = false;
     for (const Gap& gap : gaps_) {
       // In the steady run of things the tick comes in the first second of a minute; after a gap it
-      // may be a minute and a second away.
+      // may be a quarter of a minute and a second away.
       if (gap.to < begins - 1 || gap.from > begins + 1) continue;
       const bool overnight = gap.from / kDay != gap.to / kDay;
       fate.isDue = !overnight;
-      // The timers have stood still as well, and wait out the rest of their minute.
-      fate.dueTo = std::max(fate.dueTo, gap.to + kMinute + 2);
+      // The timers have stood still as well, and wait out the rest of a quarter of a minute.
+      fate.dueTo = std::max(fate.dueTo, gap.to + kMinute / 4 + 2);
     }
     return fate;
   }

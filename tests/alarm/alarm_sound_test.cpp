@@ -67,7 +67,9 @@ TEST(PlayAlarmSound, PathsOnPosix) {
       {"bell.wav", "/opt/tidewarden/bell.wav"},
       {"\\sub\\bell.wav", "/opt/tidewarden/sub/bell.wav"},
       {"/music/bell.wav", "/music/bell.wav"},
-      {"sub\\bell.wav", "sub/bell.wav"},
+      {"sub\\bell.wav", "/opt/tidewarden/sub/bell.wav"},
+      {"sub/bell.wav", "/opt/tidewarden/sub/bell.wav"},
+      {"./bell.wav", "/opt/tidewarden/./bell.wav"},
   };
   for (const auto& [stored, expected] : cases) {
     AlarmDesk desk;

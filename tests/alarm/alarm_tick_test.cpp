@@ -44,7 +44,9 @@ TEST(AlarmTick, RingsOneMinuteLongAtItsMinuteAndNeitherBeforeNorAfter) {
 
 TEST(AlarmTick, RingsInTheFirstAndTheLastMinuteOfTheDay) {
   AlarmDesk desk;
-  desk.SetTime(0, 0);
+  desk.now = {On(2014, 12, 21), 23, 59, 0};
+  desk.Build({"Yesterday 9:00"});
+  desk.now = {On(2014, 12, 22), 0, 0, 0};
   desk.Build({"First 0:00", "Second 0:01", "Last 23:59", "Last 11:58 pm"});
   EXPECT_TRUE(desk.TickAt(0, 0).showsMessages);  // a tick in the minute of the build itself
   EXPECT_TRUE(desk.TickAt(0, 1).showsMessages);
@@ -219,9 +221,10 @@ TEST(AlarmTick, TheHelpingTickIsDueJustAfterTheFullMinute) {
     LocalTime now;
     int milliseconds;
   } cases[] = {
-      {{On(2014, 12, 22), 15, 29, 0, 0}, 60'050}, {{On(2014, 12, 22), 15, 29, 0, 50}, 60'000},
-      {{On(2014, 12, 22), 15, 29, 59, 0}, 1'050}, {{On(2014, 12, 22), 15, 29, 59, 999}, 51},
-      {{On(2014, 12, 22), 15, 29, 59, 950}, 100}, {{On(2014, 12, 22), 15, 29, 30, 0}, 30'050},
+      {{On(2014, 12, 22), 15, 29, 0, 0}, 15'000},   {{On(2014, 12, 22), 15, 29, 0, 50}, 15'000},
+      {{On(2014, 12, 22), 15, 29, 59, 0}, 1'050},   {{On(2014, 12, 22), 15, 29, 59, 999}, 51},
+      {{On(2014, 12, 22), 15, 29, 59, 950}, 100},   {{On(2014, 12, 22), 15, 29, 30, 0}, 15'000},
+      {{On(2014, 12, 22), 15, 29, 45, 50}, 15'000}, {{On(2014, 12, 22), 15, 29, 45, 51}, 14'999},
       {{On(2014, 12, 31), 23, 59, 59, 500}, 550},
   };
   const AlarmDesk desk;
@@ -241,6 +244,16 @@ TEST(AlarmTick, TheHelpingTickRingsWhatTheTimerWouldStepOver) {
   desk.now.millisecond = 50;
   EXPECT_TRUE(desk.Tick().showsMessages);
   EXPECT_FALSE(desk.TickAt(15, 31, 0).showsMessages);
+}
+
+TEST(AlarmTick, LeavesTheSoundToItsCaller) {
+  AlarmDesk desk;
+  desk.Build({"Dentist 3:30pm"});
+  for (const int minute : {30, 31}) {
+    desk.SetTime(15, minute);
+    EXPECT_TRUE(desk.session.Tick(desk.schedule, desk.list, desk.options, desk.now).sounds);
+    EXPECT_THAT(desk.sound.calls, IsEmpty());
+  }
 }
 
 TEST(AlarmTick, LetsThePlayerRestAtEveryTick) {

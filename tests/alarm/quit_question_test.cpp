@@ -75,7 +75,6 @@ TEST(QuitQuestion, IsNotAskedWhereItWouldBeOutOfPlace) {
   AlarmDesk desk;
   desk.messages.answer = MessageAnswer::kCancel;
   desk.Build({"Dentist 15:00"});
-  EXPECT_TRUE(MayClose(desk, WindowState::kNormal, CloseReason::kOpensEditor));
   EXPECT_TRUE(MayClose(desk, WindowState::kNormal, CloseReason::kLoginSessionEnds));
   EXPECT_TRUE(MayClose(desk, WindowState::kMinimized, CloseReason::kUser));
   EXPECT_THAT(desk.messages.shown, IsEmpty());

@@ -328,6 +328,47 @@ TEST_F(SdlSoundPlayerTest, BeepsOnRequestWithoutADevice) {
   EXPECT_FALSE(player_.holdsDevice());
 }
 
+// Where the system has no beep, as on Wayland.
+TEST_F(SdlSoundPlayerTest, SoundsAToneOfItsOwnInPlaceOfAMissingBeep) {
+  const auto complain = [this](const std::string& line) { complaints_.push_back(line); };
+  for (const bool plays : {true, false}) {
+    complaints_.clear();
+    SdlSoundPlayer player({}, complain);
+    if (plays) {
+      player.Play(folder_ / "missing.wav", SoundKind::kWave);
+    } else {
+      player.Beep("why");
+    }
+    EXPECT_EQ(complaints_.size(), 1U);
+    EXPECT_TRUE(player.holdsDevice());
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (player.isPlaying() && std::chrono::steady_clock::now() < limit) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    player.Rest();
+    EXPECT_FALSE(player.holdsDevice());
+    const Samples heard = Heard(recording());
+    EXPECT_NEAR(static_cast<double>(heard.size()), kRate * 0.3, kRate / 50.0);
+    EXPECT_GT(Loudness(heard), 6'000);
+    EXPECT_LT(Loudness(heard), 10'000);
+    EXPECT_GT(ShareOf(880, heard), 0.7);
+    EXPECT_LT(ShareOf(440, heard), 0.05);
+  }
+}
+
+TEST_F(SdlSoundPlayerTest, SaysSoWhenThereIsNeitherABeepNorATone) {
+  ::setenv("SDL_AUDIODRIVER", "nothing-of-that-name", 1);
+  const auto complain = [this](const std::string& line) { complaints_.push_back(line); };
+  for (const char* const library : {"libSDL2_mixer-2.0.so.0", "libnot_there.so.0"}) {
+    complaints_.clear();
+    SdlSoundPlayer player({}, complain, library);
+    player.Play(kOwnSound, SoundKind::kWave);
+    EXPECT_THAT(complaints_,
+                ElementsAre(HasSubstr("cannot be played: "), HasSubstr("no beep either: ")));
+    EXPECT_FALSE(player.holdsDevice());
+  }
+}
+
 TEST_F(SdlSoundPlayerTest, LeavesTheSignalsToTheProgram) {
   WriteWave(folder_ / "short.wav", Samples(kRate / 10, 500));
   player_.Play(folder_ / "short.wav", SoundKind::kWave);

@@ -291,6 +291,15 @@ TEST(AlarmsOfTheList, HaveTheTitleWithItsMarkerAppliedInItsOwnLetters) {
                                                    "12/22/2014 Today is DENTIST 3:30PM"));
 }
 
+// The list shows today's titles in capitals, and these do not all map back.
+TEST(AlarmsOfTheList, CountDownWhateverTheCapitalsOfTheirTitle) {
+  Desk desk("12.22,Γιατρός 15:00,0,yearly\n12.22,ılık 15:30,0,yearly\n");
+  desk.Build();
+  EXPECT_THAT(desk.List(),
+              ElementsAre("12/22/2014   <TODAY>", "12/22/2014 Today is ΓΙΑΤΡΌΣ 15:00 (0:35 to go)",
+                          "12/22/2014 Today is ILIK 15:30 (1:05 to go)"));
+}
+
 TEST(AlarmsOfTheList, AreTodaysShownEventsOnly) {
   Desk desk(
       "12.23,Tomorrow 9:00,7,yearly\n"

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "reminder/reminder_session.h"
 #include "tests/reminder/session_desk.h"
@@ -134,7 +135,7 @@ TEST(SessionAlarms, TheHelpingTickComesJustAfterTheFullMinute) {
   SessionDesk desk("");
   desk.Start();
   desk.clock.now = {On(2014, 12, 22), 14, 25, 0, 0};
-  EXPECT_EQ(desk.session.untilNextMinute(), 60050);
+  EXPECT_EQ(desk.session.untilNextMinute(), 15000);
   desk.clock.now = {On(2014, 12, 22), 14, 25, 59, 999};
   EXPECT_EQ(desk.session.untilNextMinute(), 51);
 }
@@ -149,6 +150,32 @@ TEST(SessionAlarms, ASecondTickInAMinuteDoesNotLookForANewDay) {
   EXPECT_EQ(desk.TickAt(2014, 12, 22, 15, 0, WindowState::kMinimized), WindowChange::kNone);
   EXPECT_EQ(desk.TickAt(2014, 12, 22, 15, 1, WindowState::kMinimized),
             WindowChange::kShowMinimized);
+}
+
+TEST(SessionAlarms, SoundWhenTheWindowIsThereAndNotBefore) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  std::vector<std::size_t> soundedBefore;
+  desk.session.ShowAlarm = [&] { soundedBefore.push_back(desk.sound.calls.size()); };
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  EXPECT_THAT(soundedBefore, ElementsAre(0U));
+  EXPECT_EQ(desk.sound.calls.size(), 1U);
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 31));
+  EXPECT_THAT(soundedBefore, ElementsAre(0U));
+  EXPECT_EQ(desk.sound.calls.size(), 2U);
+}
+
+TEST(SessionAlarms, LeaveTheMomentOfTheSoundToTheProgram) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  std::vector<std::size_t> windowsBefore;
+  desk.session.SoundAlarm = [&] { windowsBefore.push_back(desk.alarmsShown.size()); };
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 29));
+  EXPECT_THAT(windowsBefore, IsEmpty());
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 31));
+  EXPECT_THAT(windowsBefore, ElementsAre(1U, 1U));
+  EXPECT_THAT(desk.sound.calls, IsEmpty());
 }
 
 TEST(SessionAlarms, FollowTheOptionsOfTheLastBuild) {

@@ -36,13 +36,14 @@ struct AlarmWorld {
 
   // Lets alarms go off in the next minute. Their titles get the time of day.
   void Ring(const std::vector<std::string>& titles) {
+    const LocalTime before = now;
     ++now.minute;
     schedule.Clear();
     const std::string time = " 8:" + std::string(now.minute < 10 ? "0" : "");
     for (const std::string& title : titles) {
       schedule.ScheduleAlarm(title + time + std::to_string(now.minute), now.date);
     }
-    session.ListBuilt(schedule, now);
+    session.ListBuilt(schedule, before);
     QVERIFY(session.Tick(schedule, list, {}, now).showsMessages);
     window.ShowMessages();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
