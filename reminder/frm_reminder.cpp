@@ -244,7 +244,7 @@ void frmReminder::Place() {
 // Changing the flag hides the window, and some window managers place a window anew that comes
 // back.
 void frmReminder::PopUp() {
-  const QRect place = isMaximized() || isFullScreen() ? normalGeometry() : geometry();
+  const QRect place = isMaximized() ? normalGeometry() : geometry();
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowState(Qt::WindowNoState);
   setGeometry(place);
@@ -308,7 +308,7 @@ void frmReminder::LayOut() {
 
 WindowState frmReminder::State() const {
   if (isMinimized()) return WindowState::kMinimized;
-  return isMaximized() || isFullScreen() ? WindowState::kMaximized : WindowState::kNormal;
+  return isMaximized() ? WindowState::kMaximized : WindowState::kNormal;
 }
 
 WindowPlacement frmReminder::Here() const {

@@ -40,7 +40,6 @@ class FrmReminderPlacementTest : public QObject {
   void hasBareSurfaceOnEverySide();
   void keepsNoPlaceWhereWindowsDoNotKnowIt();
   void startsMaximizedAndComesBackToTheStoredPlace();
-  void maximizingIsKeptAndThePlaceIsNot_data();
   void maximizingIsKeptAndThePlaceIsNot();
   void comesOntoAScreenWhenItsOwnGoes_data();
   void comesOntoAScreenWhenItsOwnGoes();
@@ -231,19 +230,12 @@ void FrmReminderPlacementTest::startsMaximizedAndComesBackToTheStoredPlace() {
   QCOMPARE(window.pos(), QPoint(100, 100));
 }
 
-void FrmReminderPlacementTest::maximizingIsKeptAndThePlaceIsNot_data() {
-  QTest::addColumn<Qt::WindowState>("state");
-  QTest::newRow("maximized") << Qt::WindowMaximized;
-  QTest::newRow("full screen") << Qt::WindowFullScreen;
-}
-
 void FrmReminderPlacementTest::maximizingIsKeptAndThePlaceIsNot() {
-  QFETCH(Qt::WindowState, state);
   World world("");
   QVERIFY(world.Load());
   StartedWindow window(world);
   const Texts before = world.Placement();
-  window.setWindowState(state);
+  window.setWindowState(Qt::WindowMaximized);
   QTRY_COMPARE(world.settings.At("Settings", "Maximized"), "True");
   ReleaseAt(window, {1, 1});
   QCOMPARE(world.Placement(), before);
