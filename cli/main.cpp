@@ -86,6 +86,7 @@ tidewarden::cli::ExitCode Run(const std::vector<std::string>& arguments) {
   AddClockAndFormat(*next, options);
 
   std::vector<const char*> texts;
+  texts.reserve(arguments.size());
   for (const std::string& argument : arguments) texts.push_back(argument.c_str());
   try {
     app.parse(static_cast<int>(texts.size()), texts.data());
