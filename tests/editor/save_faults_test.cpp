@@ -109,7 +109,7 @@ TEST(SaveFaults, SmallPiecesBehindALinkAndWithARescueCopyAreNoDifferent) {
     ASSERT_TRUE(pieces.saves());
     KillEverywhere(pieces, tally, 50);
   }
-  for (const int levels : {0, 3}) {
+  for (const int levels : {0, 1, 3, 8}) {
     Trial linked(folder.path(), Place::kBehindLink, Deed::kEdit, levels, kPlainOld);
     ASSERT_TRUE(linked.saves());
     KillEverywhere(linked, tally);
@@ -161,7 +161,7 @@ TEST(SaveFaults, InAReadOnlyFolderTheOldBytesSurviveSomewhere) {
 TEST(SaveFaults, ALinkInAReadOnlyFolderLosesNothingAndLeavesNothing) {
   const FastFolder folder;
   for (const Deed deed : {Deed::kEdit, Deed::kDelete}) {
-    for (const int levels : {0, 3}) {
+    for (const int levels : {0, 1, 3, 8}) {
       for (const Faults faults : {Faults::kKills, Faults::kErrors}) {
         SCOPED_TRACE(std::to_string(levels) + " backups");
         EXPECT_EQ(FaultsInReadOnlyFolder(folder.path(), Place::kLinkInReadOnlyFolder, deed, levels,
@@ -213,7 +213,7 @@ void FillDisk(Trial& trial, Tally& tally) {
 
 TEST(SaveFaults, AFullDiskLosesNothing) {
   const FastFolder folder;
-  for (const int levels : {0, 3}) {
+  for (const int levels : {0, 1, 3, 8}) {
     for (const Deed deed : {Deed::kAdd, Deed::kDelete}) {
       Tally tally;
       Trial trial(folder.path(), Place::kPlain, deed, levels, kLongOld);
