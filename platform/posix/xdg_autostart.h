@@ -1,6 +1,6 @@
 // The autostart port for desktops that follow the freedesktop standards: the file
 // "tidewarden.desktop" in the user's autostart folder (Desktop Application Autostart and Desktop
-// Entry specifications, freedesktop.org).
+// Entry standards, freedesktop.org).
 #pragma once
 
 #include <string>

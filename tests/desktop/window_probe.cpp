@@ -83,7 +83,7 @@ class WindowProbePlugin : public QGenericPlugin {
   Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "window_probe.json")
 
  public:
-  QObject* create(const QString& /*key*/, const QString& /*specification*/) override {
+  QObject* create(const QString& /*key*/, const QString& /*arguments*/) override {
     return new WindowProbe(qEnvironmentVariable("WINDOW_PROBE_FILE"));
   }
 };

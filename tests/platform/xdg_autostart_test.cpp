@@ -27,7 +27,7 @@ constexpr char kProgram[] = "/opt/tidewarden/tidewarden";
 
 struct ExecCase {
   std::string argument;
-  std::string text;  // by the specification: quoted by its rules, then escaped like any text
+  std::string text;  // quoted as an Exec line wants it, then escaped like any text
 };
 
 const std::vector<ExecCase>& ExecCases() {
