@@ -164,7 +164,8 @@ std::string InFont(char font, const std::string& text) {
 // A title is found "in" a page; other words are left as the sentence has them.
 std::string Pointing(const std::string& linkText, const std::string& page) {
   const bool isTitle = !linkText.empty() && linkText[0] >= 'A' && linkText[0] <= 'Z';
-  return isTitle ? " in " + page : " (see " + page + ")";
+  const std::string name = InFont('B', Escaped(page, true));
+  return isTitle ? " in " + name : " (see " + name + ")";
 }
 
 // --- The page.
@@ -240,8 +241,7 @@ class PageWriter {
       return link.target == link.text ? "" : " (" + Escaped(link.target, true) + ")";
     }
     const std::string page = places_.PageOf(link.target, page_);
-    // As code, because a line is not to end within the name.
-    return page.empty() || page == page_ ? "" : Escaped(Pointing(link.text, page), true);
+    return page.empty() || page == page_ ? "" : Pointing(link.text, page);
   }
 
   void Heading(const Block& block) {

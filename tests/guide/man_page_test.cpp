@@ -88,8 +88,8 @@ TEST(ManPage, TellsOnWhichOtherPageALinkLeads) {
     return WriteManPage({"twdocs", "1", "2026-11-21", "0.1.0"}, markdown, TwoPlaces())
         .substr(kHead.size());
   };
-  EXPECT_EQ(body("See [Two](a.md#two)."), ".PP\nSee Two in first(1).\n");
-  EXPECT_EQ(body("It is [two](a.md#two)."), ".PP\nIt is two (see first(1)).\n");
+  EXPECT_EQ(body("See [Two](a.md#two)."), ".PP\nSee Two in \\fBfirst(1)\\fR.\n");
+  EXPECT_EQ(body("It is [two](a.md#two)."), ".PP\nIt is two (see \\fBfirst(1)\\fR).\n");
   EXPECT_EQ(body("See [B](b.md#x), [Three](a.md#three), [Here](#here) and [No](c.md)."),
             ".PP\nSee B, Three, Here and No.\n");
 }
