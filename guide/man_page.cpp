@@ -18,6 +18,32 @@ constexpr std::string_view kPlainHeading = "What it does";
 
 // --- Includes.
 
+struct Include {
+  std::string_view name;  // empty when the line is none
+  bool isBelow = false;
+};
+
+Include ReadInclude(std::string_view line) {
+  if (!line.starts_with(kIncludeStart) || !line.ends_with(kIncludeEnd)) return {};
+  line.remove_prefix(kIncludeStart.size());
+  line.remove_suffix(kIncludeEnd.size());
+  const bool isBelow = line.starts_with(kBelow);
+  if (isBelow) line.remove_prefix(kBelow.size());
+  return {line, isBelow};
+}
+
+// "events.md" and "yearly" of "../guide/events.md#yearly".
+struct Target {
+  std::string_view file;
+  std::string_view anchor;
+};
+
+Target ReadTarget(std::string_view name) {
+  const std::size_t mark = std::min(name.find('#'), name.size());
+  const std::string_view path = name.substr(0, mark);
+  return {path.substr(path.rfind('/') + 1), name.substr(std::min(mark + 1, name.size()))};
+}
+
 // The lines of a section and of those below it; empty when there is none of that anchor.
 std::string SectionLines(std::string_view text, std::string_view anchor) {
   std::string section;
@@ -120,44 +146,36 @@ std::string Escaped(std::string_view text, bool isCode) {
   return out;
 }
 
+// Of several blanks in a row each is kept, which a filled paragraph would make one.
+std::string WithBlanksKept(std::string_view code) {
+  std::string out;
+  for (std::size_t i = 0; i < code.size(); ++i) {
+    const bool isOneOfSeveral =
+        code[i] == ' ' && (code.substr(i + 1, 1) == " " || (i > 0 && code[i - 1] == ' '));
+    out += isOneOfSeveral ? std::string_view("\\~") : code.substr(i, 1);
+  }
+  return out;
+}
+
 std::string InFont(char font, const std::string& text) {
   return std::string("\\f") + font + text + "\\fR";
 }
 
-std::string Inline(std::string_view text) {
-  std::string out;
-  for (const Span& span : ReadSpans(text)) {
-    switch (span.kind) {
-      case SpanKind::kText:
-        out += Escaped(span.text, false);
-        break;
-      case SpanKind::kCode:
-        out += InFont('B', Escaped(span.text, true));
-        break;
-      case SpanKind::kStrong:
-        out += InFont('B', Escaped(span.text, false));
-        break;
-      case SpanKind::kStressed:
-        out += InFont('I', Escaped(span.text, false));
-        break;
-      case SpanKind::kPicture:
-        break;
-      case SpanKind::kLink:
-        out += Escaped(span.text, false);
-        if (span.target.starts_with("https://") && span.target != span.text) {
-          out += " (" + Escaped(span.target, true) + ")";
-        }
-        break;
-    }
-  }
-  return out;
+// A title is found "in" a page; other words are left as the sentence has them.
+std::string Pointing(const std::string& linkText, const std::string& page) {
+  const bool isTitle = !linkText.empty() && linkText[0] >= 'A' && linkText[0] <= 'Z';
+  const std::string name = InFont('B', Escaped(page, true));
+  return isTitle ? " in " + name : " (see " + name + ")";
 }
 
 // --- The page.
 
 class PageWriter {
  public:
+  explicit PageWriter(const ManPlaces& places) : places_(places) {}
+
   std::string Write(const ManHead& head, std::string_view markdown) {
+    page_ = head.name + "(" + head.section + ")";
     out_ = ".TH " + ToUpper(Escaped(head.name, true)) + " " + head.section + " " + head.date +
            " \"Tidewarden " + head.version + "\" \"Tidewarden Manual\"\n.nh\n.ad l\n";
     for (const Block& block : ReadMarkdown(markdown)) Take(block);
@@ -190,6 +208,40 @@ class PageWriter {
         break;
     }
     afterHeading_ = block.kind == BlockKind::kHeading;
+  }
+
+  [[nodiscard]] std::string Inline(std::string_view text) const {
+    std::string out;
+    for (const Span& span : ReadSpans(text)) {
+      switch (span.kind) {
+        case SpanKind::kText:
+          out += Escaped(span.text, false);
+          break;
+        case SpanKind::kCode:
+          out += InFont('B', WithBlanksKept(Escaped(span.text, true)));
+          break;
+        case SpanKind::kStrong:
+          out += InFont('B', Escaped(span.text, false));
+          break;
+        case SpanKind::kStressed:
+          out += InFont('I', Escaped(span.text, false));
+          break;
+        case SpanKind::kPicture:
+          break;
+        case SpanKind::kLink:
+          out += Escaped(span.text, false) + BehindLink(span);
+          break;
+      }
+    }
+    return out;
+  }
+
+  [[nodiscard]] std::string BehindLink(const Span& link) const {
+    if (link.target.starts_with("https://")) {
+      return link.target == link.text ? "" : " (" + Escaped(link.target, true) + ")";
+    }
+    const std::string page = places_.PageOf(link.target, page_);
+    return page.empty() || page == page_ ? "" : Pointing(link.text, page);
   }
 
   void Heading(const Block& block) {
@@ -275,6 +327,8 @@ class PageWriter {
 
   void Line(std::string_view line) { out_.append(line).push_back('\n'); }
 
+  const ManPlaces& places_;
+  std::string page_;
   std::string out_;
   bool afterHeading_ = false;
 };
@@ -286,25 +340,47 @@ std::string PutIncludesIn(std::string_view page,
   std::string out;
   while (!page.empty()) {
     const std::size_t end = std::min(page.find('\n'), page.size());
-    std::string_view line = page.substr(0, end);
+    const std::string_view line = page.substr(0, end);
     page.remove_prefix(std::min(end + 1, page.size()));
-    if (line.starts_with(kIncludeStart) && line.ends_with(kIncludeEnd)) {
-      line.remove_prefix(kIncludeStart.size());
-      line.remove_suffix(kIncludeEnd.size());
-      const bool isBelow = line.starts_with(kBelow);
-      if (isBelow) line.remove_prefix(kBelow.size());
-      const std::string part = Included(line, read);
-      out += isBelow ? OneLevelDown(part) : part;
-    } else {
+    const Include include = ReadInclude(line);
+    if (include.name.empty()) {
       out += line;
+    } else {
+      const std::string part = Included(include.name, read);
+      out += include.isBelow ? OneLevelDown(part) : part;
     }
     out.push_back('\n');
   }
   return out;
 }
 
-std::string WriteManPage(const ManHead& head, std::string_view markdown) {
-  return PageWriter().Write(head, markdown);
+void ManPlaces::Add(const std::string& page, std::string_view source) {
+  while (!source.empty()) {
+    const std::size_t end = std::min(source.find('\n'), source.size());
+    const Include include = ReadInclude(source.substr(0, end));
+    source.remove_prefix(std::min(end + 1, source.size()));
+    if (include.name.empty()) continue;
+    const Target target = ReadTarget(include.name);
+    parts_.push_back({std::string(target.file), std::string(target.anchor), page});
+  }
+}
+
+std::string ManPlaces::PageOf(std::string_view target, const std::string& from) const {
+  if (target.find(':') != std::string_view::npos) return {};
+  const Target wanted = ReadTarget(target);
+  if (wanted.file.empty()) return from;
+  std::string found;
+  for (const Part& part : parts_) {
+    if (part.file != wanted.file) continue;
+    if (!wanted.anchor.empty() && !part.anchor.empty() && part.anchor != wanted.anchor) continue;
+    if (part.page == from) return from;
+    if (found.empty()) found = part.page;
+  }
+  return found;
+}
+
+std::string WriteManPage(const ManHead& head, std::string_view markdown, const ManPlaces& places) {
+  return PageWriter(places).Write(head, markdown);
 }
 
 }  // namespace tidewarden

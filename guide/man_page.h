@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tidewarden {
 
@@ -25,11 +26,36 @@ inline constexpr std::string_view kMissingInclude = "MISSING INCLUDE";
 [[nodiscard]] std::string PutIncludesIn(std::string_view page,
                                         const std::function<std::string(std::string_view)>& read);
 
+// On which manual page each part of the guide stands, so that a link from one page to another can
+// tell where its target is.
+class ManPlaces {
+ public:
+  // `page` is a page's name with its section, "tidewarden-dates(5)"; `source` its text, the
+  // includes still in it.
+  void Add(const std::string& page, std::string_view source);
+
+  // The page that has the target of a link on the page `from`, for example
+  // "guide/events.md#yearly": `from` itself where that has it, and for an anchor alone. A target
+  // without an anchor is where any part of its text is. Empty when no page has it.
+  [[nodiscard]] std::string PageOf(std::string_view target, const std::string& from) const;
+
+ private:
+  struct Part {
+    std::string file;    // "events.md"
+    std::string anchor;  // empty for the whole of it
+    std::string page;
+  };
+
+  std::vector<Part> parts_;
+};
+
 // A manual page. The Markdown begins with "# NAME: what it is"; the levels below become sections
-// and subsections. Links are left as their text, one to an https address has the address behind it;
-// pictures are left out with the paragraph that holds nothing else. A table becomes a list: its
-// first column the terms, the others what is said of them. Every character that is not ASCII is
-// written as an escape, so that the page looks the same in every locale.
-[[nodiscard]] std::string WriteManPage(const ManHead& head, std::string_view markdown);
+// and subsections. Links are left as their text; behind it stands the page that has the target
+// where that is another one, and the address behind one to an https address. Pictures are left out
+// with the paragraph that holds nothing else. A table becomes a list: its first column the terms,
+// the others what is said of them. Every character that is not ASCII is written as an escape, so
+// that the page looks the same in every locale.
+[[nodiscard]] std::string WriteManPage(const ManHead& head, std::string_view markdown,
+                                       const ManPlaces& places = {});
 
 }  // namespace tidewarden

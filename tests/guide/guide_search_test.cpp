@@ -110,6 +110,14 @@ TEST(SearchGuide, FindsWhatPeopleLookForInTheRealGuide) {
            {"showlessthan", "Options: The list"},
            {"keyboard", "Keyboard"},
            {"exit codes", "At the terminal: Exit codes"},
+           {"restore backup", "Backups and where your files are: Backups"},
+           {"uninstall", "Questions people ask: How do I uninstall Tidewarden?"},
+           {"snooze", "Questions people ask: Can I snooze an alarm?"},
+           {"holidays", "Feasts"},
+           {"color", "Questions people ask: How do I change the colours or the size of the text?"},
+           {"text size",
+            "Questions people ask: How do I change the colours or the size of the text?"},
+           {"smartscreen", "Getting started: On Windows"},
            {"overdue task", "Questions people ask: How do I get rid of an overdue task?"}}) {
     const auto titles = Titles(test::RepositoryGuide(), search.query);
     ASSERT_FALSE(titles.empty()) << search.query;

@@ -159,31 +159,83 @@ TEST(OptionsPage, CallsEveryOptionAsTheWindowDoes) {
   ASSERT_TRUE(place.has_value());
   std::map<std::string, std::string> headings;
   std::map<std::string, std::string> texts;
+  std::vector<std::string> names;
   std::string heading;
   for (const Block& block : ReadMarkdown(RepositoryGuide().topics()[place->topic].markdown)) {
     if (block.kind == BlockKind::kHeading) heading = block.text;
     if (block.kind != BlockKind::kTable || block.rows.front().front() != "Setting") continue;
     for (auto row = block.rows.begin() + 1; row != block.rows.end(); ++row) {
       const std::string name = PlainText(std::string_view(row->front()));
+      names.push_back(name);
       headings[name] = heading;
       texts[name] = PlainText(std::string_view(row->back()));
     }
   }
+  auto next = names.begin();
   for (const Option& option : AllOptions()) {
     std::string name(option.setting.key);
     if (!texts.contains(name) && name.starts_with("Options/")) name.erase(0, 8);
     ASSERT_TRUE(texts.contains(name)) << name;
     EXPECT_THAT(texts[name], ::testing::StartsWith(std::string(option.label) + ". "));
     EXPECT_EQ(headings[name], AllPages()[static_cast<std::size_t>(option.page)].heading) << name;
+    // In the window's order; what the programs remember by themselves comes last.
+    ASSERT_NE(next, names.end()) << name;
+    EXPECT_EQ(*next++, name);
+  }
+}
+
+// The sources of the manual pages by the pages' names, "tidewarden(1)".
+std::map<std::string, std::string> ManualSources() {
+  std::map<std::string, std::string> sources;
+  for (const auto& entry : fs::directory_iterator(SourceFolder() / "docs/man")) {
+    const fs::path name = entry.path().stem();
+    std::ifstream file(entry.path(), std::ios::binary);
+    sources[name.stem().string() + "(" + name.extension().string().substr(1) + ")"] = {
+        std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  }
+  return sources;
+}
+
+std::string ManualPage(const std::string& source) {
+  return PutIncludesIn(source, [](std::string_view name) {
+    return ReadGuideFile(fs::path(name).filename().string());
+  });
+}
+
+// What a reader of a manual page is sent to has to be on one of them.
+TEST(ManualPages, HaveWhateverTheyPointTo) {
+  const auto sources = ManualSources();
+  EXPECT_EQ(sources.size(), 6U);
+  ManPlaces places;
+  for (const auto& [page, source] : sources) places.Add(page, source);
+  int elsewhere = 0;
+  for (const auto& [page, source] : sources) {
+    for (const std::string& text : TextsOf(ManualPage(source))) {
+      for (const Span& span : ReadSpans(text)) {
+        // The example is a file, whose place stands beside the link.
+        if (span.kind != SpanKind::kLink || span.target.ends_with("dates.txt")) continue;
+        const std::string place = places.PageOf(span.target, page);
+        EXPECT_NE(place, "") << page << ": " << span.target;
+        elsewhere += place == page ? 0 : 1;
+      }
+    }
+  }
+  EXPECT_GT(elsewhere, 10);
+}
+
+// Their tables are lists, and their sections are those of several pages of the guide.
+TEST(ManualPages, DoNotSpeakOfPlacesThatTheyLack) {
+  static const std::regex places(
+      R"(this table|tables below|(first|second|last) (column|row|section)|this guide)");
+  for (const auto& [page, source] : ManualSources()) {
+    for (const std::string& text : TextsOf(ManualPage(source))) {
+      EXPECT_FALSE(std::regex_search(text, places)) << page << ": " << text;
+    }
   }
 }
 
 TEST(SettingsManualPage, DescribesEverySetting) {
-  std::ifstream file(SourceFolder() / "docs/man/tidewarden-settings.5.md");
-  const std::string source{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  const std::string page = PutIncludesIn(source, [](std::string_view name) {
-    return ReadGuideFile(fs::path(name).filename().string());
-  });
+  const std::string page = ManualPage(ManualSources().at("tidewarden-settings(5)"));
   std::set<std::string> terms;
   for (const Block& block : ReadMarkdown(page)) {
     if (block.kind != BlockKind::kTable) continue;

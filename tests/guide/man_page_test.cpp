@@ -53,6 +53,51 @@ TEST(ManPage, LeavesOfALinkItsTextAndOnlyOfAWebPageTheAddress) {
   EXPECT_EQ(Body("[a](b.md) [c](https://example.org/)"), ".PP\na c (https://example.org/)\n");
 }
 
+// Two pages: one of a whole text, and one of a section of it and of another text.
+ManPlaces TwoPlaces() {
+  ManPlaces places;
+  places.Add("first(1)", "# first: x\n\n<!-- include ../guide/a.md#two -->\nc.md\n");
+  places.Add("twdocs(1)", "<!-- include below ../guide/b.md -->\n<!-- include a.md#three -->\n");
+  return places;
+}
+
+TEST(ManPlaces, AreThoseOfTheIncludes) {
+  struct Case {
+    const char* target;
+    const char* from;
+    const char* expected;
+  };
+  for (const Case& link : std::initializer_list<Case>{
+           {"a.md#two", "twdocs(1)", "first(1)"},
+           {"guide/a.md#three", "first(1)", "twdocs(1)"},
+           {"../x/b.md#any", "first(1)", "twdocs(1)"},
+           {"b.md", "twdocs(1)", "twdocs(1)"},
+           {"a.md", "first(1)", "first(1)"},    // a part of it
+           {"a.md", "twdocs(1)", "twdocs(1)"},  // its own part, though another page comes first
+           {"a.md", "other(5)", "first(1)"},
+           {"#two", "other(5)", "other(5)"},
+           {"a.md#four", "first(1)", ""},
+           {"c.md", "first(1)", ""},
+           {"https://example.org/b.md", "first(1)", ""}}) {
+    EXPECT_EQ(TwoPlaces().PageOf(link.target, link.from), link.expected) << link.target;
+  }
+}
+
+TEST(ManPage, TellsOnWhichOtherPageALinkLeads) {
+  const auto body = [](std::string_view markdown) {
+    return WriteManPage({"twdocs", "1", "2026-11-21", "0.1.0"}, markdown, TwoPlaces())
+        .substr(kHead.size());
+  };
+  EXPECT_EQ(body("See [Two](a.md#two)."), ".PP\nSee Two in \\fBfirst(1)\\fR.\n");
+  EXPECT_EQ(body("It is [two](a.md#two)."), ".PP\nIt is two (see \\fBfirst(1)\\fR).\n");
+  EXPECT_EQ(body("See [B](b.md#x), [Three](a.md#three), [Here](#here) and [No](c.md)."),
+            ".PP\nSee B, Three, Here and No.\n");
+}
+
+TEST(ManPage, KeepsTheBlanksOfCode) {
+  EXPECT_EQ(Body("`a   b c`  d"), ".PP\n\\fBa\\~\\~\\~b c\\fR d\n");
+}
+
 TEST(ManPage, BreaksLinesWithoutMakingCommands) {
   std::string words;
   for (int i = 0; i < 60; ++i) words += i % 2 == 0 ? "words " : ".x ";
