@@ -22,6 +22,8 @@ class PosixClock : public Clock {
   [[nodiscard]] LocalTime Now() const override {
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
+    // The user may have travelled, and the program runs for weeks.
+    ::tzset();
     std::tm tm{};
     ::localtime_r(&now.tv_sec, &tm);
     return {MakeDate(tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday), tm.tm_hour, tm.tm_min,

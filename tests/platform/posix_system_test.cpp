@@ -195,6 +195,19 @@ TEST(SystemClock, TellsTheLocalDateAndTime) {
   }
 }
 
+TEST(SystemClock, FollowsAChangeOfTheTimeZone) {
+  EXPECT_EQ(InChild([]() -> std::string {
+              const auto clock = MakeSystemClock();
+              ::setenv("TZ", "UTC0", 1);
+              const int before = clock->Now().hour;
+              ::setenv("TZ", "ABC-5", 1);
+              const int later = (clock->Now().hour - before + 24) % 24;
+              // The hour may have ended in between.
+              return later == 5 || later == 6 ? "five hours" : std::to_string(later);
+            }),
+            "five hours");
+}
+
 TEST(SystemFormats, APatternTakesThePlaceOfTheUsersLayout) {
   const ScopedVariable all("LC_ALL", "C");
   EXPECT_EQ(MakeSystemFormats("")->ShortDate(kProbeDate), "12/31/1992");
