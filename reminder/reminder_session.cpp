@@ -132,8 +132,14 @@ WindowChange ReminderSession::Rebuild() {
   const BuildOutcome outcome = builder_->BuildReminderList(access);
   ++builds_;
   selectedRow_ = kNoRow;
-  ports_.alarms.ListBuilt(builder_->alarms(), builder_->builtAt());
   TellFileProblems();
+  if (builder_->readStatus().ok()) {
+    // What would have rung while the list could not be read is made up for.
+    ports_.alarms.ListBuilt(builder_->alarms(), unreadSince_.value_or(builder_->builtAt()));
+    unreadSince_.reset();
+  } else if (!unreadSince_) {
+    unreadSince_ = builder_->builtAt();
+  }
   if (outcome == BuildOutcome::kEnd) {
     tIcon_.Visible(false);
     return WindowChange::kEnd;
@@ -144,7 +150,7 @@ WindowChange ReminderSession::Rebuild() {
 
 void ReminderSession::TellFileProblems() {
   if (!Complain) return;
-  if (!builder_->readStatus().ok()) {
+  if (!builder_->readStatus().ok() && !unreadSince_) {
     Complain(EventsFilePath() + ": " + DescribeStatus(builder_->readStatus()));
   }
   if (!builder_->writeStatus().ok()) {
@@ -185,8 +191,9 @@ WindowChange ReminderSession::Tick(WindowState window) {
 WindowChange ReminderSession::CheckForNewDay(WindowState window) {
   if (isBusy_) return WindowChange::kNone;
   const LocalTime now = ports_.clock.Now();
-  if (DaysBetween(lastListDate_, now.date) <= 0) return WindowChange::kNone;
-  if (builder_->options().newDateOffset > now.FourDigit()) return WindowChange::kNone;
+  const bool isNewDay = DaysBetween(lastListDate_, now.date) > 0 &&
+                        builder_->options().newDateOffset <= now.FourDigit();
+  if (!isNewDay) return MayBeReadableNow() ? Rebuild() : WindowChange::kNone;
   const bool popsUp = !behindEditor_ && (inTray_ || window == WindowState::kMinimized);
   if (popsUp) {
     inTray_ = false;
@@ -195,6 +202,13 @@ WindowChange ReminderSession::CheckForNewDay(WindowState window) {
   lastListDate_ = now.date;
   const WindowChange change = Rebuild();
   return change == WindowChange::kNone && popsUp ? WindowChange::kPopUp : change;
+}
+
+// A share that is not there yet, or a file that another program holds, must not cost the alarms of
+// a day.
+bool ReminderSession::MayBeReadableNow() const {
+  const StatusKind kind = builder_->readStatus().kind();
+  return unreadSince_ && kind != StatusKind::kNotText && kind != StatusKind::kTooLarge;
 }
 
 WindowChange ReminderSession::StateChanged(WindowState window) {

@@ -198,6 +198,7 @@ class ReminderSession {
   [[nodiscard]] std::optional<Target> TargetOf(int row) const;
   [[nodiscard]] WindowChange Rebuild();
   [[nodiscard]] WindowChange CheckForNewDay(WindowState window);
+  [[nodiscard]] bool MayBeReadableNow() const;
   [[nodiscard]] WindowChange OpenEditor(const EditorRequest& request,
                                         const WindowPlacement& window);
   [[nodiscard]] WindowChange OpenEditorOn(const std::optional<Target>& target,
@@ -215,6 +216,8 @@ class ReminderSession {
   std::optional<ListBuilder> builder_;
 
   CivilDate lastListDate_{};  // the day for which the list was last built anew
+  // When the events file first could not be read, as long as it cannot.
+  std::optional<LocalTime> unreadSince_;
   StartFor startFor_ = StartFor::kUse;
   bool isLoaded_ = false;
   bool isShown_ = false;

@@ -47,6 +47,61 @@ TEST(SessionAlarms, RingLateWhenTheirMinuteWasSleptThroughButNotFromBeforeTheSta
   EXPECT_THAT(desk.alarmsShown, ElementsAre(kDentistMessage));
 }
 
+// --- A file that cannot be read for a while.
+
+TEST(SessionAlarms, AreNotLostWhenTheFileCannotBeReadAtMidnight) {
+  SessionDesk desk("12.23,Pill 0:02,0,yearly\r\n12.23,Tea 0:09,0,yearly\r\n");
+  desk.Start();
+  desk.files.failures[kSessionPath] = StatusKind::kInputOutput;
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 0));
+  EXPECT_EQ(desk.RowWith("PILL"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 1));
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 2));
+  EXPECT_THAT(desk.alarmsShown, IsEmpty());
+  desk.files.failures.clear();
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 4));
+  EXPECT_NE(desk.RowWith("PILL"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 5));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre("\nPill 0:02\n"));
+  const int builds = desk.session.builds();
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 6));
+  EXPECT_EQ(desk.session.builds(), builds);
+}
+
+TEST(SessionAlarms, AreNotLostWhenTheFileCannotBeReadForAMoment) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 28));
+  desk.files.failures[kSessionPath] = StatusKind::kNoPermission;
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 29));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 30));
+  desk.files.failures.clear();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 31));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 15, 32));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre(kDentistMessage));
+}
+
+TEST(SessionAlarms, OfBeforeTheStartStaySilentWhenTheFileCouldNotBeReadThen) {
+  SessionDesk desk(kDentist + "12.22,Lunch 1:00pm,0,yearly\r\n");
+  desk.files.failures[kSessionPath] = StatusKind::kBusy;
+  desk.Start();
+  desk.files.failures.clear();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 14, 26));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 14, 27));
+  EXPECT_NE(desk.RowWith("LUNCH"), ReminderSession::kNoRow);
+  EXPECT_THAT(desk.alarmsShown, IsEmpty());
+}
+
+TEST(SessionAlarms, AFileThatIsNoTextIsNotReadAgainAtEachTick) {
+  SessionDesk desk(kDentist);
+  desk.files.failures[kSessionPath] = StatusKind::kNotText;
+  desk.Start();
+  static_cast<void>(desk.TickAt(2014, 12, 22, 14, 26));
+  static_cast<void>(desk.TickAt(2014, 12, 22, 14, 27));
+  EXPECT_EQ(desk.session.builds(), 1);
+}
+
 TEST(SessionAlarms, DoNotRingAgainAfterARebuild) {
   SessionDesk desk(kDentist);
   desk.Start();
