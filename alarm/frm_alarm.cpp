@@ -102,10 +102,25 @@ void frmAlarm::ShowMessages() {
   // Keys that were meant for another window must not press the button.
   messages_->setFocus();
   show();
-  raise();
-  activateWindow();
+  ComeForward();
   // Where not all messages can be seen, the empty line before the first is no loss.
   messages_->verticalScrollBar()->setValue(messages_->verticalScrollBar()->singleStep());
+}
+
+void frmAlarm::ComeForward() {
+  raise();
+  activateWindow();
+}
+
+void frmAlarm::ScreensChanged() {
+  const AlarmWindowState here = StateNow();
+  const Screens screens = ScreensNow();
+  if (!here.visible || here.state == WindowState::kMaximized || !screens.canPlaceWindows ||
+      MeetsAScreen(here.area, screens)) {
+    return;
+  }
+  LoadAlarmPlacement();
+  ComeForward();
 }
 
 void frmAlarm::Load() {

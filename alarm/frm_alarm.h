@@ -37,6 +37,13 @@ class frmAlarm : public QWidget {
   // window that is open already only changes its text.
   void ShowMessages();
 
+  // Above all other windows, and active.
+  void ComeForward();
+
+  // A screen was added, removed or changed: an open window that none of them shows any more goes
+  // to where it would open.
+  void ScreensChanged();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

@@ -103,8 +103,14 @@ int Desktop::ShowWindows() {
   frmReminder window(session_);
   ConnectTray(window);
   const QtScreenWatch screens;
-  QObject::connect(&screens, &QtScreenWatch::Changed, &window,
-                   [&window] { window.ScreensChanged(DesktopScreens()); });
+  QObject::connect(&screens, &QtScreenWatch::Changed, &window, [this, &window] {
+    window.ScreensChanged(DesktopScreens());
+    if (alarmWindow_) alarmWindow_->ScreensChanged();
+  });
+  // An alarm that waits for its OK stays above the list of the new day.
+  QObject::connect(&window, &frmReminder::PoppedUp, [this] {
+    if (alarmWindow_ && alarmWindow_->isVisible()) alarmWindow_->ComeForward();
+  });
   session_.ShowAlarm = [this] { ShowAlarm(); };
   QTimer untilPainted;
   untilPainted.setSingleShot(true);

@@ -251,6 +251,7 @@ void frmReminder::PopUp() {
   show();
   raise();
   activateWindow();
+  Q_EMIT PoppedUp();
 }
 
 void frmReminder::Render() {

@@ -50,6 +50,9 @@ class frmReminder : public QWidget {
   // The program is to end: the window was closed, or there is nothing to show.
   void Ended();
 
+  // The window has come up by itself, in front of all others.
+  void PoppedUp();
+
  protected:
   bool event(QEvent* event) override;
   void showEvent(QShowEvent* event) override;

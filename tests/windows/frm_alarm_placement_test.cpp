@@ -22,7 +22,25 @@ class FrmAlarmPlacementTest : public QObject {
   void savesItsPlaceWhenTheMouseIsReleasedOnItsSurface();
   void doesNotSaveWhenTheMouseIsReleasedOnAControl();
   void keepsItsPlaceOverManyOpenings();
+  void comesBackFromAScreenThatIsGone();
 };
+
+void FrmAlarmPlacementTest::comesBackFromAScreenThatIsGone() {
+  AlarmWorld world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Ring({"Dentist"});
+  world.window.ScreensChanged();
+  QCOMPARE(world.window.pos(), QPoint(20, 30));
+  world.window.move(-9000, 50);
+  world.window.ScreensChanged();
+  QVERIFY(world.window.isVisible());
+  QCOMPARE(world.window.pos(), QPoint(20, 30));
+  QCOMPARE(world.window.size(), QSize(400, 200));
+  // A window that is not open opens at its place.
+  world.window.close();
+  world.window.ScreensChanged();
+  QVERIFY(!world.window.isVisible());
+}
 
 void FrmAlarmPlacementTest::opensInItsFirstSizeWhenNothingIsStored() {
   AlarmWorld world;
