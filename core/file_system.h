@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -99,6 +100,11 @@ class FileSystem {
 // Reads a regular file whole. On failure `out` is unchanged; kTooLarge when memory does not take
 // it.
 Status ReadFile(FileSystem& files, const std::string& path, std::string& out);
+
+// kOk when a file still holds `content`, or without it when there still is no file. kBusy when
+// somebody else has changed it, or why it cannot be read.
+[[nodiscard]] Status CheckUntouched(FileSystem& files, const std::string& path,
+                                    std::optional<std::string_view> content);
 
 // Replaces a file by new content, all or nothing. When the content is what the file already
 // holds, nothing is written; nor when the file exists and cannot be read.
