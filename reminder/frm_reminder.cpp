@@ -209,7 +209,8 @@ void frmReminder::Apply(WindowChange change) {
       break;
     case WindowChange::kPopUp:
       PopUp();
-      break;
+      Apply(session_.StartNewDay());
+      return;
     case WindowChange::kEnd:
       StopTimers();
       hide();

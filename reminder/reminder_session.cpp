@@ -188,13 +188,16 @@ WindowChange ReminderSession::CheckForNewDay(WindowState window) {
   if (DaysBetween(lastListDate_, now.date) <= 0) return WindowChange::kNone;
   if (builder_->options().newDateOffset > now.FourDigit()) return WindowChange::kNone;
   const bool popsUp = !behindEditor_ && (inTray_ || window == WindowState::kMinimized);
-  if (popsUp) {
-    inTray_ = false;
-    tIcon_.Visible(false);
-  }
-  lastListDate_ = now.date;
-  const WindowChange change = Rebuild();
-  return change == WindowChange::kNone && popsUp ? WindowChange::kPopUp : change;
+  if (!popsUp) return StartNewDay();
+  inTray_ = false;
+  tIcon_.Visible(false);
+  return WindowChange::kPopUp;
+}
+
+WindowChange ReminderSession::StartNewDay() {
+  if (isBusy_) return WindowChange::kNone;
+  lastListDate_ = ports_.clock.Now().date;
+  return Rebuild();
 }
 
 WindowChange ReminderSession::StateChanged(WindowState window) {
