@@ -21,16 +21,6 @@ Status ReadFile(FileSystem& files, const std::string& path, std::string& out) {
   }
 }
 
-Status CheckUntouched(FileSystem& files, const std::string& path,
-                      std::optional<std::string_view> content) {
-  std::string present;
-  Status status = ReadFile(files, path, present);
-  const bool exists = status.kind() != StatusKind::kNotFound;
-  if (exists && !status.ok()) return status;
-  const bool same = exists == content.has_value() && (!exists || present == *content);
-  return same ? Status() : Status(StatusKind::kBusy);
-}
-
 Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content) {
   std::string present;
   Status status = ReadFile(files, path, present);
@@ -39,6 +29,16 @@ Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view 
   std::unique_ptr<StagedFile> staged;
   status = files.Stage(path, content, staged);
   return status.ok() ? staged->Commit() : status;
+}
+
+Status CheckUntouched(FileSystem& files, const std::string& path,
+                      std::optional<std::string_view> content) {
+  std::string present;
+  Status status = ReadFile(files, path, present);
+  const bool exists = status.kind() != StatusKind::kNotFound;
+  if (exists && !status.ok()) return status;
+  const bool same = exists == content.has_value() && (!exists || present == *content);
+  return same ? Status() : Status(StatusKind::kBusy);
 }
 
 }  // namespace tidewarden
