@@ -5,15 +5,6 @@
 #include "dates/text.h"
 
 namespace tidewarden {
-namespace {
-
-// A current directory is whatever the program was started from.
-std::string FromProgramFolder(const std::string& stored, const ProgramFolders& folders) {
-  const std::string path = ResolveEventsPath(stored, folders.program, folders.style);
-  return path.starts_with('/') ? path : folders.program + "/" + path;
-}
-
-}  // namespace
 
 Status LocateAlarmSound(SettingsStore& settings, FileSystem& files, const ProgramFolders& folders,
                         std::string& path) {
@@ -21,8 +12,7 @@ Status LocateAlarmSound(SettingsStore& settings, FileSystem& files, const Progra
   const std::string ownSound =
       folders.program + (posix ? "/alarms/emergency.wav" : "\\alarms\\emergency.wav");
   const std::string stored = modGetSetSaveSet::Get(settings, settings::kAlarmPath, ownSound);
-  const std::string wanted = posix ? FromProgramFolder(stored, folders) : stored;
-  return FindFileInAnyCase(files, wanted, path);
+  return FindFileInAnyCase(files, FromProgramFolder(stored, folders), path);
 }
 
 SoundKind SoundKindOf(const std::string& path) {

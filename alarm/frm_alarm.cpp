@@ -12,6 +12,7 @@
 
 #include "alarm/alarm_session.h"
 #include "alarm/frm_alarm_parts.h"
+#include "core/frm_skin.h"
 
 namespace tidewarden {
 namespace {
@@ -89,7 +90,7 @@ void frmAlarm::SetUpControls() {
 }
 
 void frmAlarm::ApplySkin(const QString& styleSheet) {
-  setStyleSheet(styleSheet);
+  setStyleSheet(ReadableSkin(styleSheet));
 }
 
 void frmAlarm::ShowMessages() {

@@ -8,6 +8,7 @@
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/qt_shell.h"
+#include "platform/qt/tray_probe.h"
 #include "platform/sdl/sdl_sound_player.h"
 
 namespace tidewarden {
@@ -38,7 +39,7 @@ void SettleDesktop(QCoreApplication& /*application*/) {
 }
 
 ProgramTray MakeProgramTray() {
-  auto area = std::make_unique<QtNotificationArea>();
+  auto area = std::make_unique<QtNotificationArea>(QtHasTray);
   const IconHandle icon = area->AddIcon(QApplication::windowIcon());
   return {std::move(area), icon};
 }

@@ -103,6 +103,24 @@ Status ReadInEitherEncoding(EventLineVisitor& visitor, Read read) {
   }
 }
 
+// The bytes of a file as the answers of `change` want them; the same when no line changes.
+std::string Changed(std::string_view present, const ChangeLine& change) {
+  std::string content;
+  content.reserve(present.size() + kLineEnd.size());
+  if (present.starts_with(kByteOrderMark)) content += kByteOrderMark;
+  bool changed = false;
+  VisitRawLines(present, [&](std::size_t number, std::string_view line) {
+    const LineChange what = change(number, line);
+    if (what != LineChange::kKeep) changed = true;
+    if (what == LineChange::kRemove) return;
+    if (what == LineChange::kDropLastCharacter && !line.empty()) line.remove_suffix(1);
+    content.append(line);
+    if (what == LineChange::kAppendHiddenMark) content += '*';
+    content.append(kLineEnd);
+  });
+  return changed ? content : std::string(present);
+}
+
 }  // namespace
 
 Status ReadEventLines(FileSystem& files, const std::string& path, EventLineVisitor& visitor) {
@@ -117,37 +135,37 @@ Status VisitEventLines(std::string_view content, EventLineVisitor& visitor) {
   });
 }
 
-Status RewriteEventsFile(
-    FileSystem& files, const std::string& path, const std::string& rescueFolder,
-    const std::function<LineChange(std::size_t number, std::string_view rawLine)>& change) {
-  std::string present;
-  Status status = ReadFile(files, path, present);
-  if (!status.ok()) return status;
-  if (LooksLikeUtf16(present)) return Status(StatusKind::kNotText);
-
-  std::string_view body = present;
-  std::string content;
-  content.reserve(present.size() + kLineEnd.size());
-  if (body.starts_with(kByteOrderMark)) {
-    body.remove_prefix(kByteOrderMark.size());
-    content += kByteOrderMark;
-  }
-  bool changed = false;
+void VisitRawLines(std::string_view content,
+                   const std::function<void(std::size_t number, std::string_view rawLine)>& visit) {
   std::size_t number = 0;
-  const auto copy = [&](std::string_view line) {
-    const LineChange what = change(number++, line);
-    if (what != LineChange::kKeep) changed = true;
-    if (what == LineChange::kRemove) return;
-    if (what == LineChange::kDropLastCharacter && !line.empty()) line.remove_suffix(1);
-    content.append(line);
-    if (what == LineChange::kAppendHiddenMark) content += '*';
-    content.append(kLineEnd);
-  };
+  const auto next = [&](std::string_view line) { visit(number++, line); };
   LineSplitter lines;
-  lines.Take(body, copy);
-  lines.Finish(copy);
-  if (!changed || content == present) return {};
-  return ReplaceEventsFile(files, path, rescueFolder, present, content).status;
+  lines.Take(content.substr(content.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0), next);
+  lines.Finish(next);
+}
+
+Status RewriteEventsFile(FileSystem& files, const std::string& path,
+                         const std::string& rescueFolder, const ChangeLine& change,
+                         const LookAtFile& look) {
+  constexpr int kMostTries = 3;
+  for (int i = 1;; ++i) {
+    std::string present;
+    Status status = ReadFile(files, path, present);
+    if (!status.ok()) return status;
+    if (LooksLikeUtf16(present)) return Status(StatusKind::kNotText);
+    if (look) look(present);
+    const std::string content = Changed(present, change);
+    if (content == present) return {};
+    bool outdated = false;
+    const auto beforeCommit = [&](const StagedFile& /*staged*/) {
+      // Staging waits for the disk, time enough for somebody else to change the file.
+      Status untouched = CheckUntouched(files, path, present);
+      outdated = untouched.kind() == StatusKind::kBusy;
+      return untouched;
+    };
+    status = ReplaceEventsFile(files, path, rescueFolder, present, content, beforeCommit).status;
+    if (!outdated || i == kMostTries) return status;
+  }
 }
 
 Status CreateNewEventsFile(FileSystem& files, MessageBox& messages, const std::string& path) {

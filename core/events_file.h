@@ -43,13 +43,25 @@ Status VisitEventLines(std::string_view content, EventLineVisitor& visitor);
 // What becomes of a line when the file is rewritten.
 enum class LineChange { kKeep, kRemove, kDropLastCharacter, kAppendHiddenMark };
 
+using ChangeLine = std::function<LineChange(std::size_t number, std::string_view rawLine)>;
+
+// Looks at the bytes of a file before its lines are asked for one by one.
+using LookAtFile = std::function<void(std::string_view content)>;
+
+// The lines of a file's bytes, with the numbers that RewriteEventsFile gives them.
+void VisitRawLines(std::string_view content,
+                   const std::function<void(std::size_t number, std::string_view rawLine)>& visit);
+
 // Reads the file afresh, asks `change` for every raw line in order, and replaces the file (see
 // ReplaceEventsFile; `rescueFolder` is the user's data folder). The byte-order mark and the
 // encoding stay. Nothing is written when no line changes, and after any error. The last character
 // of a line that is dropped must be ASCII.
-Status RewriteEventsFile(
-    FileSystem& files, const std::string& path, const std::string& rescueFolder,
-    const std::function<LineChange(std::size_t number, std::string_view rawLine)>& change);
+//
+// A file that another program changes meanwhile gets the change once more, from the reading on:
+// `look`, which may be empty, is called first in every try. kBusy when the file changes each time.
+Status RewriteEventsFile(FileSystem& files, const std::string& path,
+                         const std::string& rescueFolder, const ChangeLine& change,
+                         const LookAtFile& look = {});
 
 // Tells the user that the events file is missing and creates it empty, with its folder.
 Status CreateNewEventsFile(FileSystem& files, MessageBox& messages, const std::string& path);

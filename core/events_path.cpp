@@ -63,6 +63,13 @@ std::string ResolveEventsPath(std::string_view stored, std::string_view folder, 
   return bare ? JoinPath(folder, text, style) : text;
 }
 
+std::string FromProgramFolder(std::string_view stored, const ProgramFolders& folders) {
+  if (folders.style == PathStyle::kWindows) return std::string(stored);
+  const std::string path = ResolveEventsPath(stored, folders.program, folders.style);
+  // A current directory is whatever the program was started from.
+  return path.starts_with('/') ? path : JoinPath(folders.program, path, folders.style);
+}
+
 std::string LocateEventsFile(SettingsStore& settings, FileSystem& files,
                              const ProgramFolders& folders) {
   const std::string& folder = EventsFolder(files, folders);

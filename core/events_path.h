@@ -40,6 +40,11 @@ struct ProgramFolders {
 [[nodiscard]] std::string ResolveEventsPath(std::string_view stored, std::string_view folder,
                                             PathStyle style);
 
+// The stored path of another file of the program's, a sound or the quotes, as a full path. Windows:
+// it stays as it is, whatever it is. Posix: as ResolveEventsPath gives it for the program's folder,
+// and from there, too, when that is still no full path.
+[[nodiscard]] std::string FromProgramFolder(std::string_view stored, const ProgramFolders& folders);
+
 // Reads "Settings/Path" and resolves it. A value that does not end in ".txt" gets that ending
 // and is saved back. The default lies in the program's folder when that takes new files or already
 // holds "dates.txt", else in the user's data folder. Relative paths start from the program's folder

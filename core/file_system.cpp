@@ -31,4 +31,14 @@ Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view 
   return status.ok() ? staged->Commit() : status;
 }
 
+Status CheckUntouched(FileSystem& files, const std::string& path,
+                      std::optional<std::string_view> content) {
+  std::string present;
+  Status status = ReadFile(files, path, present);
+  const bool exists = status.kind() != StatusKind::kNotFound;
+  if (exists && !status.ok()) return status;
+  const bool same = exists == content.has_value() && (!exists || present == *content);
+  return same ? Status() : Status(StatusKind::kBusy);
+}
+
 }  // namespace tidewarden

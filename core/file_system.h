@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -103,5 +104,10 @@ Status ReadFile(FileSystem& files, const std::string& path, std::string& out);
 // Replaces a file by new content, all or nothing. When the content is what the file already
 // holds, nothing is written; nor when the file exists and cannot be read.
 Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content);
+
+// kOk when a file still holds `content`, or without it when there still is no file. kBusy when
+// somebody else has changed it, or why it cannot be read.
+[[nodiscard]] Status CheckUntouched(FileSystem& files, const std::string& path,
+                                    std::optional<std::string_view> content);
 
 }  // namespace tidewarden

@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QStackedWidget>
 
+#include "core/frm_skin.h"
 #include "customizer/frm_customizer_field.h"
 #include "customizer/frm_customizer_preview.h"
 #include "customizer/options_session.h"
@@ -219,7 +220,7 @@ void frmCustomizer::RenderWayBack() {
 }
 
 void frmCustomizer::RenderSkin() {
-  const QString skin = QString::fromStdString(session_.skin());
+  const QString skin = ReadableSkin(QString::fromStdString(session_.skin()));
   if (styleSheet() != skin) setStyleSheet(skin);
 }
 

@@ -152,11 +152,16 @@ bool HasQuotes(SettingsStore& draft, const PathSurroundings& paths) {
 }
 
 std::string CheckQuotesFile(std::string_view text, const PathSurroundings& paths) {
-  if (!IsFullPath(text, paths.folders.style)) return WantsWholePath(paths.folders.style);
+  const bool fromFolder =
+      paths.folders.style == PathStyle::kPosix && (!HasFolder(text) || text.starts_with('\\'));
+  if (!fromFolder && !IsFullPath(text, paths.folders.style)) {
+    return WantsWholePath(paths.folders.style);
+  }
   DraftSettings draft = DraftWith(paths.settings, settings::kQuotesPath, text);
   if (HasQuotes(draft, paths)) return {};
-  const Status status = TryToRead(paths.files, std::string(text));
-  return status.ok() ? "There are no quotes in this file." : Sentence(status, text);
+  const std::string path = FromProgramFolder(text, paths.folders);
+  const Status status = TryToRead(paths.files, path);
+  return status.ok() ? "There are no quotes in this file." : Sentence(status, path);
 }
 
 std::string DefaultEventsFile(const PathSurroundings& paths) {

@@ -90,8 +90,9 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
       return true;
     }
     // A file that somebody else has changed meanwhile gets the change once more.
+    const auto before = file.exists ? std::optional<std::string_view>(file.content) : std::nullopt;
     const bool outdated = result.status.kind() == StatusKind::kBusy &&
-                          !CheckUntouched(ports_.files, path, written).ok();
+                          !CheckUntouched(ports_.files, path, before).ok();
     if (outdated && i < kMostTries) continue;
     // With backups the user is not told; the entry that stays open says it.
     if (levels == 0) ShowWriteFailure(result.path, result.status);

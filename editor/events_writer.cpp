@@ -104,15 +104,6 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
   return encoded && !ambiguous ? *encoded : text;
 }
 
-Status CheckUntouched(FileSystem& files, const std::string& path, const EventsChange& change) {
-  std::string present;
-  Status status = ReadFile(files, path, present);
-  const bool exists = status.kind() != StatusKind::kNotFound;
-  if (exists && !status.ok()) return status;
-  const bool same = exists == change.exists && (!exists || present == change.oldContent);
-  return same ? Status() : Status(StatusKind::kBusy);
-}
-
 WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
@@ -126,7 +117,7 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
       change.exists ? std::optional<std::string_view>(change.oldContent) : std::nullopt;
   const auto beforeCommit = [&](const StagedFile& staged) {
     // Staging and noting wait for the disk, time enough for somebody else to change the file.
-    Status status = CheckUntouched(files, path, change);
+    Status status = CheckUntouched(files, path, before);
     if (status.ok() && change.exists && levels > 0) {
       RotateBackups(files, path, levels, staged, change.oldContent);
     }

@@ -56,10 +56,6 @@ struct EventsChange {
   bool exists = true;
 };
 
-// kBusy when the file does not hold the old content any more, or why it cannot be read.
-[[nodiscard]] Status CheckUntouched(FileSystem& files, const std::string& path,
-                                    const EventsChange& change);
-
 // Replaces the events file by the new content, after a rescue copy if one is needed and with
 // `levels` backups (0 to 8). A file that holds the new content already is left alone, backups
 // included. On failure the events file holds what it held, and nothing else than the backups has

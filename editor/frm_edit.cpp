@@ -16,6 +16,7 @@
 #include <functional>
 #include <utility>
 
+#include "core/frm_skin.h"
 #include "core/window_placement.h"
 #include "editor/frm_edit_model.h"
 
@@ -57,10 +58,10 @@ bool ActsOnRelease(int key) {
 
 }  // namespace
 
-frmEdit::frmEdit(EditSession& session, QString skin, QWidget* parent)
+frmEdit::frmEdit(EditSession& session, const QString& skin, QWidget* parent)
     : QWidget(parent),
       session_(session),
-      skin_(std::move(skin)),
+      skin_(ReadableSkin(skin)),
       normalHeight_(PixelsFromTwips(kEditorLeastHeight)) {
   setObjectName(QStringLiteral("frmEdit"));
   setFixedWidth(PixelsFromTwips(kEditorWidth));

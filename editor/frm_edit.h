@@ -30,7 +30,7 @@ class frmEdit : public QWidget {
  public:
   // `skin` is a style sheet for the window, used when the settings want one; empty for none. The
   // session outlives the window. Nothing is shown yet.
-  explicit frmEdit(EditSession& session, QString skin = {}, QWidget* parent = nullptr);
+  explicit frmEdit(EditSession& session, const QString& skin = {}, QWidget* parent = nullptr);
 
   // Shows the editor for what is asked, as EditSession::Request. When it is open already it comes
   // to the front.

@@ -1,6 +1,5 @@
 #include "reminder/daily_quote.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -50,11 +49,11 @@ class QuoteCollector : public EventLineVisitor {
 };
 
 // The setting is read in lower case; only Windows does not mind.
-std::string QuotesFile(FileSystem& files, std::string stored, PathStyle style) {
-  if (style == PathStyle::kWindows) return stored;
-  std::replace(stored.begin(), stored.end(), '\\', '/');
+std::string QuotesFile(FileSystem& files, const std::string& stored,
+                       const ProgramFolders& folders) {
+  if (folders.style == PathStyle::kWindows) return stored;
   std::string found;
-  static_cast<void>(FindFileInAnyCase(files, stored, found).ok());
+  static_cast<void>(FindFileInAnyCase(files, FromProgramFolder(stored, folders), found).ok());
   return found;
 }
 
@@ -66,13 +65,13 @@ DailyQuote::DailyQuote(SettingsStore& settings, FileSystem& files, RandomNumbers
 
 void DailyQuote::LoadDailyQuote(LocalTime now) {
   isVisible_ = false;
-  std::string stored =
+  const std::string stored =
       modGetSetSaveSet::Get(settings_, settings::kQuotesPath, DefaultPath(folders_));
   const std::string show = modGetSetSaveSet::Get(settings_, settings::kShowDailyQuotes);
   quotes_.clear();
   if (stored.empty() || !modGetSetSaveSet::isTrue(show)) return;
 
-  const std::string path = QuotesFile(files_, std::move(stored), folders_.style);
+  const std::string path = QuotesFile(files_, stored, folders_);
   FileStamp stamp;
   if (!files_.GetStamp(path, stamp).ok() || stamp.size > kMostBytes) return;
   QuoteCollector collector(quotes_);

@@ -29,7 +29,8 @@ class DailyQuote {
 
   // The last step of every list build: reads the settings and the file afresh, seeds the random
   // numbers from the time of day and picks a quote. Hidden when the option is off, when there is
-  // no file, when it cannot be read as text and when no quote is in it; nothing is reported.
+  // no file, when it cannot be read as text and when no quote is in it; nothing is reported. For
+  // where the path in the settings leads see FromProgramFolder.
   //
   // The quote is number Int(r × quoteLastIndex), so of several quotes the last is never picked.
   void LoadDailyQuote(LocalTime now);

@@ -5,49 +5,38 @@
 namespace tidewarden {
 namespace {
 
-// `found` receives the event's line, if there is one.
-Status Find(FileSystem& files, const std::string& path, const ListedEvent& event,
-            std::optional<long>& found) {
+// The event's line in a file with these bytes, if it can be told.
+std::optional<long> FindIn(std::string_view content, const ListedEvent& event) {
   long equal = 0;
   long last = 0;
   bool inPlace = false;
-  // Nothing is changed, so nothing has to be kept.
-  Status status =
-      RewriteEventsFile(files, path, {}, [&](std::size_t number, std::string_view rawLine) {
-        if (rawLine == event.rawLine) {
-          ++equal;
-          last = static_cast<long>(number);
-          inPlace = inPlace || last == event.line;
-        }
-        return LineChange::kKeep;
-      });
-  if (status.ok() && inPlace) {
-    found = event.line;
-  } else if (status.ok() && equal == 1) {
-    found = last;
-  }
-  return status;
+  VisitRawLines(content, [&](std::size_t number, std::string_view rawLine) {
+    if (rawLine != event.rawLine) return;
+    ++equal;
+    last = static_cast<long>(number);
+    inPlace = inPlace || last == event.line;
+  });
+  if (inPlace) return event.line;
+  return equal == 1 ? std::optional(last) : std::nullopt;
 }
 
 Status Change(FileSystem& files, const std::string& path, const std::string& rescueFolder,
               const ListedEvent& event, LineChange change) {
   std::optional<long> line;
-  Status status = Find(files, path, event, line);
-  if (!status.ok() || !line) return status;
   return RewriteEventsFile(
-      files, path, rescueFolder, [&](std::size_t number, std::string_view rawLine) {
-        const bool isIt = static_cast<long>(number) == *line && rawLine == event.rawLine;
-        return isIt ? change : LineChange::kKeep;
-      });
+      files, path, rescueFolder,
+      [&](std::size_t number, std::string_view /*rawLine*/) {
+        return line && static_cast<long>(number) == *line ? change : LineChange::kKeep;
+      },
+      [&](std::string_view content) { line = FindIn(content, event); });
 }
 
 }  // namespace
 
 std::optional<long> FindEvent(FileSystem& files, const std::string& path,
                               const ListedEvent& event) {
-  std::optional<long> line;
-  const Status status = Find(files, path, event, line);
-  return status.ok() ? line : std::nullopt;
+  std::string content;
+  return ReadFile(files, path, content).ok() ? FindIn(content, event) : std::nullopt;
 }
 
 Status HideEvent(FileSystem& files, const std::string& path, const std::string& rescueFolder,

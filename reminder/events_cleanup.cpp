@@ -9,14 +9,14 @@ namespace tidewarden {
 Status RemovePastOneTimeEvents(FileSystem& files, const std::string& path,
                                const std::string& rescueFolder, CivilDate today,
                                std::vector<long>& removed) {
-  removed.clear();
-  Status status = RewriteEventsFile(files, path, rescueFolder,
-                                    [&](std::size_t number, std::string_view rawLine) {
-                                      if (!IsOverOneTimeLine(rawLine, today))
-                                        return LineChange::kKeep;
-                                      removed.push_back(static_cast<long>(number));
-                                      return LineChange::kRemove;
-                                    });
+  Status status = RewriteEventsFile(
+      files, path, rescueFolder,
+      [&](std::size_t number, std::string_view rawLine) {
+        if (!IsOverOneTimeLine(rawLine, today)) return LineChange::kKeep;
+        removed.push_back(static_cast<long>(number));
+        return LineChange::kRemove;
+      },
+      [&](std::string_view /*content*/) { removed.clear(); });
   if (!status.ok()) removed.clear();
   return status;
 }

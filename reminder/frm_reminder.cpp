@@ -11,6 +11,7 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "core/frm_skin.h"
 #include "reminder/frm_reminder_list.h"
 #include "reminder/frm_reminder_look.h"
 #include "reminder/frm_reminder_model.h"
@@ -74,7 +75,6 @@ void frmReminder::MakeControls() {
   cmdTray->setToolTip(tr("Send to the tray"));
   cmdTray->setAccessibleName(tr("Send to the tray"));
   cmdTray->setFocusPolicy(Qt::TabFocus);
-  DressTrayButton(*cmdTray, session_.skin().empty() ? Skin::kNone : Skin::kApplied);
 
   txtDailyQuote->setObjectName(QStringLiteral("txtDailyQuote"));
   txtDailyQuote->setAccessibleName(tr("Quote of the day"));
@@ -103,7 +103,9 @@ void frmReminder::MakeControls() {
   tmrFrame->setInterval(kFrameMilliseconds);
   tmrFrame->setSingleShot(true);
 
-  SetSheet(this, QString::fromStdString(session_.skin()));
+  const QString skin = ReadableSkin(QString::fromStdString(session_.skin()));
+  DressTrayButton(*cmdTray, skin);
+  SetSheet(this, skin);
   setTabOrder(List1, cmdTray);
   setTabOrder(cmdTray, cmdGoToEdit);
   setTabOrder(cmdGoToEdit, txtDailyQuote);
@@ -209,7 +211,8 @@ void frmReminder::Apply(WindowChange change) {
       break;
     case WindowChange::kPopUp:
       PopUp();
-      break;
+      Apply(session_.StartNewDay());
+      return;
     case WindowChange::kEnd:
       StopTimers();
       hide();
@@ -330,9 +333,7 @@ bool frmReminder::event(QEvent* event) {
 void frmReminder::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   // The size and state that showing itself brings are not the user's.
-  if (!event->spontaneous()) {
-    tmrShown->start();
-  }
+  if (!event->spontaneous()) tmrShown->start();
 }
 
 void frmReminder::resizeEvent(QResizeEvent* event) {

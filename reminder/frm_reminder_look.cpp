@@ -15,7 +15,9 @@ namespace {
 // from dark windows.
 constexpr QRgb kGlyphColour = 0xFF2B1500;
 constexpr char kTrayButtonSheet[] =
-    "QToolButton { background: #f39a35; border: 2px solid #b4560a; border-radius: 10px; }"
+    "QToolButton { background: #f39a35; border: 2px solid #b4560a; border-radius: 10px;"
+    " margin: 0; padding: 0; min-width: 16px; max-width: 16px; min-height: 16px;"
+    " max-height: 16px; }"
     "QToolButton:hover { background: #ffb25c; }"
     "QToolButton:pressed { background: #e07f14; }"
     "QToolButton:focus { border-color: palette(window-text); }";
@@ -67,12 +69,13 @@ QString PlainToolTip(const QString& text) {
   return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
-void DressTrayButton(QToolButton& button, Skin skin) {
+void DressTrayButton(QToolButton& button, const QString& skin) {
   QIcon icon;
   for (const int scale : {1, 2, 3, 4}) icon.addPixmap(Glyph(scale));
   button.setIcon(icon);
   button.setIconSize({kGlyphSize, kGlyphSize});
-  if (skin == Skin::kNone) button.setStyleSheet(QLatin1String(kTrayButtonSheet));
+  const bool isDressed = skin.contains(QStringLiteral("#cmdTray"));
+  if (!isDressed) button.setStyleSheet(QLatin1String(kTrayButtonSheet));
 }
 
 }  // namespace tidewarden

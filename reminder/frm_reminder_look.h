@@ -23,10 +23,10 @@ namespace tidewarden {
 // As a tooltip that shows every character as it is.
 [[nodiscard]] QString PlainToolTip(const QString& text);
 
-// Small, round and orange on every desktop, with an arrow pointing down to the panel. Where the
-// window has a skin, the skin gives the colours.
+// Small, round and orange on every desktop and under every skin, because the program speaks of the
+// orange button; with an arrow pointing down to the panel. A skin whose text names "#cmdTray"
+// dresses the button itself.
 inline constexpr int kTrayButtonSize = 20;
-enum class Skin { kNone, kApplied };
-void DressTrayButton(QToolButton& button, Skin skin);
+void DressTrayButton(QToolButton& button, const QString& skin);
 
 }  // namespace tidewarden

@@ -9,8 +9,6 @@ namespace {
 
 using namespace modGetSetSaveSet;
 
-constexpr int kMostStored = 32767;  // 16 bits
-
 WindowArea NewArea(const Screens& screens) {
   const WindowArea& primary = screens.primary;
   return {primary.left + (primary.width - kReminderWidth) / 2,
@@ -45,9 +43,7 @@ StoredPlacement LoadWindowPlacement(SettingsStore& settings, const Screens& scre
   const WindowArea middle = NewArea(screens);
   WindowArea area = middle;
   if (!ReadArea(settings, screens, area)) {
-    // Marks of a middle that no setting can hold would be taken for a place at the next start.
-    const bool canHold = middle.left <= kMostStored && middle.top <= kMostStored;
-    if (!screens.canPlaceWindows || !canHold) return {false, middle};
+    if (!screens.canPlaceWindows) return {false, middle};
     // All four go under the one name, as they always have: the other three keep what they hold.
     for (const int number : {middle.left, middle.top, middle.width, middle.height}) {
       Save(settings, settings::kLeft, std::to_string(number));

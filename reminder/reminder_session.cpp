@@ -195,13 +195,16 @@ WindowChange ReminderSession::CheckForNewDay(WindowState window) {
                         builder_->options().newDateOffset <= now.FourDigit();
   if (!isNewDay) return MayBeReadableNow() ? Rebuild() : WindowChange::kNone;
   const bool popsUp = !behindEditor_ && (inTray_ || window == WindowState::kMinimized);
-  if (popsUp) {
-    inTray_ = false;
-    tIcon_.Visible(false);
-  }
-  lastListDate_ = now.date;
-  const WindowChange change = Rebuild();
-  return change == WindowChange::kNone && popsUp ? WindowChange::kPopUp : change;
+  if (!popsUp) return StartNewDay();
+  inTray_ = false;
+  tIcon_.Visible(false);
+  return WindowChange::kPopUp;
+}
+
+WindowChange ReminderSession::StartNewDay() {
+  if (isBusy_) return WindowChange::kNone;
+  lastListDate_ = ports_.clock.Now().date;
+  return Rebuild();
 }
 
 // A share that is not there yet, or a file that another program holds, must not cost the alarms of

@@ -56,7 +56,7 @@ enum class WindowChange {
   kHide,           // into the notification area, or behind the editor
   kShowMinimized,  // the notification area is gone: back into the task list
   kRestore,        // show, maximized if startsMaximized(), and come to the front
-  kPopUp,          // show in normal size, above all other windows from now on
+  kPopUp,          // show in normal size, above all other windows from now on; then StartNewDay
   kEnd,            // end the program without a question
 };
 
@@ -121,6 +121,10 @@ class ReminderSession {
   // tick: how long that is to wait, in milliseconds.
   [[nodiscard]] WindowChange Tick(WindowState window);
   [[nodiscard]] int untilNextMinute() const;
+
+  // Builds the list for a new day, once the window that a tick has fetched can be seen: what there
+  // is to say or to ask then comes before it.
+  [[nodiscard]] WindowChange StartNewDay();
 
   // --- The window itself.
   // The window has become normal, minimized or maximized.

@@ -217,6 +217,7 @@ MessageAnswer MemoryMessageBox::Show(const std::string& text, MessageButtons but
                                      MessageIcon icon) {
   shown.push_back(text);
   boxes.push_back({text, buttons, icon});
+  if (whileOpen) whileOpen();
   if (answers.empty()) return answer;
   const MessageAnswer next = answers.front();
   answers.pop_front();

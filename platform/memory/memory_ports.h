@@ -95,7 +95,7 @@ class MemoryClock : public Clock {
 };
 
 // Answers the boxes with `answers` in their order and then with `answer`, and keeps what they
-// showed.
+// showed. Runs `whileOpen` before a box is closed.
 class MemoryMessageBox : public MessageBox {
  public:
   struct Box {
@@ -107,6 +107,7 @@ class MemoryMessageBox : public MessageBox {
   std::deque<MessageAnswer> answers;
   std::vector<std::string> shown;
   std::vector<Box> boxes;  // the same with their buttons and icons
+  std::function<void()> whileOpen;
 
   MessageAnswer Show(const std::string& text, MessageButtons buttons, MessageIcon icon) override;
 };

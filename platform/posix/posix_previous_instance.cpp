@@ -2,12 +2,18 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <utility>
 
 namespace tidewarden {
+namespace {
+
+constexpr mode_t kStickyPrivateFile = S_ISVTX | S_IRUSR | S_IWUSR;
+
+}  // namespace
 
 PosixPreviousInstance::PosixPreviousInstance(std::string path) : path_(std::move(path)) {}
 
@@ -20,6 +26,9 @@ bool PosixPreviousInstance::Claim() {
   // Programs that this one starts must not hold the lock on.
   const int descriptor = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (descriptor < 0) return true;
+  // The folder of a login session may be cleaned up; what has the sticky bit stays, says the XDG
+  // Base Directory Specification. Where the bit is not to be had the lock holds all the same.
+  static_cast<void>(::fchmod(descriptor, kStickyPrivateFile));
   int result = 0;
   do {
     result = ::flock(descriptor, LOCK_EX | LOCK_NB);

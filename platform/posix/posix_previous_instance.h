@@ -1,4 +1,5 @@
-// Whether another copy runs, by an advisory lock that the system frees when a process dies.
+// Whether another copy runs, by an advisory lock that the system frees when a process dies. The
+// file has the sticky bit, which keeps it from being cleaned up in the folder of a login session.
 #pragma once
 
 #include <string>

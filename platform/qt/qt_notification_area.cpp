@@ -39,19 +39,30 @@ void QtNotificationArea::NotifyIcon(NotifyIconMessage message, const NotifyIconR
     if (icon_ != nullptr) icon_->hide();
     return;
   }
+  const bool isKnown = record.hIcon > 0 && record.hIcon <= icons_.size();
+  picture_ = isKnown ? icons_[record.hIcon - 1] : QIcon();
+  toolTip_ = PlainTooltip(tooltip);
+  if (message == NotifyIconMessage::kAdd && IsAvailable()) {
+    ShowIcon();
+    return;
+  }
+  if (message == NotifyIconMessage::kAdd) search_->start();
+  Dress();
+}
+
+void QtNotificationArea::Dress() {
+  if (icon_ == nullptr) return;
+  icon_->setIcon(picture_);
+  icon_->setToolTip(toolTip_);
+}
+
+void QtNotificationArea::ShowIcon() {
   if (icon_ == nullptr) {
     icon_ = new QSystemTrayIcon(this);
     connect(icon_, &QSystemTrayIcon::activated, this, &QtNotificationArea::Activated);
   }
-  const bool isKnown = record.hIcon > 0 && record.hIcon <= icons_.size();
-  icon_->setIcon(isKnown ? icons_[record.hIcon - 1] : QIcon());
-  icon_->setToolTip(PlainTooltip(tooltip));
-  if (message != NotifyIconMessage::kAdd) return;
-  if (IsAvailable()) {
-    icon_->show();
-  } else {
-    search_->start();
-  }
+  Dress();
+  icon_->show();
 }
 
 bool QtNotificationArea::IsAvailable() {
@@ -61,7 +72,7 @@ bool QtNotificationArea::IsAvailable() {
 void QtNotificationArea::LookForTray() {
   if (!IsAvailable()) return;
   search_->stop();
-  icon_->show();
+  ShowIcon();
   const auto appeared = Appeared;
   if (appeared) appeared();
 }

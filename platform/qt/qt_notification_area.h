@@ -2,12 +2,13 @@
 // StatusNotifierItem where there is a host for it, else the system tray of X11.
 //
 // Pictures have numbers here: AddIcon gives them out. Nothing is asked of the desktop before the
-// first call of NotifyIcon or IsAvailable, because Qt asks once and keeps the answer: a panel
-// that starts together with the program is then up.
+// first call of NotifyIcon or IsAvailable, and no Qt icon is made while there is no tray: one that
+// is made then never finds a panel that comes later.
 #pragma once
 
 #include <QIcon>
 #include <QObject>
+#include <QString>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -23,7 +24,8 @@ class QtNotificationArea : public QObject, public NotificationArea {
   Q_OBJECT
 
  public:
-  // `isAvailable` tells whether the desktop has a tray; as a rule QSystemTrayIcon knows.
+  // `isAvailable` tells whether the desktop has a tray now; without it QSystemTrayIcon is asked,
+  // which may keep its first answer.
   explicit QtNotificationArea(std::function<bool()> isAvailable = {}, QObject* parent = nullptr);
   ~QtNotificationArea() override = default;
   QtNotificationArea(const QtNotificationArea&) = delete;
@@ -43,9 +45,13 @@ class QtNotificationArea : public QObject, public NotificationArea {
  private:
   void Activated(int reason);
   void LookForTray();
+  void Dress();
+  void ShowIcon();
 
   std::function<bool()> isAvailable_;
   std::vector<QIcon> icons_;
+  QIcon picture_;  // of the record
+  QString toolTip_;
   QSystemTrayIcon* icon_ = nullptr;
   QTimer* search_;
 };

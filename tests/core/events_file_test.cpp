@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -478,6 +479,77 @@ TEST(RewriteEventsFile, AFailedWriteLeavesTheOldBytes) {
   files.commitFailures[kPath] = StatusKind::kReadOnly;
   EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kReadOnly);
   EXPECT_EQ(files.files[kPath], "-a\r\nb\r\n");
+}
+
+// ---- Another program writes the file while a change waits for the disk.
+
+// Writes `contents`, one at each staging; nothing is a file that goes.
+void WriteMeanwhile(MemoryFileSystem& files, std::vector<std::optional<std::string>> contents) {
+  files.onStaged = [&files, contents = std::move(contents),
+                    next = std::size_t{0}](const std::string& path) mutable {
+    if (path != kPath || next == contents.size()) return;
+    const std::optional<std::string>& content = contents[next++];
+    if (content) {
+      files.files[kPath] = *content;
+    } else {
+      files.files.erase(kPath);
+    }
+  };
+}
+
+TEST(RewriteEventsFile, WhatIsWrittenMeanwhileIsKeptAndGetsTheChange) {
+  for (const bool inPlace : {false, true}) {
+    SCOPED_TRACE(inPlace);
+    MemoryFileSystem files;
+    files.writesInPlace = inPlace;
+    files.files[kPath] = "a\r\n-b\r\n";
+    WriteMeanwhile(files, {"x\r\na\r\n-b\r\n", "x\ny\n-b\n-c\n"});
+    std::vector<std::string> looks;
+    EXPECT_TRUE(RewriteEventsFile(files, kPath, kDataFolder, Change, [&](std::string_view content) {
+                  looks.emplace_back(content);
+                }).ok());
+    EXPECT_THAT(files.files, ElementsAre(Pair(kPath, "x\r\ny\r\n")));
+    EXPECT_THAT(looks, ElementsAre("a\r\n-b\r\n", "x\r\na\r\n-b\r\n", "x\ny\n-b\n-c\n"));
+  }
+}
+
+TEST(RewriteEventsFile, AFileThatIsChangedEachTimeIsLeftToTheOtherProgram) {
+  for (const bool inPlace : {false, true}) {
+    SCOPED_TRACE(inPlace);
+    MemoryFileSystem files;
+    files.writesInPlace = inPlace;
+    files.files[kPath] = "-a\n";
+    WriteMeanwhile(files, {"-a\n1\n", "-a\n2\n", "-a\n3\n", "-a\n4\n"});
+    EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kBusy);
+    EXPECT_THAT(files.files, ElementsAre(Pair(kPath, "-a\n3\n")));
+    EXPECT_EQ(files.CountCalls("commit " + std::string(kPath)), 0);
+  }
+}
+
+TEST(RewriteEventsFile, AFileThatGoesMeanwhileIsNotMadeAgain) {
+  MemoryFileSystem files;
+  files.files[kPath] = "-a\nb\n";
+  WriteMeanwhile(files, {std::nullopt});
+  EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kNotFound);
+  EXPECT_THAT(files.files, IsEmpty());
+}
+
+TEST(RewriteEventsFile, AFileThatCannotBeReadMeanwhileIsNotReplaced) {
+  MemoryFileSystem files;
+  files.files[kPath] = "-a\nb\n";
+  files.onStaged = [&](const std::string& path) {
+    files.failures[path] = StatusKind::kInputOutput;
+  };
+  EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kInputOutput);
+  EXPECT_THAT(files.files, ElementsAre(Pair(kPath, "-a\nb\n")));
+}
+
+TEST(RewriteEventsFile, ADiskThatIsBusyIsAskedOnce) {
+  MemoryFileSystem files;
+  files.files[kPath] = "-a\nb\n";
+  files.writeFailures[kPath] = StatusKind::kBusy;
+  EXPECT_EQ(RewriteEventsFile(files, kPath, kDataFolder, Change).kind(), StatusKind::kBusy);
+  EXPECT_EQ(files.CountCalls("stage"), 1);
 }
 
 // ---- A missing file.

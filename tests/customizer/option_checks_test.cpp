@@ -123,7 +123,9 @@ TEST(OptionChecks, SoundsAndQuotesAreFoundAsTheProgramFindsThem) {
                    {"QuotesPath", "/home/ann/none.txt", "There is no file /home/ann/none.txt."},
                    {"QuotesPath", "/home/ann/empty.txt", "There are no quotes in this file."},
                    {"QuotesPath", "/home/ann", "This is a folder. Add the name of a file."},
-                   {"QuotesPath", "Inspiration.txt", kWholePath}});
+                   {"QuotesPath", "\\Quotes\\Inspiration.txt", ""},
+                   {"QuotesPath", "none.txt", "There is no file /opt/tidewarden/none.txt."},
+                   {"QuotesPath", "Quotes/Inspiration.txt", kWholePath}});
 }
 
 TEST(OptionChecks, ColoursAreNamesOrPairs) {

@@ -209,9 +209,28 @@ TEST(PreviousInstance, TheFileIsTheUsersOwnAndStays) {
   {
     PosixPreviousInstance owner(folder / "lock");
     EXPECT_TRUE(owner.Claim());
-    EXPECT_EQ(ModeOf(folder / "lock"), 0600);
+    EXPECT_EQ(ModeOf(folder / "lock") & 0777, 0600);
   }
   EXPECT_TRUE(folder.Exists("lock"));
+}
+
+TEST(PreviousInstance, TheFileHasTheStickyBitSoThatItIsNotCleanedUp) {
+  const TemporaryFolder folder;
+  const auto isSticky = [&] {
+    struct stat file {};
+    return ::stat((folder / "lock").c_str(), &file) == 0 && (file.st_mode & S_ISVTX) != 0;
+  };
+  {
+    PosixPreviousInstance owner(folder / "lock");
+    EXPECT_TRUE(owner.Claim());
+    EXPECT_TRUE(isSticky());
+  }
+  // An older version has left one without.
+  ASSERT_EQ(::chmod((folder / "lock").c_str(), 0600), 0);
+  ASSERT_FALSE(isSticky());
+  PosixPreviousInstance owner(folder / "lock");
+  EXPECT_TRUE(owner.Claim());
+  EXPECT_TRUE(isSticky());
 }
 
 TEST(PreviousInstance, AClaimInVainLeavesNothingOpen) {
@@ -273,7 +292,7 @@ TEST(MakePreviousInstance, WithoutASessionsFolderItLiesBesideTheSettings) {
     EXPECT_FALSE(second->Claim());
     EXPECT_THAT(NamesIn(folder / "config/Tideward"), ElementsAre("settings.ini.instance"));
     EXPECT_EQ(ModeOf(folder / "config/Tideward"), 0700);
-    EXPECT_EQ(ModeOf(folder / "config/Tideward/settings.ini.instance"), 0600);
+    EXPECT_EQ(ModeOf(folder / "config/Tideward/settings.ini.instance") & 0777, 0600);
   }
 }
 

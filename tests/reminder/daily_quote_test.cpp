@@ -107,9 +107,35 @@ TEST(DailyQuote, FindsTheFileAlthoughItsPathIsReadInLowerCase) {
   EXPECT_EQ(desk.Loaded(0), "One");
   desk.files.files["/opt/tidewarden/quotes/inspiration.txt"] = "Lower\n";
   EXPECT_EQ(desk.Loaded(0), "Lower") << "a file at the path as it is read comes first";
-  desk.Set("QuotesPath", "\\Home\\Ann\\Words.TXT");
+  desk.Set("QuotesPath", "/Home/Ann/Words.TXT");
   desk.files.files["/home/ann/words.txt"] = "Hers\n";
   EXPECT_EQ(desk.Loaded(0), "Hers");
+}
+
+TEST(DailyQuote, APathThatIsNotFullStartsAtTheProgramsFolder) {
+  const struct {
+    const char* stored;
+    const char* file;
+  } cases[] = {
+      {"Words.txt", "/opt/Tidewarden/Words.txt"},
+      {"\\Words.txt", "/opt/Tidewarden/Words.txt"},
+      {"\\Quotes\\Words.txt", "/opt/Tidewarden/Quotes/Words.txt"},
+      {"Quotes/Words.txt", "/opt/Tidewarden/Quotes/Words.txt"},
+      {"Quotes\\Words.txt", "/opt/Tidewarden/Quotes/Words.txt"},
+      {"/home/ann/Words.txt", "/home/ann/Words.txt"},
+  };
+  for (const auto& [stored, file] : cases) {
+    SCOPED_TRACE(stored);
+    Desk desk;
+    desk.Set("QuotesPath", stored);
+    // What lies beside whatever the program was started from is not meant.
+    desk.files.files["Words.txt"] = desk.files.files["words.txt"] = "Other\n";
+    desk.files.files["/Words.txt"] = desk.files.files["/words.txt"] = "Other\n";
+    desk.quote.LoadDailyQuote(kNow);
+    ExpectHidden(desk.quote);
+    desk.files.files[file] = "Mine\n";
+    EXPECT_EQ(desk.Loaded(0), "Mine");
+  }
 }
 
 TEST(DailyQuote, OnWindowsThePathHasBackslashesAndLowerCase) {

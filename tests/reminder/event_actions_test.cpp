@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/memory/memory_ports.h"
@@ -105,6 +106,44 @@ TEST(EventActions, CreateNoFileThatIsMissing) {
   EXPECT_EQ(HideEvent(files, kPath, kDataFolder, {0, "a"}).kind(), StatusKind::kNotFound);
   EXPECT_EQ(DeleteEvent(files, kPath, kDataFolder, {0, "a"}).kind(), StatusKind::kNotFound);
   EXPECT_TRUE(files.files.empty());
+}
+
+// Another program writes the file while a change of the reminder's waits for the disk.
+void WriteMeanwhile(MemoryFileSystem& files, std::vector<std::string> contents) {
+  files.onStaged = [&files, contents = std::move(contents),
+                    next = std::size_t{0}](const std::string& path) mutable {
+    if (path == kPath && next < contents.size()) files.files[kPath] = contents[next++];
+  };
+}
+
+TEST(EventActions, KeepWhatIsWrittenMeanwhile) {
+  struct Case {
+    std::string name;
+    std::vector<std::string> meanwhile;
+    std::string hidden;
+    std::string deleted;
+  };
+  const std::vector<Case> cases{
+      {"a line more", {"a\r\nb\r\nc\r\n"}, "a\r\nb*\r\nc\r\n", "a\r\nc\r\n"},
+      {"a line above", {"x\r\na\r\nb\r\n"}, "x\r\na\r\nb*\r\n", "x\r\na\r\n"},
+      {"twice", {"x\r\na\r\nb\r\n", "b\r\ny\r\n"}, "b*\r\ny\r\n", "y\r\n"},
+      {"the event changes", {"a\r\nB\r\n"}, "a\r\nB\r\n", "a\r\nB\r\n"},
+      {"the event goes", {"a\r\n"}, "a\r\n", "a\r\n"},
+      {"two of them, elsewhere", {"b\r\na\r\nb\r\n"}, "b\r\na\r\nb\r\n", "b\r\na\r\nb\r\n"},
+  };
+  for (const Case& c : cases) {
+    for (const bool hides : {true, false}) {
+      SCOPED_TRACE(c.name);
+      MemoryFileSystem files;
+      files.files[kPath] = "a\r\nb\r\n";
+      WriteMeanwhile(files, c.meanwhile);
+      const ListedEvent event{1, "b"};
+      EXPECT_TRUE((hides ? HideEvent(files, kPath, kDataFolder, event)
+                         : DeleteEvent(files, kPath, kDataFolder, event))
+                      .ok());
+      EXPECT_EQ(files.files[kPath], hides ? c.hidden : c.deleted);
+    }
+  }
 }
 
 }  // namespace

@@ -76,9 +76,9 @@ TEST(ReminderInterruptedSave, AFileThatIsReplacedAtOnceNeedsNoCopies) {
   desk.MenuOn("First");
   EXPECT_EQ(desk.session.HideThis(), WindowChange::kNone);
   EXPECT_EQ(desk.file(), kAfter);
-  // Found, read afresh, replaced, and listed anew.
+  // Read, checked once more when the new content is safe, replaced, and listed anew.
   EXPECT_THAT(desk.files.calls,
-              ElementsAre("read " + kSessionPath, "read " + kSessionPath, "stage " + kSessionPath,
+              ElementsAre("read " + kSessionPath, "stage " + kSessionPath, "read " + kSessionPath,
                           "commit " + kSessionPath, "read " + kSessionPath));
 }
 

@@ -302,6 +302,65 @@ TEST(FailedChanges, AreToldAndLeaveTheFileWhole) {
   }
 }
 
+// Another program adds an event each time that a change waits for the disk.
+void AddMeanwhile(SessionDesk& desk, int times) {
+  desk.files.onStaged = [&desk, times](const std::string& path) mutable {
+    if (path == kSessionPath && times-- > 0) {
+      desk.files.files[path].insert(0, "12.23,Early " + std::to_string(times) + ",7,yearly\r\n");
+    }
+  };
+}
+
+TEST(FailedChanges, WhatAnotherProgramWritesMeanwhileIsKept) {
+  const std::string early = "12.23,Early 0,7,yearly\r\n12.23,Early 1,7,yearly\r\n";
+  for (const bool hides : {true, false}) {
+    SessionDesk desk(kChristmas);
+    desk.Start();
+    AddMeanwhile(desk, 2);
+    desk.MenuOn("Christmas");
+    EXPECT_EQ(hides ? desk.session.HideThis() : desk.session.DeleteThis(), WindowChange::kNone);
+    EXPECT_EQ(desk.file(),
+              hides ? early + std::string(kChristmas).insert(kChristmas.size() - 2, "*") : early);
+    EXPECT_THAT(desk.messages.Texts(), IsEmpty());
+    EXPECT_NE(desk.RowWith("Early 0"), ReminderSession::kNoRow);
+    EXPECT_NE(desk.RowWith("Early 1"), ReminderSession::kNoRow);
+    EXPECT_EQ(desk.RowWith("Christmas"), ReminderSession::kNoRow);
+  }
+}
+
+TEST(FailedChanges, OfAFileThatAnotherProgramChangesEachTimeAreTold) {
+  const std::string early =
+      "12.23,Early 0,7,yearly\r\n12.23,Early 1,7,yearly\r\n12.23,Early 2,7,yearly\r\n";
+  for (const bool hides : {true, false}) {
+    SessionDesk desk(kChristmas);
+    desk.Start();
+    AddMeanwhile(desk, 3);
+    desk.MenuOn("Christmas");
+    EXPECT_EQ(hides ? desk.session.HideThis() : desk.session.DeleteThis(), WindowChange::kNone);
+    EXPECT_EQ(desk.file(), early + kChristmas);
+    EXPECT_THAT(desk.messages.Texts(),
+                ElementsAre("The events file could not be changed:\n/home/ann/dates.txt"));
+    EXPECT_NE(desk.RowWith("Early 2"), ReminderSession::kNoRow);
+    EXPECT_NE(desk.RowWith("Christmas"), ReminderSession::kNoRow);
+  }
+}
+
+TEST(FailedChanges, OfAFileThatIsTidiedShowNoMessage) {
+  const std::string tidied = "12.21,Gone,7,one2014\r\n06.01,Back,7,yearly*\r\n" + kChristmas;
+  SessionDesk desk(tidied);
+  AddMeanwhile(desk, 6);
+  EXPECT_EQ(desk.Load(), WindowChange::kNone);
+  EXPECT_TRUE(desk.file().ends_with(tidied));
+  EXPECT_NE(desk.file().find("Early 0"), std::string::npos);
+  EXPECT_THAT(desk.messages.Texts(), IsEmpty());
+  EXPECT_NE(desk.RowWith("Christmas"), ReminderSession::kNoRow);
+
+  SessionDesk once(tidied);
+  AddMeanwhile(once, 1);
+  EXPECT_EQ(once.Load(), WindowChange::kNone);
+  EXPECT_EQ(once.file(), "12.23,Early 0,7,yearly\r\n06.01,Back,7,yearly\r\n" + kChristmas);
+}
+
 TEST(FailedChanges, AFileThatCannotBeReadIsNotWritten) {
   SessionDesk desk(kChristmas);
   desk.Start();

@@ -79,20 +79,24 @@ TEST(LoadPlacement, ThePrimaryScreenNeedNotBeginAtTheDesktopsOrigin) {
     WindowArea other;
     std::string stored;
     WindowArea first;
+    WindowArea later;
     WindowArea middle;
   };
   const std::vector<Case> cases{
-      // 28800 + 12172 is more than a stored number can be: it is no place at any start.
+      // 28800 + 12172 is more than a stored number can be, and counts as damaged: the marks of that
+      // are the next start's place.
       {"right of another",
        {28800, 0, 28800, 16200},
        {0, 0, 28800, 16200},
-       "40972 7035 4425 2025",
+       "2025 7035 4425 2025",
        {40987, 7087, 4425, 2025},
+       {2025, 7035, 4425, 2025},
        {40987, 7087, 4425, 2025}},
       {"below a gap",
        {0, 16200, 28800, 16200},
        {28800, 0, 28800, 16200},
        "12172 23235 4425 2025",
+       {12172, 23235, 4425, 2025},
        {12172, 23235, 4425, 2025},
        {12187, 23287, 4425, 2025}},
   };
@@ -101,7 +105,7 @@ TEST(LoadPlacement, ThePrimaryScreenNeedNotBeginAtTheDesktopsOrigin) {
     const Screens screens{c.primary, {c.primary, c.other}, true};
     Store store;
     for (int start = 1; start <= 3; ++start) {
-      EXPECT_EQ(LoadWindowPlacement(store, screens).area, c.first);
+      EXPECT_EQ(LoadWindowPlacement(store, screens).area, start == 1 ? c.first : c.later);
       EXPECT_EQ(store.Stored(), c.stored);
     }
     Store maximized;
@@ -110,6 +114,10 @@ TEST(LoadPlacement, ThePrimaryScreenNeedNotBeginAtTheDesktopsOrigin) {
     Store damaged;
     damaged.Set("1500", "3000", "abc", "4500");
     EXPECT_EQ(LoadWindowPlacement(damaged, screens).area, c.middle);
+    EXPECT_EQ(damaged.leftWrites,
+              (std::vector<std::string>{std::to_string(c.middle.left), std::to_string(c.middle.top),
+                                        "4425", "2025"}));
+    EXPECT_EQ(damaged.Stored(), "2025 3000 abc 4500");
   }
 }
 

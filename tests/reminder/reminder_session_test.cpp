@@ -137,6 +137,23 @@ TEST(NewDay, FetchesAWindowThatCannotBeSeenUnlessTheEditorStandsBeforeIt) {
   }
 }
 
+TEST(NewDay, ShowsTheWindowBeforeTheListIsBuiltAndAnythingIsSaid) {
+  SessionDesk desk(kChristmas);
+  desk.Start();
+  ASSERT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kHide);
+  desk.files.files.clear();
+  desk.log.clear();
+  EXPECT_EQ(desk.TickAt(2014, 12, 23, 0, 0, WindowState::kMinimized), WindowChange::kPopUp);
+  std::erase_if(desk.log, [](const std::string& entry) {
+    return !entry.starts_with("icon") && entry != "pops up" && !entry.starts_with("open") &&
+           !entry.starts_with("box");
+  });
+  ASSERT_EQ(desk.log.size(), 4U);
+  EXPECT_THAT(Log(desk.log.begin(), desk.log.begin() + 3),
+              ElementsAre("icon goes", "pops up", "open /home/ann/dates.txt"));
+  EXPECT_EQ(desk.session.dateLabel(), "12/23/2014");
+}
+
 TEST(NewDay, EndsTheProgramWhenNothingIsInRangeAnyMore) {
   SessionDesk desk(kChristmas);
   desk.Set("Options", "ShowOnlyIfEventsInRange", "True");

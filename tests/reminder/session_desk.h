@@ -266,11 +266,15 @@ class SessionDesk {
   void SetNow(int year, int month, int day, int hour, int minute) {
     clock.now = {On(year, month, day), hour, minute, 0};
   }
-  // A tick at this moment.
+  // A tick at this moment, and what the window makes of it ("pops up").
   WindowChange TickAt(int year, int month, int day, int hour, int minute,
                       WindowState window = WindowState::kNormal) {
     SetNow(year, month, day, hour, minute);
-    return session.Tick(window);
+    const WindowChange change = session.Tick(window);
+    if (change != WindowChange::kPopUp) return change;
+    log.emplace_back("pops up");
+    const WindowChange next = session.StartNewDay();
+    return next == WindowChange::kNone ? change : next;
   }
 
   [[nodiscard]] Log List() const { return {session.List1().begin(), session.List1().end()}; }

@@ -283,7 +283,8 @@ void FrmAlarmTest::takesASkin() {
   QVERIFY(message.isValid());
   QVERIFY(isLight);
   QCOMPARE(world.Find<QLabel>("lblAlarmMessage")->font().pointSize(), 8);
-  world.window.ApplySkin(QString());
+  world.window.ApplySkin(QStringLiteral("#Picture1 { background: #102030; } #Picture1"));
+  QCOMPARE(world.window.styleSheet(), QString());
   QVERIFY(world.Find<QWidget>("Picture1")->grab().toImage().pixelColor(empty) !=
           QColor(0x10, 0x20, 0x30));
 }

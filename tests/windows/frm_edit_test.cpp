@@ -302,6 +302,12 @@ void FrmEditTest::wearsASkinWhenTheUserWantsOne() {
   unwanted.Open();
   QVERIFY(unwanted.Window().styleSheet().isEmpty());
   QCOMPARE(unwanted.Button("cmdAdd")->y(), Pixels(4845 - 1395));
+
+  EditWindowDesk unreadable(kEvents);
+  unreadable.Window(QStringLiteral("QLabel { color: #102030; } QLabel {"));
+  unreadable.Open();
+  QVERIFY(unreadable.Window().styleSheet().isEmpty());
+  QCOMPARE(unreadable.Button("cmdAdd")->y(), Pixels(4845 - 1395));
 }
 
 void FrmEditTest::keepsItsGlyphsUnderEverySkin() {

@@ -116,6 +116,7 @@ class FrmReminderLooksTest : public QObject {
   void showsNoSkinWithoutTheFileOrTheWish();
   void theOrangeButtonIsRoundAndOrange_data();
   void theOrangeButtonIsRoundAndOrange();
+  void aSkinThatNamesTheOrangeButtonDressesIt();
   void theOrangeButtonShowsTheKeyboard();
   void fewRowsAreNotHiddenByABar();
   void tellsTheWholeOfARowThatIsCut();
@@ -304,6 +305,9 @@ void FrmReminderLooksTest::showsNoSkinWithoutTheFileOrTheWish_data() {
   QTest::newRow("no file") << QByteArray("True") << QByteArray();
   QTest::newRow("no wish") << QByteArray("FALSE") << QByteArray("QWidget { color: red; }");
   QTest::newRow("no text") << QByteArray("True") << QByteArray("QWidget { color: red; }\0", 24);
+  QTest::newRow("no sheet") << QByteArray("True") << QByteArray("Dear diary, today");
+  QTest::newRow("half a sheet") << QByteArray("True")
+                                << QByteArray("QWidget { color: red; } #List1 { color");
 }
 
 void FrmReminderLooksTest::showsNoSkinWithoutTheFileOrTheWish() {
@@ -315,19 +319,28 @@ void FrmReminderLooksTest::showsNoSkinWithoutTheFileOrTheWish() {
   desk.Start();
   QCOMPARE(desk.window->styleSheet(), QString());
   QVERIFY(desk.world.messages.shown.empty());
+  const auto* const button = Find<QToolButton>(*desk.window, "cmdTray");
+  const QImage picture = desk.window->grab(button->geometry()).toImage();
+  QCOMPARE(ColourAt(picture, {4, 10}), QColor(0xf3, 0x9a, 0x35));
 }
 
 void FrmReminderLooksTest::theOrangeButtonIsRoundAndOrange_data() {
-  QTest::addColumn<bool>("skinned");
-  QTest::newRow("plain") << false;
-  QTest::newRow("skinned") << true;
+  QTest::addColumn<QByteArray>("skin");
+  QTest::newRow("plain") << QByteArray();
+  QTest::newRow("skinned") << QByteArray::fromStdString(SkinOfTheProgram());
+  QTest::newRow("another skin") << QByteArray("QPushButton { color: #102030; }");
+  QTest::newRow("a skin with other buttons") << QByteArray(
+      "QToolButton, QToolButton:hover { background: #00ff00; border: none;"
+      " border-radius: 0; margin: 3px; padding: 9px; min-width: 90px;"
+      " max-height: 9px; }");
 }
 
 void FrmReminderLooksTest::theOrangeButtonIsRoundAndOrange() {
-  QFETCH(bool, skinned);
+  QFETCH(QByteArray, skin);
   Desk desk;
-  if (skinned) desk.world.files.files[kSkinPath] = SkinOfTheProgram();
+  if (!skin.isEmpty()) desk.world.files.files[kSkinPath] = skin.toStdString();
   desk.Start();
+  QCOMPARE(desk.window->styleSheet(), QString::fromUtf8(skin));
   const auto* const button = Find<QToolButton>(*desk.window, "cmdTray");
   QCOMPARE(button->size(), QSize(20, 20));
   const QImage picture = desk.window->grab(button->geometry()).toImage();
@@ -337,6 +350,16 @@ void FrmReminderLooksTest::theOrangeButtonIsRoundAndOrange() {
   // Left of the arrow, inside the rim.
   QCOMPARE(ColourAt(picture, {4, 10}), QColor(0xf3, 0x9a, 0x35));
   QVERIFY(Contains(picture, QColor(0x2b, 0x15, 0x00)));
+}
+
+void FrmReminderLooksTest::aSkinThatNamesTheOrangeButtonDressesIt() {
+  Desk desk;
+  desk.world.files.files[kSkinPath] = "#cmdTray { background: #00ff00; border: none; }";
+  desk.Start();
+  const auto* const button = Find<QToolButton>(*desk.window, "cmdTray");
+  const QImage picture = desk.window->grab(button->geometry()).toImage();
+  QCOMPARE(ColourAt(picture, {4, 10}), QColor(0x00, 0xff, 0x00));
+  QCOMPARE(ColourAt(picture, {0, 0}), QColor(0x00, 0xff, 0x00));
 }
 
 void FrmReminderLooksTest::theOrangeButtonShowsTheKeyboard() {

@@ -46,6 +46,8 @@ class FrmReminderTrayTest : public QObject {
   void staysInTheTaskListWithoutATray();
   void comesOutWhenTheTrayVanishes();
   void popsUpOnANewDay();
+  void popsUpOnANewDayBeforeAnythingIsSaid();
+  void endsOnANewDayWithNothingToShow();
   void popsUpInNormalSizeWhenItWasMaximized();
   void aVisibleWindowIsOnlyRebuiltOnANewDay();
   void waitsForTheHourOfTheNewDay();
@@ -156,6 +158,39 @@ void FrmReminderTrayTest::popsUpOnANewDay() {
   desk.SendToTray();
   desk.window->RestoreFromTray();
   QVERIFY(desk.window->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+void FrmReminderTrayTest::popsUpOnANewDayBeforeAnythingIsSaid() {
+  Desk desk;
+  desk.Start();
+  desk.SendToTray();
+  desk.world.files.files.clear();
+  bool wasThere = false;
+  bool hadIcon = true;
+  desk.world.messages.whileOpen = [&] {
+    wasThere = desk.window->isVisible() && !desk.window->isMinimized() &&
+               desk.window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    hadIcon = desk.world.session.tIcon().Visible();
+  };
+  desk.world.TickOn(*desk.window, MakeDate(2014, 12, 23));
+  QCOMPARE(desk.world.messages.shown.size(), std::size_t{1});
+  QVERIFY(wasThere);
+  QVERIFY(!hadIcon);
+  QVERIFY(RowWith(*desk.window, "12/23/2014   <TODAY>") >= 0);
+}
+
+void FrmReminderTrayTest::endsOnANewDayWithNothingToShow() {
+  Desk desk;
+  desk.world.Set("Options", "ShowOnlyIfEventsInRange", "True");
+  desk.Start();
+  desk.SendToTray();
+  int ended = 0;
+  connect(desk.window.get(), &frmReminder::Ended, this, [&] { ++ended; });
+  desk.world.TickOn(*desk.window, MakeDate(2015, 3, 1));
+  QCOMPARE(ended, 1);
+  QVERIFY(!desk.window->isVisible());
+  QVERIFY(!Find<QTimer>(*desk.window, "tmrAlarm")->isActive());
+  QVERIFY(!Find<QTimer>(*desk.window, "tmrMinute")->isActive());
 }
 
 void FrmReminderTrayTest::popsUpInNormalSizeWhenItWasMaximized() {

@@ -187,12 +187,15 @@ void QtNotificationAreaTest::tellsWhenATrayAppearsLater() {
   Search(world.area)->setInterval(1);
   world.icon.Visible(true);
   QVERIFY(Search(world.area)->isActive());
+  world.icon.Tooltip("later");
   QTest::qWait(20);
   QCOMPARE(appeared, 0);
-  QVERIFY(!QtIcon(world.area)->isVisible());
+  QVERIFY2(QtIcon(world.area) == nullptr, "Qt was asked for a tray before there was one");
   world.hasTray = true;
   QTRY_COMPARE(appeared, 1);
   QVERIFY(QtIcon(world.area)->isVisible());
+  QCOMPARE(QtIcon(world.area)->toolTip(), QStringLiteral("later"));
+  QCOMPARE(ColorOf(QtIcon(world.area)->icon()), QColor(Qt::red).rgb());
   QVERIFY(!Search(world.area)->isActive());
   QTest::qWait(20);
   QCOMPARE(appeared, 1);
