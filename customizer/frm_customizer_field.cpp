@@ -195,7 +195,6 @@ QPushButton* OptionField::AddButton(const QString& name, const QString& caption,
   auto* const button = new QPushButton(caption, this);
   button->setObjectName(name);
   button->setAccessibleName(accessibleName);
-  button->setAutoDefault(false);
   const bool endsInStretch = row_->itemAt(row_->count() - 1)->spacerItem() != nullptr;
   row_->insertWidget(row_->count() - (endsInStretch ? 1 : 0), button);
   return button;

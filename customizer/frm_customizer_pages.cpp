@@ -165,7 +165,6 @@ void frmCustomizer::MakeButtons() {
     auto* const button = new QPushButton(caption, this);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(accessible);
-    button->setAutoDefault(false);
     button->setMinimumHeight(kButtonHeight);
     return button;
   };
@@ -176,6 +175,7 @@ void frmCustomizer::MakeButtons() {
   lblStatus->setTextFormat(Qt::PlainText);
   lblStatus->setWordWrap(true);
   cmdOk = make("cmdOk", tr("OK"), tr("Save and close"));
+  // Every other button takes the Return key over for as long as it has the focus.
   cmdOk->setDefault(true);
   cmdCancel = make("cmdCancel", tr("Cancel"), tr("Close without saving"));
   cmdApply = make("cmdApply", tr("&Apply"), tr("Save and go on"));

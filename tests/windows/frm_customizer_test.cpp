@@ -116,6 +116,8 @@ class FrmCustomizerTest : public QObject {
   void escapeAsksBeforeChangesAreLost();
   void aLogoutAsksNothing();
   void aFailedSaveKeepsTheWindow();
+  void enterPressesTheButtonThatHasTheFocus();
+  void enterElsewhereMeansOk();
   void keysReachEveryControlInTheOrderOfReading();
   void keysTurnThePages();
   void everyControlHasAName();
@@ -475,6 +477,68 @@ void FrmCustomizerTest::aFailedSaveKeepsTheWindow() {
            (std::vector<std::string>{"Nothing has been saved: the disk is full."}));
   QCOMPARE(desk.Label("lblStatus"), QString());
   QVERIFY(desk.The<QCheckBox>("chkShowLessThan")->isChecked());
+}
+
+void FrmCustomizerTest::enterPressesTheButtonThatHasTheFocus() {
+  int tried = 0;
+  for (const PageName& page : AllPages()) {
+    Desk names;
+    names.Open().ShowPage(page.page);
+    QStringList buttons;
+    for (const auto* const button : names.window->findChildren<QPushButton*>()) {
+      if (button->isVisible()) buttons << button->objectName();
+    }
+    for (const QString& name : buttons) {
+      for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        Desk desk;
+        desk.session().StartReminder = [] { return true; };
+        desk.session().SetOn(IndexOfOption("ShowLessThan"), true);
+        desk.Open().ShowPage(page.page);
+        desk.window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(desk.window.get()));
+        QStringList pressed;
+        for (const auto* const button : desk.window->findChildren<QPushButton*>()) {
+          connect(button, &QPushButton::clicked, this,
+                  [&pressed, button] { pressed << button->objectName(); });
+        }
+        // A dialog of colours or files is sent away again.
+        QTimer::singleShot(0, desk.window.get(), [] {
+          if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            dialog->reject();
+          }
+        });
+        auto* const button = desk.The<QPushButton>(name.toLatin1());
+        button->setFocus(Qt::TabFocusReason);
+        QVERIFY2(button->hasFocus(), qPrintable(name));
+        QTest::keyClick(button, key);
+        QCOMPARE(pressed, QStringList{name});
+        const bool saves = name == u"cmdOk" || name == u"cmdApply" || name == u"cmdReminder";
+        QVERIFY2((desk.settings.At("Options", "ShowLessThan") == "True") == saves,
+                 qPrintable(name));
+        ++tried;
+      }
+    }
+  }
+  // Four at the foot of each of seven pages; two for colours, three for a sound, two for files.
+  QCOMPARE(tried, 2 * (7 * 4 + 2 + 3 + 2));
+}
+
+void FrmCustomizerTest::enterElsewhereMeansOk() {
+  for (const char* const name : {"chkShowLessThan", "txtTitlebarText", "cmbShowDayOfWeek"}) {
+    Desk desk;
+    desk.Open();
+    desk.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(desk.window.get()));
+    // From a button the mark of the Return key goes back to OK.
+    desk.The<QPushButton>("cmdCancel")->setFocus(Qt::TabFocusReason);
+    QVERIFY(!desk.The<QPushButton>("cmdOk")->isDefault());
+    auto* const control = desk.The<QWidget>(name);
+    control->setFocus(Qt::TabFocusReason);
+    QVERIFY2(desk.The<QPushButton>("cmdOk")->isDefault(), name);
+    QTest::keyClick(control, Qt::Key_Return);
+    QVERIFY2(desk.window->isHidden(), name);
+    QCOMPARE(desk.Word(), QStringLiteral("false"));
+  }
 }
 
 void FrmCustomizerTest::keysReachEveryControlInTheOrderOfReading() {
