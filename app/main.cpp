@@ -9,7 +9,12 @@
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  PrepareDesktop(argc, argv, WindowPlaces::kProgram);
+  if (!PrepareDesktop(argc, argv, WindowPlaces::kProgram)) {
+    Complain(
+        "there is no display to open a window on; tidewarden-cli list prints the reminders without "
+        "one");
+    return kNoDisplay;
+  }
   QApplication app(argc, argv);
   SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));

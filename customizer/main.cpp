@@ -19,7 +19,6 @@
 #include "dates/regional_text.h"
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
-#include "platform/qt/display.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/window_picture.h"
@@ -228,8 +227,7 @@ class Customizer {
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  PrepareDesktop(argc, argv, WindowPlaces::kDesktop);
-  if (!HasDisplay()) {
+  if (!PrepareDesktop(argc, argv, WindowPlaces::kDesktop)) {
     Complain(
         "there is no display to open a window on; man tidewarden-settings tells how to write the "
         "settings yourself");

@@ -52,14 +52,14 @@ int Run(const Arguments& arguments, const Guide& guide) {
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  const bool onlyTells = OnlyTells(argc, argv);
-  if (!onlyTells && !HasDisplay()) {
+  const bool worksOffscreen = WorksOffscreen(argc, argv);
+  if (!worksOffscreen && !HasDisplay()) {
     Complain(QStringLiteral(
         "there is no display to open a window on; the manual pages tell the same: man tidewarden, "
         "man tidewarden-cli, man tidewarden-dates, man tidewarden-settings"));
     return kNoDisplay;
   }
-  if (onlyTells && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+  if (worksOffscreen && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
   const QApplication app(argc, argv);
