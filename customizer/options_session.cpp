@@ -93,7 +93,8 @@ PathSurroundings OptionsSession::Paths() const {
 }
 
 PreviewPorts OptionsSession::ForPreview() const {
-  return {ports_.files, ports_.examples, ports_.clock, ports_.formats, ports_.messages};
+  return {ports_.files,   ports_.examples, ports_.clock,
+          ports_.formats, ports_.messages, ports_.folders};
 }
 
 DraftSettings OptionsSession::Draft() const {

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalSpy>
@@ -246,6 +247,11 @@ void FrmCustomizerTest::thePreviewFollows() {
   QVERIFY(desk.The<QLabel>("lblPreviewDate")->isVisible());
   desk.Click("chkShowTodaysDateBeneathReminders");
   QVERIFY(!desk.The<QLabel>("lblPreviewDate")->isVisible());
+  auto* const quote = desk.The<QPlainTextEdit>("txtPreviewQuote");
+  QVERIFY(!quote->isVisible());
+  desk.Click("chkShowDailyQuotes");
+  QVERIFY(quote->isVisible());
+  QCOMPARE(quote->toPlainText(), QStringLiteral("One"));
 
   desk.window->ShowPage(OptionPage::kLooks);
   Pick(desk.The<QComboBox>("cmbReminderListColors"), QStringLiteral("Blue"));
@@ -257,6 +263,7 @@ void FrmCustomizerTest::thePreviewFollows() {
   QCOMPARE(picture.pixelColor(picture.width() - 3, picture.height() - 3), QColor(0, 0, 0x99));
   QCOMPARE(list->font().pointSize(), 20);
   QVERIFY(list->font().bold());
+  QCOMPARE(quote->font().pointSize(), 20);
 
   desk.window->ShowPage(OptionPage::kAlarms);
   QVERIFY(!list->isVisible());
