@@ -13,6 +13,7 @@
 #include "customizer/frm_customizer_field.h"
 #include "customizer/frm_customizer_preview.h"
 #include "customizer/options_session.h"
+#include "reminder/frm_first_size.h"
 
 namespace tidewarden {
 namespace {
@@ -21,6 +22,7 @@ constexpr int kBetweenOptions = 12;
 constexpr int kAboveGroup = 10;
 constexpr int kBetweenPages = 3;
 constexpr int kPageMargin = 12;
+constexpr int kLeastPageHeight = 220;
 constexpr int kButtonHeight = 28;
 constexpr int kButtonWidth = 76;
 constexpr QSize kFirstSize{760, 640};
@@ -47,6 +49,9 @@ void frmCustomizer::MakePages() {
   lstPages->setAccessibleName(tr("Kinds of options"));
   stkPages = new QStackedWidget(this);
   stkPages->setObjectName(QStringLiteral("stkPages"));
+  // A page scrolls; what is below it keeps its height for as long as there is room.
+  stkPages->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+  stkPages->setMinimumHeight(kLeastPageHeight);
   fields_.assign(AllOptions().size(), nullptr);
   for (const PageName& page : AllPages()) {
     lstPages->addItem(TextOf(page.heading));
@@ -198,7 +203,7 @@ void frmCustomizer::Arrange() {
   window->addLayout(pages, 1);
   window->addWidget(pnlPreview);
   window->addLayout(buttons);
-  resize(kFirstSize.expandedTo(minimumSizeHint()));
+  resize(FirstSize(*this, kFirstSize).expandedTo(minimumSizeHint()));
 }
 
 }  // namespace tidewarden

@@ -15,6 +15,7 @@
 #include "guide/frm_docs_page.h"
 #include "guide/frm_docs_rows.h"
 #include "guide/frm_docs_text.h"
+#include "reminder/frm_first_size.h"
 
 namespace tidewarden {
 namespace {
@@ -50,7 +51,7 @@ frmDocs::frmDocs(DocsSession& session, QWidget* parent)
       txtText(new DocsText(this)) {
   setObjectName(QStringLiteral("frmDocs"));
   setMinimumSize(kLeastSize);
-  resize(kSize);
+  resize(FirstSize(*this, kSize));
   SetUpControls();
   SetUpKeys();
   LayOut();
@@ -163,7 +164,7 @@ void frmDocs::LayOut() {
   halves->addWidget(left);
   halves->addWidget(txtText);
   halves->setStretchFactor(1, 1);
-  halves->setSizes({kListWidth, kSize.width() - kListWidth});
+  halves->setSizes({kListWidth, width() - kListWidth});
   halves->setChildrenCollapsible(false);
 
   auto* const all = new QVBoxLayout(this);

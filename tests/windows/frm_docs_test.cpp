@@ -36,11 +36,15 @@ QString TextWithoutPictures(const Block& block) {
   return text;
 }
 
+// The screen of the tests is smaller than those of people.
+constexpr QSize kSizeOnALargeScreen{1000, 700};
+
 // The window on the shipped guide.
 struct HelpDesk {
   explicit HelpDesk(const char* topic = "index")
       : session(TheGuide()), began(session.Begin(topic)), window(session) {
     window.OpenOutside = [this](const QString& address) { opened.append(address); };
+    window.resize(kSizeOnALargeScreen);
     window.show();
     QVERIFY2(QTest::qWaitForWindowActive(&window), "the window does not come up");
     QTest::qWait(20);  // until it has scrolled
