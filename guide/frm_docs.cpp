@@ -274,6 +274,7 @@ void frmDocs::RenderText() {
     font.setPointSizeF(QFontInfo(font).pointSizeF() * session_.zoom() / 100);
     txtText->document()->setDefaultFont(font);
     FillPage(*txtText->document(), session_.topic().markdown, txtText->palette());
+    txtText->FitPictures();
     shownTopic_ = session_.place().topic;
     shownZoom_ = session_.zoom();
     txtText->setAccessibleName(QString::fromStdString(session_.topic().title));

@@ -2,8 +2,10 @@
 // The screen is the one that the platform of the test is set up with.
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTextBrowser>
 
 #include "customizer/frm_customizer.h"
 #include "guide/frm_docs.h"
@@ -91,6 +93,13 @@ void FirstSizeTest::theGuideFitsOnTheScreen() {
   window.show();
   QVERIFY(QTest::qWaitForWindowExposed(&window));
   QVERIFY2(FitsInto(window.size(), Room()), qPrintable(Told(window.size())));
+  const auto* const text = window.findChild<QTextBrowser*>(QStringLiteral("txtText"));
+  for (const GuideTopic& topic : guide.topics()) {
+    session.Open(topic.name);
+    window.Render();
+    QTest::qWait(0);
+    QVERIFY2(text->horizontalScrollBar()->maximum() == 0, topic.name.c_str());
+  }
 }
 
 }  // namespace tidewarden

@@ -10,6 +10,8 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
+#include <algorithm>
+#include <cmath>
 
 #include "guide/frm_docs.h"
 #include "guide/frm_docs_page.h"
@@ -103,6 +105,8 @@ class FrmDocsTest : public QObject {
   void beginsAtATopicAndItsHeading();
   void showsEveryTopicAsItIsWritten();
   void showsEveryPicture();
+  void noPageScrollsSideways();
+  void picturesAreAsWideAsThereIsRoom();
   void opensATopicFromTheList();
   void followsLinksInsideTheGuide();
   void leavesWebPagesToTheDesktopAndNothingElse();
@@ -179,6 +183,57 @@ void FrmDocsTest::showsEveryPicture() {
     }
   }
   QVERIFY(pictures >= 5);
+}
+
+void FrmDocsTest::noPageScrollsSideways() {
+  for (const GuideTopic& topic : TheGuide().topics()) {
+    const HelpDesk desk(topic.name.c_str());
+    const auto* const text = desk.Find<QTextBrowser>("txtText");
+    QVERIFY2(text->horizontalScrollBar()->maximum() == 0, topic.name.c_str());
+  }
+}
+
+// The picture of the options is the widest one: 760 pixels and the frame of the window.
+void FrmDocsTest::picturesAreAsWideAsThereIsRoom() {
+  HelpDesk desk("options");
+  auto* const text = desk.Find<QTextBrowser>("txtText");
+  const auto picture = [text] {
+    for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next()) {
+      for (auto it = block.begin(); !it.atEnd(); ++it) {
+        if (it.fragment().charFormat().isImageFormat()) {
+          return it.fragment().charFormat().toImageFormat();
+        }
+      }
+    }
+    return QTextImageFormat();
+  };
+  const QSizeF natural = QImage(QStringLiteral(":/guide/options.png")).size();
+  QVERIFY(natural.width() > 750);
+  const auto looksRight = [&] {
+    const QTextImageFormat shown = picture();
+    return std::abs(shown.height() / shown.width() - natural.height() / natural.width()) < 0.01;
+  };
+  for (const int width : {1000, 640, 1000}) {
+    desk.window.resize(width, 700);
+    QTest::qWait(20);
+    const double room = text->viewport()->width() - 2 * text->document()->documentMargin();
+    QVERIFY(picture().width() <= room);
+    QVERIFY(picture().width() > room - 40);
+    QVERIFY(looksRight());
+  }
+  // More room makes it no larger than it is.
+  desk.window.resize(1600, 700);
+  QTest::qWait(20);
+  QCOMPARE(picture().width(), natural.width());
+  QVERIFY(looksRight());
+  // What it is scaled to is drawn as it is: lines and letters keep their edges.
+  desk.window.resize(1000, 700);
+  QTest::qWait(20);
+  const QVariant scaled =
+      text->document()->resource(QTextDocument::ImageResource, QUrl(picture().name()));
+  QCOMPARE(scaled.value<QImage>().width(),
+           std::min(natural.toSize().width(),
+                    qRound(picture().width() * desk.window.devicePixelRatioF())));
 }
 
 void FrmDocsTest::opensATopicFromTheList() {
