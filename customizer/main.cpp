@@ -237,7 +237,6 @@ int main(int argc, char** argv) {
   SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("customizer"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
-  QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidewarden"));
   QGuiApplication::setDesktopFileName(QStringLiteral("customizer"));
   // The window tells itself when it has gone; a message box before it is not the last.
   QApplication::setQuitOnLastWindowClosed(false);
