@@ -48,7 +48,9 @@ std::string DefaultWords(const Option& option, const PathSurroundings& paths) {
   const std::span<const Choice> choices =
       option.kind == OptionKind::kColours ? ColourNames() : option.choices;
   for (const Choice& choice : choices) {
-    if (choice.stored == text) return ToLower(choice.label);
+    if (choice.stored == text) {
+      return ToLower(choice.label.substr(0, 1)).append(choice.label.substr(1));
+    }
   }
   return text;
 }

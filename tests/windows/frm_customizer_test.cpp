@@ -98,6 +98,8 @@ class FrmCustomizerTest : public QObject {
 
  private Q_SLOTS:
   void showsEveryOptionByItsName();
+  void everyHelpStandsOnOneLine_data();
+  void everyHelpStandsOnOneLine();
   void cancelChangesNothing();
   void okSavesAndCloses();
   void applySavesAndStays();
@@ -150,6 +152,35 @@ void FrmCustomizerTest::showsEveryOptionByItsName() {
            QStringLiteral("Your Tidewarden Upcoming Events"));
   QVERIFY(desk.The<QCheckBox>("chkUseSkin")->isChecked());
   QVERIFY(!desk.The<QCheckBox>("chkShowLessThan")->isChecked());
+}
+
+void FrmCustomizerTest::everyHelpStandsOnOneLine_data() {
+  QTest::addColumn<bool>("skin");
+  QTest::newRow("skin") << true;
+  QTest::newRow("plain") << false;
+}
+
+// In the size in which the window comes up. Where a file is meant, the path of the default may be
+// long.
+void FrmCustomizerTest::everyHelpStandsOnOneLine() {
+  QFETCH(bool, skin);
+  Desk desk;
+  desk.files.files[test::kSkinPath] = SkinOfTheProgram();
+  desk.Set("Options", "UseSkin", skin ? "True" : "False");
+  desk.Open();
+  for (const Option& option : AllOptions()) {
+    if (option.kind == OptionKind::kSoundFile || option.kind == OptionKind::kEventsFile ||
+        option.kind == OptionKind::kQuotesFile) {
+      continue;
+    }
+    const QString name =
+        QString::fromUtf8(NameOf(option).data(), static_cast<qsizetype>(NameOf(option).size()));
+    desk.window->ShowPage(option.page);
+    QTest::qWait(0);
+    const auto* const help = desk.window->findChild<QLabel*>(QStringLiteral("lbl%1Help").arg(name));
+    const int lines = help->heightForWidth(help->width()) / help->fontMetrics().lineSpacing();
+    QVERIFY2(lines == 1, qPrintable(help->text()));
+  }
 }
 
 void FrmCustomizerTest::cancelChangesNothing() {
