@@ -4,6 +4,7 @@
 #include "app/arguments.h"
 #include "app/desktop.h"
 #include "app/system_adapters.h"
+#include "platform/qt/box_outline.h"
 #include "platform/qt/program_icon.h"
 #include "tidewarden_version.h"
 
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
   }
   QApplication app(argc, argv);
   SettleDesktop(app);
+  OutlineCheckBoxes(app);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));

@@ -19,6 +19,7 @@
 #include "dates/regional_text.h"
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
+#include "platform/qt/box_outline.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/window_picture.h"
@@ -235,6 +236,7 @@ int main(int argc, char** argv) {
   }
   QApplication app(argc, argv);
   SettleDesktop(app);
+  OutlineCheckBoxes(app);
   QCoreApplication::setApplicationName(QStringLiteral("customizer"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("customizer"));
