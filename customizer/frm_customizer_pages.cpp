@@ -21,7 +21,7 @@ namespace {
 constexpr int kBetweenOptions = 12;
 constexpr int kAboveGroup = 10;
 constexpr int kBetweenPages = 3;
-constexpr int kPageMargin = 12;
+constexpr int kPageMargin = 12;  // with the field's own
 constexpr int kLeastPageHeight = 220;
 constexpr int kButtonHeight = 28;
 constexpr int kButtonWidth = 76;
@@ -34,6 +34,7 @@ QString TextOf(std::string_view text) {
 QLabel* MakeHeading(const QString& text, double size, QWidget* parent) {
   auto* const label = new QLabel(text, parent);
   label->setTextFormat(Qt::PlainText);
+  label->setContentsMargins(kFieldMargin, 0, 0, 0);
   QFont font = label->font();
   font.setBold(true);
   font.setPointSizeF(font.pointSizeF() * size);
@@ -73,7 +74,7 @@ void frmCustomizer::MakePage(OptionPage page) {
   scroll->setFocusPolicy(Qt::NoFocus);
   auto* const content = new QWidget(scroll);
   auto* const column = new QVBoxLayout(content);
-  column->setContentsMargins(kPageMargin, 0, kPageMargin, 0);
+  column->setContentsMargins(kPageMargin - kFieldMargin, 0, kPageMargin, 0);
   column->setSpacing(kBetweenOptions);
   const QString heading = TextOf(AllPages()[static_cast<std::size_t>(page)].heading);
   scroll->setAccessibleName(heading);

@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QStackedWidget>
+#include <QStyleOptionButton>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -118,6 +119,7 @@ class FrmCustomizerTest : public QObject {
   void helpOpensTheGuide();
   void escapeAsksBeforeChangesAreLost();
   void aLogoutAsksNothing();
+  void mayGoWhileABoxHasTheFocus();
   void aFailedSaveKeepsTheWindow();
   void enterPressesTheButtonThatHasTheFocus();
   void enterElsewhereMeansOk();
@@ -128,6 +130,8 @@ class FrmCustomizerTest : public QObject {
   void textsAreShownAsTheyAre();
   void textsStandOutFromEveryDesktop_data();
   void textsStandOutFromEveryDesktop();
+  void everythingOfAPageBeginsOnOneLine_data();
+  void everythingOfAPageBeginsOnOneLine();
   void nothingIsCut_data();
   void nothingIsCut();
 };
@@ -503,6 +507,15 @@ void FrmCustomizerTest::aLogoutAsksNothing() {
   QCOMPARE(desk.Word(), QStringLiteral("false"));
 }
 
+void FrmCustomizerTest::mayGoWhileABoxHasTheFocus() {
+  Desk desk;
+  desk.Open();
+  desk.Enter("txtTitlebarText", "Mine");
+  QVERIFY(desk.The<QLineEdit>("txtTitlebarText")->hasFocus());
+  desk.window.reset();
+  QCOMPARE(desk.Text("TitlebarText"), std::string("Mine"));
+}
+
 void FrmCustomizerTest::aFailedSaveKeepsTheWindow() {
   Desk desk;
   desk.reminder.anotherRuns = true;
@@ -692,6 +705,54 @@ void FrmCustomizerTest::textsStandOutFromEveryDesktop() {
     QVERIFY2(Contrast(color, window) >= 4.5, name);
   }
   QVERIFY(desk.The<QLabel>("lblLevelsOfBackupNote")->palette().color(QPalette::WindowText) != text);
+}
+
+void FrmCustomizerTest::everythingOfAPageBeginsOnOneLine_data() {
+  QTest::addColumn<bool>("skin");
+  QTest::newRow("skin") << true;
+  QTest::newRow("plain") << false;
+}
+
+// Boxes, labels, fields and headings. Also after the skin has been turned on and off.
+void FrmCustomizerTest::everythingOfAPageBeginsOnOneLine() {
+  QFETCH(bool, skin);
+  Desk desk;
+  desk.files.files[test::kSkinPath] = SkinOfTheProgram();
+  desk.Set("Options", "UseSkin", skin ? "False" : "True");
+  desk.Open().ShowPage(OptionPage::kLooks);
+  desk.Click("chkUseSkin");
+  int looked = 0;
+  for (const PageName& page : AllPages()) {
+    desk.window->ShowPage(page.page);
+    QTest::qWait(0);
+    const auto* const scroll =
+        qobject_cast<QScrollArea*>(desk.The<QStackedWidget>("stkPages")->currentWidget());
+    for (auto* const widget : scroll->widget()->findChildren<QWidget*>()) {
+      int left = widget->contentsMargins().left();
+      if (const auto* const check = qobject_cast<QCheckBox*>(widget)) {
+        QStyleOptionButton option;
+        option.initFrom(check);
+        left = check->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, check).left();
+      } else if (qobject_cast<QLabel*>(widget) != nullptr) {
+        // What tells about a box stands below the words of the box.
+        const QString option = widget->objectName().mid(3).remove(QStringLiteral("Help"));
+        const bool isHelp = widget->objectName().endsWith(u"Help");
+        if (isHelp && desk.window->findChild<QCheckBox*>(QStringLiteral("chk") + option)) continue;
+      } else if (qobject_cast<QLineEdit*>(widget) != nullptr) {
+        if (qobject_cast<QComboBox*>(widget->parentWidget()) != nullptr) continue;
+        left = 0;
+      } else if (qobject_cast<QComboBox*>(widget) != nullptr) {
+        left = 0;
+      } else {
+        continue;
+      }
+      if (!widget->isVisible()) continue;
+      const int x = widget->mapTo(scroll->widget(), QPoint(left, 0)).x();
+      QVERIFY2(x == 12, qPrintable(QStringLiteral("%1 %2").arg(widget->objectName()).arg(x)));
+      ++looked;
+    }
+  }
+  QVERIFY(looked > 80);
 }
 
 void FrmCustomizerTest::nothingIsCut_data() {
