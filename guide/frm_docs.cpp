@@ -118,6 +118,13 @@ void frmDocs::SetUpControls() {
   });
 }
 
+void frmDocs::ApplySkin(const QString& styleSheet) {
+  setStyleSheet(styleSheet);
+  // The sheet makes a placeholder of its own out of the colour of the text.
+  txtSearch->ensurePolished();
+  ColourPlaceholder();
+}
+
 void frmDocs::SetUpKeys() {
   const auto key = [this](const QKeySequence& keys, auto&& action) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, action);

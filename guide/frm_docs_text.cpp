@@ -2,7 +2,7 @@
 
 #include <QEvent>
 #include <QImage>
-#include <QStyle>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QtMath>
@@ -22,10 +22,11 @@ QVariant DocsText::loadResource(int type, const QUrl& name) {
   return picture.isNull() ? QVariant() : QVariant(picture);
 }
 
-// Without the scroll bar that comes and goes with the height of the text.
+// With room for the scroll bar, which comes and goes with the height of the text.
 int DocsText::PictureWidth() const {
-  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-  return width() - 2 * frameWidth() - bar - qCeil(2 * document()->documentMargin());
+  const QScrollBar* const bar = verticalScrollBar();
+  const int kept = bar->isVisibleTo(this) ? 0 : bar->sizeHint().width();
+  return viewport()->width() - kept - qCeil(2 * document()->documentMargin());
 }
 
 void DocsText::FitPictures() {

@@ -1,5 +1,6 @@
 // The help window, offscreen, with the guide that is built into the program.
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -16,6 +17,7 @@
 #include "guide/frm_docs.h"
 #include "guide/frm_docs_page.h"
 #include "guide/markdown.h"
+#include "tests/support/source_folder.h"
 #include "tests/windows/contrast.h"
 #include "twdocs/shipped_guide.h"
 
@@ -38,13 +40,19 @@ QString TextWithoutPictures(const Block& block) {
   return text;
 }
 
+QString SkinOfTheProgram() {
+  QFile file(QString::fromStdString((test::SourceFolder() / "skin/winaqua.skn").string()));
+  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
 // The screen of the tests is smaller than those of people.
 constexpr QSize kSizeOnALargeScreen{1000, 700};
 
 // The window on the shipped guide.
 struct HelpDesk {
-  explicit HelpDesk(const char* topic = "index")
+  explicit HelpDesk(const char* topic = "index", const QString& skin = {})
       : session(TheGuide()), began(session.Begin(topic)), window(session) {
+    window.ApplySkin(skin);
     window.OpenOutside = [this](const QString& address) { opened.append(address); };
     window.resize(kSizeOnALargeScreen);
     window.show();
@@ -122,6 +130,8 @@ class FrmDocsTest : public QObject {
   void escapeEmptiesTheSearchBoxFirst();
   void placeholderCanBeReadOnEveryDesktop();
   void canBeReadOnADarkDesktop();
+  void takesTheSkin();
+  void theSkinLeavesTheTextToTheDesktop();
   void leavesNamesOfSettingsWhole();
   void namesEveryControlForScreenReaders();
 };
@@ -186,10 +196,12 @@ void FrmDocsTest::showsEveryPicture() {
 }
 
 void FrmDocsTest::noPageScrollsSideways() {
-  for (const GuideTopic& topic : TheGuide().topics()) {
-    const HelpDesk desk(topic.name.c_str());
-    const auto* const text = desk.Find<QTextBrowser>("txtText");
-    QVERIFY2(text->horizontalScrollBar()->maximum() == 0, topic.name.c_str());
+  for (const QString& skin : {QString(), SkinOfTheProgram()}) {
+    for (const GuideTopic& topic : TheGuide().topics()) {
+      const HelpDesk desk(topic.name.c_str(), skin);
+      const auto* const text = desk.Find<QTextBrowser>("txtText");
+      QVERIFY2(text->horizontalScrollBar()->maximum() == 0, topic.name.c_str());
+    }
   }
 }
 
@@ -423,16 +435,60 @@ void FrmDocsTest::placeholderCanBeReadOnEveryDesktop() {
        {Desktop(QColor(0xEF, 0xEF, 0xEF), Qt::white, Qt::black),
         Desktop(QColor(0x2D, 0x2F, 0x31), QColor(0x1D, 0x1F, 0x20), QColor(0xF0, 0xF0, 0xF0))}) {
     QApplication::setPalette(desktop);
-    const HelpDesk desk;
-    const QPalette palette = desk.Find<QLineEdit>("txtSearch")->palette();
-    const QColor text = palette.color(QPalette::PlaceholderText);
-    const QColor base = palette.color(QPalette::Base);
-    const float share = text.alphaF();
-    const QColor seen = QColor::fromRgbF(text.redF() * share + base.redF() * (1 - share),
-                                         text.greenF() * share + base.greenF() * (1 - share),
-                                         text.blueF() * share + base.blueF() * (1 - share));
-    QVERIFY(Contrast(seen, base) >= kTextContrast);
-    QVERIFY(seen != palette.color(QPalette::Text));
+    for (const QString& skin : {QString(), SkinOfTheProgram()}) {
+      const HelpDesk desk("index", skin);
+      const QPalette palette = desk.Find<QLineEdit>("txtSearch")->palette();
+      const QColor text = palette.color(QPalette::PlaceholderText);
+      const QColor base = palette.color(QPalette::Base);
+      const float share = text.alphaF();
+      const QColor seen = QColor::fromRgbF(text.redF() * share + base.redF() * (1 - share),
+                                           text.greenF() * share + base.greenF() * (1 - share),
+                                           text.blueF() * share + base.blueF() * (1 - share));
+      QVERIFY(Contrast(seen, base) >= kTextContrast);
+      QVERIFY(seen != palette.color(QPalette::Text));
+    }
+  }
+  QApplication::setPalette(QPalette());
+}
+
+void FrmDocsTest::takesTheSkin() {
+  const HelpDesk plain("alarms");
+  const HelpDesk skinned("alarms", SkinOfTheProgram());
+  const QColor teal(0x0D, 0x65, 0x80);
+  const auto ground = [](const HelpDesk& desk) {
+    const QImage picture = desk.Find<QPushButton>("cmdContents")->grab().toImage();
+    return picture.pixelColor(picture.width() / 2,
+                              static_cast<int>(5 * picture.devicePixelRatio()));
+  };
+  QVERIFY(ground(plain) != teal);
+  QCOMPARE(ground(skinned), teal);
+  // The topic that is shown.
+  auto* const list = skinned.Find<QListWidget>("lstTopics");
+  const QRect row = list->visualItemRect(list->currentItem());
+  const QImage picture = list->viewport()->grab(row).toImage();
+  QCOMPARE(picture.pixelColor(picture.width() - 4, picture.height() / 2), teal);
+  QVERIFY(BestContrast(picture, teal) >= kTextContrast);
+}
+
+void FrmDocsTest::theSkinLeavesTheTextToTheDesktop() {
+  for (const QPalette& desktop :
+       {Desktop(QColor(0xEF, 0xEF, 0xEF), Qt::white, Qt::black),
+        Desktop(QColor(0x2D, 0x2F, 0x31), QColor(0x1D, 0x1F, 0x20), QColor(0xF0, 0xF0, 0xF0))}) {
+    QApplication::setPalette(desktop);
+    const HelpDesk plain("feasts");
+    const HelpDesk skinned("feasts", SkinOfTheProgram());
+    for (const char* const name : {"txtText", "lstTopics"}) {
+      const auto* const one = plain.Find<QAbstractScrollArea>(name);
+      const auto* const other = skinned.Find<QAbstractScrollArea>(name);
+      for (const auto role : {QPalette::Base, QPalette::Text}) {
+        QCOMPARE(other->palette().color(role), one->palette().color(role));
+      }
+    }
+    const QImage page = skinned.Find<QTextBrowser>("txtText")->viewport()->grab().toImage();
+    QCOMPARE(page.pixelColor(2, page.height() - 3), desktop.color(QPalette::Base));
+    // Links, headings and lines are coloured for the ground that they stand on.
+    QCOMPARE(skinned.Find<QTextBrowser>("txtText")->toHtml(),
+             plain.Find<QTextBrowser>("txtText")->toHtml());
   }
   QApplication::setPalette(QPalette());
 }
