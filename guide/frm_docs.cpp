@@ -86,6 +86,10 @@ void frmDocs::SetUpControls() {
   lstTopics->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   Name(txtText, "txtText", {});
 
+  for (QPushButton* const button : {cmdBack, cmdForward, cmdContents, cmdSmaller, cmdLarger}) {
+    // Return presses the one that has the focus; outside dialogs it does so only when asked to.
+    button->setAutoDefault(true);
+  }
   connect(cmdBack, &QPushButton::clicked, this, [this] {
     session_.Back();
     Render();

@@ -120,6 +120,7 @@ class FrmDocsTest : public QObject {
   void leavesWebPagesToTheDesktopAndNothingElse();
   void fetchesNothing();
   void goesBackAndForwardByButtonAndKey();
+  void pressesTheFocusedButtonByReturn();
   void searchesWhileTyping();
   void showsTheBestHitsFirstAfterEachLetter();
   void opensTheBestHitByEnter();
@@ -310,6 +311,25 @@ void FrmDocsTest::goesBackAndForwardByButtonAndKey() {
   QCOMPARE(desk.Title(), QStringLiteral("Feasts - Tidewarden Help"));
   QTest::keyClick(&desk.window, Qt::Key_Home, Qt::AltModifier);
   QCOMPARE(desk.Title(), QStringLiteral("Tidewarden - Tidewarden Help"));
+}
+
+void FrmDocsTest::pressesTheFocusedButtonByReturn() {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+    const HelpDesk desk("alarms");
+    const int zoom = desk.session.zoom();
+    auto* const larger = desk.Find<QPushButton>("cmdLarger");
+    larger->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(larger, key);
+    QVERIFY(desk.session.zoom() > zoom);
+    auto* const contents = desk.Find<QPushButton>("cmdContents");
+    contents->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(contents, key);
+    QCOMPARE(desk.Title(), QStringLiteral("Tidewarden - Tidewarden Help"));
+    auto* const back = desk.Find<QPushButton>("cmdBack");
+    back->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(back, key);
+    QCOMPARE(desk.Title(), QStringLiteral("Alarms - Tidewarden Help"));
+  }
 }
 
 void FrmDocsTest::searchesWhileTyping() {
