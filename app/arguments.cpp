@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdio>
 
+#include "app/start_clock.h"
 #include "dates/regional_text.h"
-#include "dates/text.h"
 
 namespace tidewarden {
 namespace {
@@ -24,18 +24,6 @@ constexpr std::array<Option, 6> kOptions{
      {"now", "Start at this time of day; the clock runs on from there.", "HH:MM[:SS]"},
      {"short-date", "Write dates like this, for example dd.MM.yyyy.", "pattern"},
      {"grab", "Write a picture of the reminder window and end.", "FILE.png"}}};
-
-// "HH:MM" or "HH:MM:SS" as seconds since midnight.
-std::optional<int> ReadSeconds(std::string_view text) {
-  int seconds = 0;
-  if (text.size() == 8 && text[5] == ':') {
-    seconds = DigitsValue(text.substr(6));
-    text = text.substr(0, 5);
-  }
-  const auto time = ReadClockTime(text);
-  if (!time || seconds < 0 || seconds > 59) return std::nullopt;
-  return (*time / 100 * 60 + *time % 100) * 60 + seconds;
-}
 
 // Where Qt sees no console it would show a box to press OK in, to a waiting script too; a box is
 // for those alone who have no standard output.
@@ -99,7 +87,7 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
   const std::string today = value("today").toStdString();
   const std::string now = value("now").toStdString();
   out.today = ReadIsoDate(today);
-  out.now = ReadSeconds(now);
+  out.now = ReadStartTime(now);
   if (!today.empty() && (!out.today || YearOf(*out.today) < 1 || YearOf(*out.today) >= kLastYear)) {
     Complain("--today takes a date such as 2026-12-31, not \"" + today + "\"");
     return kUsage;

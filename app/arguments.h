@@ -9,7 +9,7 @@
 
 namespace tidewarden {
 
-enum ExitCode { kDone = 0, kUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
+enum ExitCode { kDone = 0, kNoDisplay = 1, kUsage = 2, kCannotRead = 3, kCannotWrite = 4 };
 
 struct Arguments {
   QString file;

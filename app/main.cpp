@@ -4,14 +4,21 @@
 #include "app/arguments.h"
 #include "app/desktop.h"
 #include "app/system_adapters.h"
+#include "platform/qt/box_outline.h"
 #include "platform/qt/program_icon.h"
 #include "tidewarden_version.h"
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  PrepareDesktop(argc, argv, WindowPlaces::kProgram);
+  if (!PrepareDesktop(argc, argv, WindowPlaces::kProgram)) {
+    Complain(
+        "there is no display to open a window on; tidewarden-cli list prints the reminders without "
+        "one");
+    return kNoDisplay;
+  }
   QApplication app(argc, argv);
   SettleDesktop(app);
+  OutlineCheckBoxes(app);
   QCoreApplication::setApplicationName(QStringLiteral("tidewarden"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   QGuiApplication::setDesktopFileName(QStringLiteral("tidewarden"));

@@ -1,5 +1,8 @@
 #include "app/start_clock.h"
 
+#include "dates/regional_text.h"
+#include "dates/text.h"
+
 namespace tidewarden {
 namespace {
 
@@ -10,6 +13,17 @@ int MillisecondsOf(const LocalTime& time) {
 }
 
 }  // namespace
+
+std::optional<int> ReadStartTime(std::string_view text) {
+  int seconds = 0;
+  if (text.size() == 8 && text[5] == ':') {
+    seconds = DigitsValue(text.substr(6));
+    text = text.substr(0, 5);
+  }
+  const auto time = ReadClockTime(text);
+  if (!time || seconds < 0 || seconds > 59) return std::nullopt;
+  return (*time / 100 * 60 + *time % 100) * 60 + seconds;
+}
 
 StartClock::StartClock(const Clock& system, std::optional<CivilDate> today, std::optional<int> now)
     : system_(system),

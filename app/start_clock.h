@@ -3,10 +3,14 @@
 
 #include <chrono>
 #include <optional>
+#include <string_view>
 
 #include "core/clock.h"
 
 namespace tidewarden {
+
+// "HH:MM" or "HH:MM:SS" as seconds since midnight; nothing for another text.
+[[nodiscard]] std::optional<int> ReadStartTime(std::string_view text);
 
 class StartClock : public Clock {
  public:

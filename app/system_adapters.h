@@ -20,12 +20,13 @@ namespace tidewarden {
 // Who places the windows of a program.
 enum class WindowPlaces { kProgram, kDesktop };
 
-// Before the application object is made. On Linux: chooses X11 for a program that places its
-// windows, and no screen for one that only tells its version or its help or, where there is no
+// Before the application object is made, which must not be done when this is false: there is no
+// display, and the command line asks for a window. On Linux: chooses X11 for a program that places
+// its windows, and no screen for one that only tells its version or its help or, where there is no
 // desktop, only makes a picture, unless the user has chosen. On Windows: what the program says
 // reaches the console that it was started from, and libraries and plugins come from the system and
 // the program alone.
-void PrepareDesktop(int argc, char** argv, WindowPlaces places);
+[[nodiscard]] bool PrepareDesktop(int argc, char** argv, WindowPlaces places);
 
 // After it is made. On Linux: programs that are started from here choose for themselves. On
 // Windows: windows that ask to stay above the others are put there by the system's own call.

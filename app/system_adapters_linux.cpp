@@ -1,6 +1,4 @@
 #include <QApplication>
-#include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "app/system_adapters.h"
@@ -20,18 +18,16 @@ bool isOwnChoice = false;
 
 }  // namespace
 
-void PrepareDesktop(int argc, char** argv, WindowPlaces places) {
-  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
-  const bool hasDesktop = HasDisplay();
-  const bool needsNone = std::any_of(argv + 1, argv + argc, [=](std::string_view argument) {
-    return argument == "--help" || argument == "-h" || argument == "--version" ||
-           argument == "-v" || (!hasDesktop && argument.starts_with("--grab"));
-  });
+bool PrepareDesktop(int argc, char** argv, WindowPlaces places) {
+  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) return true;
+  const bool needsNone = WorksOffscreen(argc, argv);
+  if (!needsNone && !HasDisplay()) return false;
   isOwnChoice = needsNone || places == WindowPlaces::kProgram;
-  if (!isOwnChoice) return;
+  if (!isOwnChoice) return true;
   // Only X11 lets a window choose its place and stay above others; Wayland where there is no X11.
   const bool hasX11 = !qEnvironmentVariableIsEmpty("DISPLAY");
   qputenv("QT_QPA_PLATFORM", needsNone ? "offscreen" : hasX11 ? "xcb;wayland" : "wayland;xcb");
+  return true;
 }
 
 void SettleDesktop(QCoreApplication& /*application*/) {

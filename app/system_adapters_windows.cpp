@@ -37,11 +37,12 @@ void UseConsoleOfCaller() {
 
 }  // namespace
 
-void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
+bool PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
   UseConsoleOfCaller();
   PrepareProgram();
   // Plugins are linked into the program; none is taken from a folder that anybody may make.
   QCoreApplication::setLibraryPaths({});
+  return true;
 }
 
 void SettleDesktop(QCoreApplication& application) {

@@ -44,6 +44,11 @@ frmCustomizer::frmCustomizer(OptionsSession& session, QWidget* parent)
   Render();
 }
 
+// A box that loses the focus with the window still tells so.
+frmCustomizer::~frmCustomizer() {
+  hide();
+}
+
 void frmCustomizer::Connect() {
   connect(lstPages, &QListWidget::currentRowChanged, this, [this](int row) {
     session_.LookAtAutostart();

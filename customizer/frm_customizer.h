@@ -28,6 +28,7 @@ class frmCustomizer : public QDialog {
  public:
   // The session outlives the window.
   explicit frmCustomizer(OptionsSession& session, QWidget* parent = nullptr);
+  ~frmCustomizer() override;
 
   void ShowPage(OptionPage page);
 

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QStyle>
 #include <QStyleOptionButton>
+#include <algorithm>
 
 #include "reminder/list_appearance.h"
 
@@ -88,7 +89,7 @@ QColor QuietColour(const QPalette& palette) {
 OptionField::OptionField(const Option& option, const QString& help, QWidget* parent)
     : QWidget(parent), option_(option), name_(TextOf(NameOf(option))), help_(help) {
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
+  column->setContentsMargins(kFieldMargin, 0, 0, 0);
   column->setSpacing(3);
   if (option.kind == OptionKind::kSwitch) {
     MakeSwitch(TextOf(option.label));
@@ -195,7 +196,6 @@ QPushButton* OptionField::AddButton(const QString& name, const QString& caption,
   auto* const button = new QPushButton(caption, this);
   button->setObjectName(name);
   button->setAccessibleName(accessibleName);
-  button->setAutoDefault(false);
   const bool endsInStretch = row_->itemAt(row_->count() - 1)->spacerItem() != nullptr;
   row_->insertWidget(row_->count() - (endsInStretch ? 1 : 0), button);
   return button;
@@ -264,11 +264,14 @@ void OptionField::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && note_ != nullptr) ColourTexts();
 }
 
-// Below the words of a switch, wherever the style of the moment puts them.
+// The box of a switch below the beginnings of other fields, and the texts below its words, wherever
+// the style of the moment puts box and words.
 void OptionField::IndentTexts() {
   if (check_ == nullptr) return;
   QStyleOptionButton option;
   option.initFrom(check_);
+  const QRect box = check_->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, check_);
+  layout()->setContentsMargins(std::max(0, kFieldMargin - box.left()), 0, 0, 0);
   const int indent =
       check_->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, check_).left();
   for (QLabel* const label : {helpLabel_, note_}) label->setContentsMargins(indent, 0, 0, 0);

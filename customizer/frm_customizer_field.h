@@ -19,6 +19,10 @@ namespace tidewarden {
 struct ListColours;
 struct OptionNote;
 
+// Left of what is in a field. The frame that some looks draw around a box with its words lies in
+// it.
+inline constexpr int kFieldMargin = 4;
+
 // What a field shows.
 struct FieldState {
   QString text;

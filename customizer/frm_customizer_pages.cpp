@@ -13,6 +13,7 @@
 #include "customizer/frm_customizer_field.h"
 #include "customizer/frm_customizer_preview.h"
 #include "customizer/options_session.h"
+#include "reminder/frm_first_size.h"
 
 namespace tidewarden {
 namespace {
@@ -20,7 +21,8 @@ namespace {
 constexpr int kBetweenOptions = 12;
 constexpr int kAboveGroup = 10;
 constexpr int kBetweenPages = 3;
-constexpr int kPageMargin = 12;
+constexpr int kPageMargin = 12;  // with the field's own
+constexpr int kLeastPageHeight = 220;
 constexpr int kButtonHeight = 28;
 constexpr int kButtonWidth = 76;
 constexpr QSize kFirstSize{760, 640};
@@ -32,6 +34,7 @@ QString TextOf(std::string_view text) {
 QLabel* MakeHeading(const QString& text, double size, QWidget* parent) {
   auto* const label = new QLabel(text, parent);
   label->setTextFormat(Qt::PlainText);
+  label->setContentsMargins(kFieldMargin, 0, 0, 0);
   QFont font = label->font();
   font.setBold(true);
   font.setPointSizeF(font.pointSizeF() * size);
@@ -47,6 +50,9 @@ void frmCustomizer::MakePages() {
   lstPages->setAccessibleName(tr("Kinds of options"));
   stkPages = new QStackedWidget(this);
   stkPages->setObjectName(QStringLiteral("stkPages"));
+  // A page scrolls; what is below it keeps its height for as long as there is room.
+  stkPages->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+  stkPages->setMinimumHeight(kLeastPageHeight);
   fields_.assign(AllOptions().size(), nullptr);
   for (const PageName& page : AllPages()) {
     lstPages->addItem(TextOf(page.heading));
@@ -68,7 +74,7 @@ void frmCustomizer::MakePage(OptionPage page) {
   scroll->setFocusPolicy(Qt::NoFocus);
   auto* const content = new QWidget(scroll);
   auto* const column = new QVBoxLayout(content);
-  column->setContentsMargins(kPageMargin, 0, kPageMargin, 0);
+  column->setContentsMargins(kPageMargin - kFieldMargin, 0, kPageMargin, 0);
   column->setSpacing(kBetweenOptions);
   const QString heading = TextOf(AllPages()[static_cast<std::size_t>(page)].heading);
   scroll->setAccessibleName(heading);
@@ -165,7 +171,6 @@ void frmCustomizer::MakeButtons() {
     auto* const button = new QPushButton(caption, this);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(accessible);
-    button->setAutoDefault(false);
     button->setMinimumHeight(kButtonHeight);
     return button;
   };
@@ -176,6 +181,7 @@ void frmCustomizer::MakeButtons() {
   lblStatus->setTextFormat(Qt::PlainText);
   lblStatus->setWordWrap(true);
   cmdOk = make("cmdOk", tr("OK"), tr("Save and close"));
+  // Every other button takes the Return key over for as long as it has the focus.
   cmdOk->setDefault(true);
   cmdCancel = make("cmdCancel", tr("Cancel"), tr("Close without saving"));
   cmdApply = make("cmdApply", tr("&Apply"), tr("Save and go on"));
@@ -198,7 +204,7 @@ void frmCustomizer::Arrange() {
   window->addLayout(pages, 1);
   window->addWidget(pnlPreview);
   window->addLayout(buttons);
-  resize(kFirstSize.expandedTo(minimumSizeHint()));
+  resize(FirstSize(*this, kFirstSize).expandedTo(minimumSizeHint()));
 }
 
 }  // namespace tidewarden

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QListView>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStringListModel>
 
 #include "customizer/list_preview.h"
@@ -15,6 +16,9 @@ namespace tidewarden {
 namespace {
 
 constexpr int kListHeight = 112;
+constexpr int kLeastListHeight = 40;
+constexpr int kQuoteHeight = 52;
+constexpr int kLeastQuoteHeight = 32;
 constexpr int kTitleMargin = 6;
 
 }  // namespace
@@ -70,16 +74,25 @@ PreviewPanel::PreviewPanel(QWidget* parent) : QWidget(parent) {
   lstPreview->setAccessibleName(tr("The list as it will look"));
   lstPreview->setEditTriggers(QAbstractItemView::NoEditTriggers);
   lstPreview->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-  lstPreview->setFixedHeight(kListHeight);
+  lstPreview->setMinimumHeight(kLeastListHeight);
+  lstPreview->setMaximumHeight(kListHeight);
   rows_ = new QStringListModel(this);
   lstPreview->setModel(rows_);
   lblPreviewDate = new QLabel(frame);
   lblPreviewDate->setObjectName(QStringLiteral("lblPreviewDate"));
   lblPreviewDate->setTextFormat(Qt::PlainText);
   lblPreviewDate->setMargin(kTitleMargin);
+  txtPreviewQuote = new QPlainTextEdit(frame);
+  txtPreviewQuote->setObjectName(QStringLiteral("txtPreviewQuote"));
+  txtPreviewQuote->setAccessibleName(tr("A quote as it will look"));
+  txtPreviewQuote->setReadOnly(true);
+  txtPreviewQuote->setTabChangesFocus(true);
+  txtPreviewQuote->setMinimumHeight(kLeastQuoteHeight);
+  txtPreviewQuote->setMaximumHeight(kQuoteHeight);
   window->addWidget(lblPreviewTitle);
   window->addWidget(lstPreview);
   window->addWidget(lblPreviewDate);
+  window->addWidget(txtPreviewQuote);
   column->addWidget(frame);
   connect(chkExamples, &QCheckBox::toggled, this, &PreviewPanel::ExamplesWanted);
 }
@@ -92,7 +105,13 @@ void PreviewPanel::Render(const ListPreview& preview, bool showsExamples) {
   if (rows != rows_->stringList()) rows_->setStringList(rows);
   const QString sheet = ListSheet(preview.colours);
   if (lstPreview->styleSheet() != sheet) lstPreview->setStyleSheet(sheet);
-  lstPreview->setFont(FontOf(preview.font));
+  const QFont font = FontOf(preview.font);
+  lstPreview->setFont(font);
+  QString quote = QString::fromStdString(preview.quote);
+  quote.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+  if (txtPreviewQuote->toPlainText() != quote) txtPreviewQuote->setPlainText(quote);
+  txtPreviewQuote->setFont(font);
+  txtPreviewQuote->setVisible(!quote.isEmpty());
   lblPreviewDate->setText(QString::fromStdString(preview.dateLabel));
   lblPreviewDate->setVisible(!preview.dateLabel.empty());
 }

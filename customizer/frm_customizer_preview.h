@@ -6,6 +6,7 @@
 class QCheckBox;
 class QLabel;
 class QListView;
+class QPlainTextEdit;
 class QStringListModel;
 
 namespace tidewarden {
@@ -45,6 +46,7 @@ class PreviewPanel : public QWidget {
   TitleStrip* lblPreviewTitle;
   QListView* lstPreview;
   QLabel* lblPreviewDate;
+  QPlainTextEdit* txtPreviewQuote;
   QStringListModel* rows_;
 };
 

@@ -4,6 +4,7 @@
 #include "dates/date_text.h"
 #include "dates/regional_text.h"
 #include "dates/text.h"
+#include "reminder/daily_quote.h"
 #include "reminder/list_builder.h"
 
 namespace tidewarden {
@@ -44,8 +45,13 @@ ListPreview Make(SettingsStore& draft, const PreviewPorts& ports, FileSystem& fi
     preview.dateLabel = builder.dateLabel();
   }
   SplitMixNumbers random;
-  // "random" has the same colours all day long: a preview that flickers shows nothing.
-  preview.colours = ApplyListColors(draft, random, {ports.clock.Now().date});
+  // "random" has the same colours all day long, and the quote is the same one: a preview that
+  // flickers shows nothing.
+  const LocalTime today{ports.clock.Now().date};
+  preview.colours = ApplyListColors(draft, random, today);
+  DailyQuote quote(draft, ports.files, random, ports.folders);
+  quote.LoadDailyQuote(today);
+  if (quote.visible()) preview.quote = quote.text();
   preview.font = ApplyListFont(draft);
   return preview;
 }

@@ -22,12 +22,14 @@ struct PreviewPorts {
   const Clock& clock;
   const RegionalFormats& formats;
   MessageBox& messages;  // nothing is shown
+  ProgramFolders folders;
 };
 
 struct ListPreview {
   std::string title;  // of the window
   std::vector<std::string> rows;
   std::string dateLabel;  // empty when it is not to be shown
+  std::string quote;      // in UTF-8, its lines separated by CR LF; empty when none is to be shown
   ListColours colours;
   ListFont font;
 };

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "app/start_clock.h"
 #include "app/system_adapters.h"
@@ -19,7 +20,7 @@
 #include "dates/regional_text.h"
 #include "platform/memory/memory_ports.h"
 #include "platform/memory/memory_reminder.h"
-#include "platform/qt/display.h"
+#include "platform/qt/box_outline.h"
 #include "platform/qt/program_icon.h"
 #include "platform/qt/qt_ports.h"
 #include "platform/qt/window_picture.h"
@@ -36,6 +37,7 @@ struct Arguments {
   QString file;
   QString grab;
   std::optional<CivilDate> today;
+  std::optional<int> now;  // seconds since midnight
   OptionPage page = OptionPage::kList;
 };
 
@@ -67,11 +69,12 @@ struct Argument {
   const char* value;
 };
 
-constexpr std::array<Argument, 5> kArguments{
+constexpr std::array<Argument, 6> kArguments{
     {{"settings", "A settings file in place of your own; created when missing.", "path"},
      {"file", "The events file of the preview; else the one in the settings.", "path"},
-     {"page", "Begin with this page.", "page"},
-     {"today", "The day of the preview.", "YYYY-MM-DD"},
+     {"page", "Begin with this page: ", "page"},
+     {"today", "The day of the preview; the clock runs on from there.", "YYYY-MM-DD"},
+     {"now", "The time of day of the preview; the clock runs on from there.", "HH:MM[:SS]"},
      {"grab", "Write a picture of the window and end.", "FILE.png"}}};
 
 // Puts the texts of the command line together; what is wrong with them, or nothing.
@@ -94,6 +97,11 @@ std::string ReadTexts(const QCommandLineParser& parser, Arguments& out) {
   if (!today.empty() && !out.today) {
     return "--today takes a date such as 2026-12-31, not \"" + today + "\"";
   }
+  const std::string now = value("now").toStdString();
+  out.now = ReadStartTime(now);
+  if (!now.empty() && !out.now) {
+    return "--now takes a time such as 08:30, not \"" + now + "\"";
+  }
   const std::string page = value("page").toStdString();
   if (!page.empty() && !ReadPage(page, out.page)) {
     return "--page takes one of " + PageWords() + ", not \"" + page + "\"";
@@ -107,8 +115,12 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
   parser.addHelpOption();
   parser.addVersionOption();
   for (const Argument& argument : kArguments) {
-    parser.addOption({QString::fromLatin1(argument.name), QString::fromLatin1(argument.description),
-                      QString::fromLatin1(argument.value)});
+    QString description = QString::fromLatin1(argument.description);
+    if (argument.name == std::string_view("page")) {
+      description += QString::fromStdString(PageWords()) + QLatin1Char('.');
+    }
+    parser.addOption(
+        {QString::fromLatin1(argument.name), description, QString::fromLatin1(argument.value)});
   }
   std::string fault;
   if (!parser.parse(QCoreApplication::arguments())) {
@@ -129,7 +141,7 @@ class Customizer {
       : arguments_(arguments),
         files_(MakeSystemFiles()),
         systemClock_(MakeSystemClock()),
-        clock_(*systemClock_, arguments.today, std::nullopt),
+        clock_(*systemClock_, arguments.today, arguments.now),
         formats_(MakeSystemFormats({})),
         settings_(SettingsOf(arguments, *files_)),
         sound_(MakeSystemSound([this](const std::string& text) { TellSoundProblem(text); })),
@@ -170,7 +182,10 @@ class Customizer {
 
   // Without the settings there is nothing to show, and nothing may be written.
   int TellUnreadable(const Status& status) {
-    const std::string text = "The settings cannot be read: " + DescribeStatus(status) + ".";
+    const std::string named =
+        arguments_.settings.isEmpty() ? "" : " in " + arguments_.settings.toStdString();
+    const std::string text =
+        "The settings" + named + " cannot be read: " + DescribeStatus(status) + ".";
     Complain(text);
     if (arguments_.grab.isEmpty()) {
       boxes_.Show(text, MessageButtons::kOk, MessageIcon::kExclamation);
@@ -228,8 +243,7 @@ class Customizer {
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  PrepareDesktop(argc, argv, WindowPlaces::kDesktop);
-  if (!HasDisplay()) {
+  if (!PrepareDesktop(argc, argv, WindowPlaces::kDesktop)) {
     Complain(
         "there is no display to open a window on; man tidewarden-settings tells how to write the "
         "settings yourself");
@@ -237,9 +251,9 @@ int main(int argc, char** argv) {
   }
   QApplication app(argc, argv);
   SettleDesktop(app);
+  OutlineCheckBoxes(app);
   QCoreApplication::setApplicationName(QStringLiteral("customizer"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
-  QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidewarden"));
   QGuiApplication::setDesktopFileName(QStringLiteral("customizer"));
   // The window tells itself when it has gone; a message box before it is not the last.
   QApplication::setQuitOnLastWindowClosed(false);

@@ -92,7 +92,7 @@ constexpr std::array kOptions{
     Switch(settings::kShowTodaysDateBeneathReminders, kList, kNotFalse,
            "Show today's date under the list", "On a line of its own, below all reminders."),
     Switch(settings::kShowDailyQuotes, kList, kOnlyTrue, "Show a quote under the list",
-           "Another one each time the list is made. Their file is named under Files and backups."),
+           "Another one with each list, out of the file under Files and backups."),
     Switch(settings::kListTodayWithEvents, kList, kNotFalse, "List today's date",
            "A line for today among the reminders, and in the editor.", "Today"),
     Switch(settings::kCapitalizeTodaysEvents, kList, kNotFalse, "Today's events in capitals",
@@ -100,7 +100,7 @@ constexpr std::array kOptions{
     Choose(settings::kPrefaceTodaysEvents, kList, kPrefaces, "Before the title of today's events",
            "What stands between the date and the title."),
     Choose(settings::kShowDayOfWeek, kList, kWeekdays, "Day of the week",
-           "Coming events have it when they are less than eight days away.", "Coming events"),
+           "Shown for coming events less than eight days away.", "Coming events"),
     Switch(settings::kShowLessThan, kList, kNotFalse, "Show the days of notice",
            "(3 days < 14) in place of (3 days)."),
     Switch(settings::kSpellOutReminderMonths, kList, kNotFalse, "Months as words",
@@ -165,11 +165,9 @@ constexpr std::array kOptions{
     Other(settings::kQuotesPath, kQuotesFile, kFiles, "Quotes file",
           "One quote on each line; \u00AC breaks a line.", "Quotes"),
 
-    Switch(settings::kShowOnlyIfEventsInRange, kStart, kOnlyTrue,
-           "Run only while something is near",
-           "Ends the program, also a running one, once its list has no event; later alarms of the "
-           "day then do not ring. Shift held at that moment keeps it.",
-           "The reminder window"),
+    Switch(
+        settings::kShowOnlyIfEventsInRange, kStart, kOnlyTrue, "Run only while something is near",
+        "Ends the program, also a running one, when its list has no event.", "The reminder window"),
     Other(settings::kNewDateOffset, kTime, kStart, "The new day begins at",
           "Hours and minutes, as 0630 or 06:30. A list left open overnight waits for it."),
     Number(settings::kTimerInterval, kStart, 1000, 60000, "Look at the clock every",

@@ -15,6 +15,10 @@ namespace {
 using modGetSetSaveSet::isTrue;
 using modGetSetSaveSet::Stored;
 
+// Stands in the settings from a save until the window closes. A reminder program that starts on
+// what was saved removes it, as it removes every word; to a second start it says nothing.
+constexpr char kSavedNotLeft[] = "saved";
+
 constexpr std::string_view kStays = " The setting stays as it is until you change it.";
 
 const Option& OptionAt(std::size_t option) {
@@ -44,7 +48,9 @@ std::string DefaultWords(const Option& option, const PathSurroundings& paths) {
   const std::span<const Choice> choices =
       option.kind == OptionKind::kColours ? ColourNames() : option.choices;
   for (const Choice& choice : choices) {
-    if (choice.stored == text) return ToLower(choice.label);
+    if (choice.stored == text) {
+      return ToLower(choice.label.substr(0, 1)).append(choice.label.substr(1));
+    }
   }
   return text;
 }
@@ -89,7 +95,8 @@ PathSurroundings OptionsSession::Paths() const {
 }
 
 PreviewPorts OptionsSession::ForPreview() const {
-  return {ports_.files, ports_.examples, ports_.clock, ports_.formats, ports_.messages};
+  return {ports_.files,   ports_.examples, ports_.clock,
+          ports_.formats, ports_.messages, ports_.folders};
 }
 
 DraftSettings OptionsSession::Draft() const {
@@ -304,9 +311,10 @@ Status OptionsSession::StoreSettings() {
     }
   }
   if (changes.empty()) return {};
-  Status status = modGetSetSaveSet::SaveAll(ports_.settings, changes);
-  hasSaved_ = hasSaved_ || status.ok();
-  return status;
+  if (!isTrue(modGetSetSaveSet::Get(ports_.settings, settings::kJustExited))) {
+    changes.emplace_back(settings::kJustExited.key, kSavedNotLeft);
+  }
+  return modGetSetSaveSet::SaveAll(ports_.settings, changes);
 }
 
 void OptionsSession::LookAtReminder() {
@@ -318,7 +326,7 @@ void OptionsSession::LeaveWord() {
   LookAtReminder();
   const std::string word = modGetSetSaveSet::Get(ports_.settings, settings::kJustExited);
   // Word of an earlier run that nobody has heard yet still holds.
-  if (hasSaved_ || isTrue(word)) {
+  if (word == kSavedNotLeft || isTrue(word)) {
     modGetSetSaveSet::Save(ports_.settings, settings::kJustExited, "true");
   } else if (!reminderRuns_) {
     modGetSetSaveSet::Save(ports_.settings, settings::kJustExited, "false");

@@ -116,13 +116,11 @@ class OptionsSession {
   [[nodiscard]] SaveOutcome Save();
   // The first option whose note refuses.
   [[nodiscard]] std::optional<std::size_t> firstRefused() const;
-  // True once a setting has been stored by this session.
-  [[nodiscard]] bool hasSaved() const { return hasSaved_; }
-
   // True when the window may close: a change that would be lost is asked about unless the user
   // has decided already. Leaves word for the reminder program's next start: "true" when it has to
   // be started anew to show what was saved, else "false". While a copy runs to which nothing is
-  // news, no word is left: it would silence every second start for as long as that copy runs.
+  // news, no word is left: it would silence every second start for as long as that copy runs. To a
+  // copy that was started after the last save nothing is news.
   [[nodiscard]] bool Close(OptionsClosing why);
 
   // Saves, leaves word and starts the reminder program; when it runs already and has nothing to
@@ -167,7 +165,6 @@ class OptionsSession {
   std::optional<bool> wantedAutostart_;
   bool showsExamples_ = false;
   std::optional<ListPreview> preview_;
-  bool hasSaved_ = false;
   bool hasReturned_ = false;  // to the reminder program, which has been left word
   bool reminderRuns_ = false;
 };

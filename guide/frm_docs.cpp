@@ -15,6 +15,7 @@
 #include "guide/frm_docs_page.h"
 #include "guide/frm_docs_rows.h"
 #include "guide/frm_docs_text.h"
+#include "reminder/frm_first_size.h"
 
 namespace tidewarden {
 namespace {
@@ -50,7 +51,7 @@ frmDocs::frmDocs(DocsSession& session, QWidget* parent)
       txtText(new DocsText(this)) {
   setObjectName(QStringLiteral("frmDocs"));
   setMinimumSize(kLeastSize);
-  resize(kSize);
+  resize(FirstSize(*this, kSize));
   SetUpControls();
   SetUpKeys();
   LayOut();
@@ -85,6 +86,10 @@ void frmDocs::SetUpControls() {
   lstTopics->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   Name(txtText, "txtText", {});
 
+  for (QPushButton* const button : {cmdBack, cmdForward, cmdContents, cmdSmaller, cmdLarger}) {
+    // Return presses the one that has the focus; outside dialogs it does so only when asked to.
+    button->setAutoDefault(true);
+  }
   connect(cmdBack, &QPushButton::clicked, this, [this] {
     session_.Back();
     Render();
@@ -115,6 +120,13 @@ void frmDocs::SetUpControls() {
     shownTopic_ = kNoTopic;
     Render();
   });
+}
+
+void frmDocs::ApplySkin(const QString& styleSheet) {
+  setStyleSheet(styleSheet);
+  // The sheet makes a placeholder of its own out of the colour of the text.
+  txtSearch->ensurePolished();
+  ColourPlaceholder();
 }
 
 void frmDocs::SetUpKeys() {
@@ -163,7 +175,7 @@ void frmDocs::LayOut() {
   halves->addWidget(left);
   halves->addWidget(txtText);
   halves->setStretchFactor(1, 1);
-  halves->setSizes({kListWidth, kSize.width() - kListWidth});
+  halves->setSizes({kListWidth, width() - kListWidth});
   halves->setChildrenCollapsible(false);
 
   auto* const all = new QVBoxLayout(this);
@@ -273,6 +285,7 @@ void frmDocs::RenderText() {
     font.setPointSizeF(QFontInfo(font).pointSizeF() * session_.zoom() / 100);
     txtText->document()->setDefaultFont(font);
     FillPage(*txtText->document(), session_.topic().markdown, txtText->palette());
+    txtText->FitPictures();
     shownTopic_ = session_.place().topic;
     shownZoom_ = session_.zoom();
     txtText->setAccessibleName(QString::fromStdString(session_.topic().title));

@@ -23,6 +23,9 @@ class frmDocs : public QWidget {
   // The session outlives the window.
   explicit frmDocs(DocsSession& session, QWidget* parent = nullptr);
 
+  // A style sheet; empty for the plain look.
+  void ApplySkin(const QString& styleSheet);
+
   // Opens an https address outside the program; does nothing as long as it is not set.
   std::function<void(const QString& address)> OpenOutside;
 

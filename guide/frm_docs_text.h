@@ -14,12 +14,20 @@ class DocsText : public QTextBrowser {
 
   QVariant loadResource(int type, const QUrl& name) override;
 
+  // Makes pictures smaller that are wider than the text. To be called when the text is a new one.
+  void FitPictures();
+
  Q_SIGNALS:
   // The colours of the desktop have changed.
   void PaletteChanged();
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  [[nodiscard]] int PictureWidth() const;
+  void FitPicture(int position, QTextImageFormat format);
 };
 
 }  // namespace tidewarden

@@ -2,16 +2,10 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <algorithm>
-#include <array>
 #include <cstdio>
-#include <string_view>
 
 namespace tidewarden {
 namespace {
-
-constexpr std::array<std::string_view, 6> kTellingOptions{"--help",    "-h", "--help-all",
-                                                          "--version", "-v", "--list-topics"};
 
 bool Print(const QString& text, std::FILE* where) {
   const QByteArray bytes = text.toUtf8();
@@ -35,13 +29,6 @@ ExitCode ListTopics(const Guide& guide) {
 void Complain(const QString& text) {
   // Nobody is left to hear that standard error is closed.
   static_cast<void>(Print(QStringLiteral("twdocs: %1\n").arg(text), stderr));
-}
-
-bool OnlyTells(int argc, char** argv) {
-  return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-    return std::find(kTellingOptions.begin(), kTellingOptions.end(), argument) !=
-           kTellingOptions.end();
-  });
 }
 
 std::optional<ExitCode> ReadArguments(const Guide& guide, Arguments& out) {

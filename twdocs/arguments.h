@@ -19,9 +19,6 @@ struct Arguments {
 // after a message when something is wrong. --help and --version end the program here.
 [[nodiscard]] std::optional<ExitCode> ReadArguments(const Guide& guide, Arguments& out);
 
-// True when the command line only asks for a text, which needs no display.
-[[nodiscard]] bool OnlyTells(int argc, char** argv);
-
 // A line on standard error, with the program's name in front.
 void Complain(const QString& text);
 

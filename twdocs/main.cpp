@@ -6,6 +6,8 @@
 #include <QUrl>
 
 #include "core/file_system.h"
+#include "core/settings_store.h"
+#include "core/skin.h"
 #include "guide/frm_docs.h"
 #include "platform/qt/display.h"
 #include "platform/qt/program_icon.h"
@@ -16,6 +18,30 @@
 
 namespace tidewarden {
 namespace {
+
+// Reading a setting stores its default; a guide that is only read leaves nothing behind.
+class SettingsToRead : public SettingsStore {
+ public:
+  explicit SettingsToRead(SettingsStore& store) : store_(store) {}
+
+  Status Read(std::string_view section, std::string_view name, std::string& value) override {
+    return store_.Read(section, name, value);
+  }
+  Status Write(std::string_view /*section*/, std::string_view /*name*/,
+               std::string_view /*value*/) override {
+    return {};
+  }
+  Status Delete(std::string_view /*section*/, std::string_view /*name*/) override { return {}; }
+
+ private:
+  SettingsStore& store_;
+};
+
+QString SkinOfTheWindows(FileSystem& files) {
+  const auto stored = MakeSystemSettings(files);
+  SettingsToRead settings(*stored);
+  return QString::fromStdString(ReadSkin(settings, files, SystemFolders()));
+}
 
 ExitCode Grab(QWidget& window, const QString& path, FileSystem& files) {
   window.show();
@@ -42,6 +68,7 @@ int Run(const Arguments& arguments, const Guide& guide) {
     QDesktopServices::openUrl(QUrl(address, QUrl::StrictMode));
   };
   const auto files = MakeSystemFiles();
+  window.ApplySkin(SkinOfTheWindows(*files));
   if (!arguments.grab.isEmpty()) return Grab(window, arguments.grab, *files);
   window.show();
   return QApplication::exec();
@@ -52,14 +79,14 @@ int Run(const Arguments& arguments, const Guide& guide) {
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  const bool onlyTells = OnlyTells(argc, argv);
-  if (!onlyTells && !HasDisplay()) {
+  const bool worksOffscreen = WorksOffscreen(argc, argv);
+  if (!worksOffscreen && !HasDisplay()) {
     Complain(QStringLiteral(
         "there is no display to open a window on; the manual pages tell the same: man tidewarden, "
         "man tidewarden-cli, man tidewarden-dates, man tidewarden-settings"));
     return kNoDisplay;
   }
-  if (onlyTells && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+  if (worksOffscreen && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
   const QApplication app(argc, argv);

@@ -11,6 +11,18 @@ _tidewarden_cli() {
   )
   COMPREPLY=()
 
+  # "--file=da" is three words for bash, or one where "=" does not end words.
+  local front=
+  if [[ $word == = ]]; then
+    word=
+  elif [[ $before == = ]]; then
+    before=${COMP_WORDS[COMP_CWORD - 2]}
+  elif [[ $word == --*=* ]]; then
+    before=${word%%=*}
+    front=$before=
+    word=${word#*=}
+  fi
+
   for ((i = 1; i < COMP_CWORD; ++i)); do
     case ${COMP_WORDS[i]} in
       list | check | next) command=${COMP_WORDS[i]}; break ;;
@@ -22,7 +34,7 @@ _tidewarden_cli() {
     --file | --settings)
       # One a line, so that blanks in names stay what they are.
       compopt -o filenames 2>/dev/null
-      while IFS= read -r line; do COMPREPLY+=("$line"); done < <(compgen -f -- "$word")
+      while IFS= read -r line; do COMPREPLY+=("$line"); done < <(compgen -f -P "$front" -- "$word")
       return ;;
     --short-date) candidates='MM/dd/yyyy dd.MM.yyyy dd/MM/yyyy yyyy-MM-dd yy/MM/dd' ;;
     --today) candidates=$(date +%Y-%m-%d 2>/dev/null) ;;
@@ -37,7 +49,7 @@ _tidewarden_cli() {
         candidates=${options[$command]}
       fi ;;
   esac
-  while IFS= read -r line; do COMPREPLY+=("$line"); done < <(compgen -W "$candidates" -- "$word")
+  while IFS= read -r line; do COMPREPLY+=("$line"); done < <(compgen -W "$candidates" -P "$front" -- "$word")
 }
 
 complete -F _tidewarden_cli tidewarden-cli

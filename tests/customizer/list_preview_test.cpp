@@ -68,6 +68,37 @@ TEST(ListPreview, ReadsTheFileOfTheCommandLineInPlaceOfTheUsers) {
   EXPECT_THAT(session.preview().rows, Contains("12/24/2014 Demo (Wednesday, 2 days)"));
 }
 
+TEST(ListPreview, ShowsAQuoteWhenOneIsWanted) {
+  OptionsDesk desk;
+  // Of two quotes the reminder always takes the first.
+  desk.files.files[kQuotesPath] = "// Ours\r\nFirst line¬second line\r\nTwo\r\n";
+  EXPECT_EQ(desk.session().preview().quote, "");
+  desk.Tick("ShowDailyQuotes", true);
+  EXPECT_EQ(desk.session().preview().quote, "First line\r\nsecond line");
+  desk.session().ShowExamples(true);
+  EXPECT_EQ(desk.session().preview().quote, "First line\r\nsecond line");
+  desk.files.files["/home/ann/mine.txt"] = "Mine\n";
+  desk.Type("QuotesPath", "/home/ann/mine.txt");
+  EXPECT_EQ(desk.session().preview().quote, "Mine");
+  desk.files.files["/home/ann/mine.txt"] = "// nothing\n";
+  desk.Tick("UseSkin", false);
+  EXPECT_EQ(desk.session().preview().quote, "");
+  EXPECT_EQ(desk.settings.writes, 0);
+}
+
+TEST(ListPreview, ShowsTheSameQuoteAllDayLong) {
+  OptionsDesk desk;
+  std::string quotes;
+  for (int i = 0; i < 500; ++i) quotes += "Number " + std::to_string(i) + "\n";
+  desk.files.files[kQuotesPath] = quotes;
+  desk.Tick("ShowDailyQuotes", true);
+  const std::string quote = desk.session().preview().quote;
+  EXPECT_THAT(quote, ::testing::StartsWith("Number "));
+  desk.clock.now.minute += 7;
+  desk.Tick("FontBold", true);
+  EXPECT_EQ(desk.session().preview().quote, quote);
+}
+
 TEST(ListPreview, LeavesTheEventsFileAsItIs) {
   OptionsDesk desk;
   desk.files.files[kEventsPath] = "12.01,Over,7,one2014\r\n12.25,Soon,7,yearly\r\n";

@@ -52,6 +52,57 @@ TEST(OptionsClosing, AfterSavingTheReminderAsksToBeStartedAnewOnce) {
   EXPECT_THAT(StartReminder(desk, true), ElementsAre("The Tidewarden is already running."));
 }
 
+// The copy that runs at the end has read what was saved before it started.
+TEST(OptionsClosing, AReminderThatStartedAfterTheSaveIsLeftInPeace) {
+  for (const bool ranAtTheSave : {false, true}) {
+    OptionsDesk desk;
+    desk.reminder.anotherRuns = ranAtTheSave;
+    desk.Tick("UseSkin", false);
+    EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+    EXPECT_THAT(StartReminder(desk, false), IsEmpty());
+    desk.reminder.anotherRuns = true;
+    EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved) << "nothing to save";
+    EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
+    EXPECT_EQ(Word(desk), "(missing)");
+    EXPECT_THAT(StartReminder(desk, true), ElementsAre("The Tidewarden is already running."));
+  }
+}
+
+TEST(OptionsClosing, AReminderThatStartedBetweenTwoSavesHearsOfTheSecond) {
+  OptionsDesk desk;
+  desk.Tick("UseSkin", false);
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  EXPECT_THAT(StartReminder(desk, false), IsEmpty());
+  desk.reminder.anotherRuns = true;
+  desk.Tick("FontBold", true);
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
+  EXPECT_EQ(Word(desk), "true");
+}
+
+// The hint to restart comes when the options have been closed, not before.
+TEST(OptionsClosing, WhileTheOptionsAreOpenASecondStartIsASecondStart) {
+  OptionsDesk desk;
+  desk.reminder.anotherRuns = true;
+  desk.Tick("UseSkin", false);
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  for (int start = 0; start < 2; ++start) {
+    EXPECT_THAT(StartReminder(desk, true), ElementsAre("The Tidewarden is already running."));
+  }
+  EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
+  EXPECT_EQ(Word(desk), "true");
+}
+
+TEST(OptionsClosing, WhatWasSavedBeforeTheOptionsWereKilledIsStillNews) {
+  OptionsDesk desk;
+  desk.reminder.anotherRuns = true;
+  desk.Tick("UseSkin", false);
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  desk.Reopen();
+  EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
+  EXPECT_EQ(Word(desk), "true");
+}
+
 TEST(OptionsClosing, WithoutAChangeTheReminderThatRunsIsLeftInPeace) {
   for (const char* const heard : {"", "false", "perhaps"}) {
     OptionsDesk desk;
@@ -98,6 +149,17 @@ TEST(OptionsClosing, WordThatNobodyHasHeardYetStillHolds) {
   desk.Set("Customizer", "JustExited", "True");
   EXPECT_TRUE(desk.session().Close(OptionsClosing::kDone));
   EXPECT_EQ(Word(desk), "true");
+}
+
+TEST(OptionsClosing, AFurtherSaveDoesNotTakeItBack) {
+  OptionsDesk desk;
+  desk.Set("Customizer", "JustExited", "True");
+  desk.reminder.anotherRuns = true;
+  desk.Tick("UseSkin", false);
+  EXPECT_EQ(desk.session().Save(), SaveOutcome::kSaved);
+  EXPECT_THAT(
+      StartReminder(desk, true),
+      ElementsAre("Please close and then restart the Tidewarden for your changes to take effect."));
 }
 
 TEST(OptionsClosing, TheEntryOfTheDesktopIsNoReasonToRestart) {

@@ -281,6 +281,8 @@ TEST(Options, EveryOneHasALabelAndALineOfHelpWithItsDefault) {
   EXPECT_THAT(help("UseSkin"), ::testing::EndsWith(" Default: on."));
   EXPECT_THAT(help("DisableAlarms"), ::testing::EndsWith(" Default: off."));
   EXPECT_THAT(help("ReminderListColors"), ::testing::EndsWith(" Default: pale green."));
+  EXPECT_THAT(help("PrefaceTodaysEventsWithTODAYis"),
+              ::testing::EndsWith(" Default: the words Today is."));
   EXPECT_THAT(help("FontSize"), ::testing::EndsWith(" Default: 8."));
   EXPECT_THAT(help("AlarmPath"), ::testing::EndsWith(" Default: " + kSoundPath + "."));
   EXPECT_THAT(help("QuotesPath"), ::testing::EndsWith(" Default: " + kQuotesPath + "."));

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <chrono>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -78,9 +79,15 @@ class Program : public ::testing::Test {
 TEST_F(Program, TellsItsOptionsAndItsVersion) {
   const Ending help = Run({"--help"});
   EXPECT_EQ(help.code, 0);
-  for (const char* const option : {"--settings", "--file", "--page", "--today", "--grab"}) {
+  for (const char* const option :
+       {"--settings", "--file", "--page", "--today", "--now", "--grab"}) {
     EXPECT_THAT(help.said, HasSubstr(option));
   }
+  // The help wraps its lines.
+  std::istringstream words(help.said);
+  std::string text;
+  for (std::string word; words >> word;) text += word + " ";
+  EXPECT_THAT(text, HasSubstr("list, looks, alarms, editor, printing, files, start."));
   EXPECT_EQ(Run({"--version"}).said, "customizer " TIDEWARDEN_VERSION "\n");
 }
 
@@ -99,7 +106,10 @@ TEST_F(Program, RefusesWhatItDoesNotKnow) {
                                              {"something"},
                                              {"--grab", ""},
                                              {"--page", "attic"},
-                                             {"--today", "soon"}}) {
+                                             {"--today", "soon"},
+                                             {"--now", "noon"},
+                                             {"--now", "24:00"},
+                                             {"--now", ""}}) {
     const Ending ending = Run(arguments);
     EXPECT_EQ(ending.code, 2) << arguments.front();
     EXPECT_THAT(ending.said, StartsWith("customizer: "));
@@ -126,6 +136,20 @@ TEST_F(Program, APictureLeavesNoTrace) {
   EXPECT_FALSE(folder_.Exists("home/.config/Tideward"));
 }
 
+TEST_F(Program, APictureIsOfTheTimeThatIsNamed) {
+  folder_.Write("home/dates.txt", "11.20,Bus 4:15 pm,14,yearly\r\n");
+  folder_.Write("s.ini", "[Settings]\nPath=" + folder_ / "home/dates.txt" + "\n");
+  const auto picture = [this](const std::string& now) {
+    const Ending ending = Run({"--settings", folder_ / "s.ini", "--today", "2026-11-20", "--now",
+                               now, "--grab", folder_ / "picture.png"});
+    EXPECT_EQ(ending.code, 0) << ending.said;
+    return BytesOf(folder_ / "picture.png");
+  };
+  const std::string morning = picture("08:30:10");
+  EXPECT_TRUE(picture("08:30:10") == morning);
+  EXPECT_FALSE(picture("14:25") == morning) << "the alarm is nearer";
+}
+
 TEST_F(Program, SaysWhyAPictureCannotBeWritten) {
   const Ending ending = Run({"--settings", folder_ / "s.ini", "--grab", folder_ / "no/where.png"});
   EXPECT_EQ(ending.code, 4);
@@ -136,7 +160,8 @@ TEST_F(Program, WillNotWorkOnSettingsThatItCannotRead) {
   folder_.MakeFolder("s.ini");
   const Ending ending = Run({"--settings", folder_ / "s.ini", "--grab", folder_ / "p.png"});
   EXPECT_EQ(ending.code, 3);
-  EXPECT_THAT(ending.said, HasSubstr("The settings cannot be read"));
+  EXPECT_THAT(ending.said,
+              StartsWith("customizer: The settings in " + folder_ / "s.ini" + " cannot be read: "));
   EXPECT_FALSE(folder_.Exists("p.png"));
 }
 

@@ -8,10 +8,12 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QStackedWidget>
+#include <QStyleOptionButton>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -97,6 +99,8 @@ class FrmCustomizerTest : public QObject {
 
  private Q_SLOTS:
   void showsEveryOptionByItsName();
+  void everyHelpStandsOnOneLine_data();
+  void everyHelpStandsOnOneLine();
   void cancelChangesNothing();
   void okSavesAndCloses();
   void applySavesAndStays();
@@ -115,7 +119,10 @@ class FrmCustomizerTest : public QObject {
   void helpOpensTheGuide();
   void escapeAsksBeforeChangesAreLost();
   void aLogoutAsksNothing();
+  void mayGoWhileABoxHasTheFocus();
   void aFailedSaveKeepsTheWindow();
+  void enterPressesTheButtonThatHasTheFocus();
+  void enterElsewhereMeansOk();
   void keysReachEveryControlInTheOrderOfReading();
   void keysTurnThePages();
   void everyControlHasAName();
@@ -123,6 +130,8 @@ class FrmCustomizerTest : public QObject {
   void textsAreShownAsTheyAre();
   void textsStandOutFromEveryDesktop_data();
   void textsStandOutFromEveryDesktop();
+  void everythingOfAPageBeginsOnOneLine_data();
+  void everythingOfAPageBeginsOnOneLine();
   void nothingIsCut_data();
   void nothingIsCut();
 };
@@ -147,6 +156,35 @@ void FrmCustomizerTest::showsEveryOptionByItsName() {
            QStringLiteral("Your Tidewarden Upcoming Events"));
   QVERIFY(desk.The<QCheckBox>("chkUseSkin")->isChecked());
   QVERIFY(!desk.The<QCheckBox>("chkShowLessThan")->isChecked());
+}
+
+void FrmCustomizerTest::everyHelpStandsOnOneLine_data() {
+  QTest::addColumn<bool>("skin");
+  QTest::newRow("skin") << true;
+  QTest::newRow("plain") << false;
+}
+
+// In the size in which the window comes up. Where a file is meant, the path of the default may be
+// long.
+void FrmCustomizerTest::everyHelpStandsOnOneLine() {
+  QFETCH(bool, skin);
+  Desk desk;
+  desk.files.files[test::kSkinPath] = SkinOfTheProgram();
+  desk.Set("Options", "UseSkin", skin ? "True" : "False");
+  desk.Open();
+  for (const Option& option : AllOptions()) {
+    if (option.kind == OptionKind::kSoundFile || option.kind == OptionKind::kEventsFile ||
+        option.kind == OptionKind::kQuotesFile) {
+      continue;
+    }
+    const QString name =
+        QString::fromUtf8(NameOf(option).data(), static_cast<qsizetype>(NameOf(option).size()));
+    desk.window->ShowPage(option.page);
+    QTest::qWait(0);
+    const auto* const help = desk.window->findChild<QLabel*>(QStringLiteral("lbl%1Help").arg(name));
+    const int lines = help->heightForWidth(help->width()) / help->fontMetrics().lineSpacing();
+    QVERIFY2(lines == 1, qPrintable(help->text()));
+  }
 }
 
 void FrmCustomizerTest::cancelChangesNothing() {
@@ -188,7 +226,7 @@ void FrmCustomizerTest::applySavesAndStays() {
   QVERIFY(!apply->isEnabled());
   QCOMPARE(desk.Label("lblStatus"), QStringLiteral("Saved."));
   QCOMPARE(desk.settings.At("Options", "ShowLessThan"), std::string("True"));
-  QCOMPARE(desk.Word(), QStringLiteral("(missing)"));
+  QCOMPARE(desk.Word(), QStringLiteral("saved"));
   desk.Click("chkShowLessThan");
   QCOMPARE(desk.Label("lblStatus"), QString());
 }
@@ -244,6 +282,11 @@ void FrmCustomizerTest::thePreviewFollows() {
   QVERIFY(desk.The<QLabel>("lblPreviewDate")->isVisible());
   desk.Click("chkShowTodaysDateBeneathReminders");
   QVERIFY(!desk.The<QLabel>("lblPreviewDate")->isVisible());
+  auto* const quote = desk.The<QPlainTextEdit>("txtPreviewQuote");
+  QVERIFY(!quote->isVisible());
+  desk.Click("chkShowDailyQuotes");
+  QVERIFY(quote->isVisible());
+  QCOMPARE(quote->toPlainText(), QStringLiteral("One"));
 
   desk.window->ShowPage(OptionPage::kLooks);
   Pick(desk.The<QComboBox>("cmbReminderListColors"), QStringLiteral("Blue"));
@@ -255,6 +298,7 @@ void FrmCustomizerTest::thePreviewFollows() {
   QCOMPARE(picture.pixelColor(picture.width() - 3, picture.height() - 3), QColor(0, 0, 0x99));
   QCOMPARE(list->font().pointSize(), 20);
   QVERIFY(list->font().bold());
+  QCOMPARE(quote->font().pointSize(), 20);
 
   desk.window->ShowPage(OptionPage::kAlarms);
   QVERIFY(!list->isVisible());
@@ -463,6 +507,15 @@ void FrmCustomizerTest::aLogoutAsksNothing() {
   QCOMPARE(desk.Word(), QStringLiteral("false"));
 }
 
+void FrmCustomizerTest::mayGoWhileABoxHasTheFocus() {
+  Desk desk;
+  desk.Open();
+  desk.Enter("txtTitlebarText", "Mine");
+  QVERIFY(desk.The<QLineEdit>("txtTitlebarText")->hasFocus());
+  desk.window.reset();
+  QCOMPARE(desk.Text("TitlebarText"), std::string("Mine"));
+}
+
 void FrmCustomizerTest::aFailedSaveKeepsTheWindow() {
   Desk desk;
   desk.reminder.anotherRuns = true;
@@ -475,6 +528,68 @@ void FrmCustomizerTest::aFailedSaveKeepsTheWindow() {
            (std::vector<std::string>{"Nothing has been saved: the disk is full."}));
   QCOMPARE(desk.Label("lblStatus"), QString());
   QVERIFY(desk.The<QCheckBox>("chkShowLessThan")->isChecked());
+}
+
+void FrmCustomizerTest::enterPressesTheButtonThatHasTheFocus() {
+  int tried = 0;
+  for (const PageName& page : AllPages()) {
+    Desk names;
+    names.Open().ShowPage(page.page);
+    QStringList buttons;
+    for (const auto* const button : names.window->findChildren<QPushButton*>()) {
+      if (button->isVisible()) buttons << button->objectName();
+    }
+    for (const QString& name : buttons) {
+      for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        Desk desk;
+        desk.session().StartReminder = [] { return true; };
+        desk.session().SetOn(IndexOfOption("ShowLessThan"), true);
+        desk.Open().ShowPage(page.page);
+        desk.window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(desk.window.get()));
+        QStringList pressed;
+        for (const auto* const button : desk.window->findChildren<QPushButton*>()) {
+          connect(button, &QPushButton::clicked, this,
+                  [&pressed, button] { pressed << button->objectName(); });
+        }
+        // A dialog of colours or files is sent away again.
+        QTimer::singleShot(0, desk.window.get(), [] {
+          if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            dialog->reject();
+          }
+        });
+        auto* const button = desk.The<QPushButton>(name.toLatin1());
+        button->setFocus(Qt::TabFocusReason);
+        QVERIFY2(button->hasFocus(), qPrintable(name));
+        QTest::keyClick(button, key);
+        QCOMPARE(pressed, QStringList{name});
+        const bool saves = name == u"cmdOk" || name == u"cmdApply" || name == u"cmdReminder";
+        QVERIFY2((desk.settings.At("Options", "ShowLessThan") == "True") == saves,
+                 qPrintable(name));
+        ++tried;
+      }
+    }
+  }
+  // Four at the foot of each of seven pages; two for colours, three for a sound, two for files.
+  QCOMPARE(tried, 2 * (7 * 4 + 2 + 3 + 2));
+}
+
+void FrmCustomizerTest::enterElsewhereMeansOk() {
+  for (const char* const name : {"chkShowLessThan", "txtTitlebarText", "cmbShowDayOfWeek"}) {
+    Desk desk;
+    desk.Open();
+    desk.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(desk.window.get()));
+    // From a button the mark of the Return key goes back to OK.
+    desk.The<QPushButton>("cmdCancel")->setFocus(Qt::TabFocusReason);
+    QVERIFY(!desk.The<QPushButton>("cmdOk")->isDefault());
+    auto* const control = desk.The<QWidget>(name);
+    control->setFocus(Qt::TabFocusReason);
+    QVERIFY2(desk.The<QPushButton>("cmdOk")->isDefault(), name);
+    QTest::keyClick(control, Qt::Key_Return);
+    QVERIFY2(desk.window->isHidden(), name);
+    QCOMPARE(desk.Word(), QStringLiteral("false"));
+  }
 }
 
 void FrmCustomizerTest::keysReachEveryControlInTheOrderOfReading() {
@@ -590,6 +705,54 @@ void FrmCustomizerTest::textsStandOutFromEveryDesktop() {
     QVERIFY2(Contrast(color, window) >= 4.5, name);
   }
   QVERIFY(desk.The<QLabel>("lblLevelsOfBackupNote")->palette().color(QPalette::WindowText) != text);
+}
+
+void FrmCustomizerTest::everythingOfAPageBeginsOnOneLine_data() {
+  QTest::addColumn<bool>("skin");
+  QTest::newRow("skin") << true;
+  QTest::newRow("plain") << false;
+}
+
+// Boxes, labels, fields and headings. Also after the skin has been turned on and off.
+void FrmCustomizerTest::everythingOfAPageBeginsOnOneLine() {
+  QFETCH(bool, skin);
+  Desk desk;
+  desk.files.files[test::kSkinPath] = SkinOfTheProgram();
+  desk.Set("Options", "UseSkin", skin ? "False" : "True");
+  desk.Open().ShowPage(OptionPage::kLooks);
+  desk.Click("chkUseSkin");
+  int looked = 0;
+  for (const PageName& page : AllPages()) {
+    desk.window->ShowPage(page.page);
+    QTest::qWait(0);
+    const auto* const scroll =
+        qobject_cast<QScrollArea*>(desk.The<QStackedWidget>("stkPages")->currentWidget());
+    for (auto* const widget : scroll->widget()->findChildren<QWidget*>()) {
+      int left = widget->contentsMargins().left();
+      if (const auto* const check = qobject_cast<QCheckBox*>(widget)) {
+        QStyleOptionButton option;
+        option.initFrom(check);
+        left = check->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, check).left();
+      } else if (qobject_cast<QLabel*>(widget) != nullptr) {
+        // What tells about a box stands below the words of the box.
+        const QString option = widget->objectName().mid(3).remove(QStringLiteral("Help"));
+        const bool isHelp = widget->objectName().endsWith(u"Help");
+        if (isHelp && desk.window->findChild<QCheckBox*>(QStringLiteral("chk") + option)) continue;
+      } else if (qobject_cast<QLineEdit*>(widget) != nullptr) {
+        if (qobject_cast<QComboBox*>(widget->parentWidget()) != nullptr) continue;
+        left = 0;
+      } else if (qobject_cast<QComboBox*>(widget) != nullptr) {
+        left = 0;
+      } else {
+        continue;
+      }
+      if (!widget->isVisible()) continue;
+      const int x = widget->mapTo(scroll->widget(), QPoint(left, 0)).x();
+      QVERIFY2(x == 12, qPrintable(QStringLiteral("%1 %2").arg(widget->objectName()).arg(x)));
+      ++looked;
+    }
+  }
+  QVERIFY(looked > 80);
 }
 
 void FrmCustomizerTest::nothingIsCut_data() {

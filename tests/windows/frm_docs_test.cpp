@@ -1,5 +1,6 @@
 // The help window, offscreen, with the guide that is built into the program.
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -10,10 +11,13 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
+#include <algorithm>
+#include <cmath>
 
 #include "guide/frm_docs.h"
 #include "guide/frm_docs_page.h"
 #include "guide/markdown.h"
+#include "tests/support/source_folder.h"
 #include "tests/windows/contrast.h"
 #include "twdocs/shipped_guide.h"
 
@@ -36,11 +40,21 @@ QString TextWithoutPictures(const Block& block) {
   return text;
 }
 
+QString SkinOfTheProgram() {
+  QFile file(QString::fromStdString((test::SourceFolder() / "skin/winaqua.skn").string()));
+  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+// The screen of the tests is smaller than those of people.
+constexpr QSize kSizeOnALargeScreen{1000, 700};
+
 // The window on the shipped guide.
 struct HelpDesk {
-  explicit HelpDesk(const char* topic = "index")
+  explicit HelpDesk(const char* topic = "index", const QString& skin = {})
       : session(TheGuide()), began(session.Begin(topic)), window(session) {
+    window.ApplySkin(skin);
     window.OpenOutside = [this](const QString& address) { opened.append(address); };
+    window.resize(kSizeOnALargeScreen);
     window.show();
     QVERIFY2(QTest::qWaitForWindowActive(&window), "the window does not come up");
     QTest::qWait(20);  // until it has scrolled
@@ -99,11 +113,14 @@ class FrmDocsTest : public QObject {
   void beginsAtATopicAndItsHeading();
   void showsEveryTopicAsItIsWritten();
   void showsEveryPicture();
+  void noPageScrollsSideways();
+  void picturesAreAsWideAsThereIsRoom();
   void opensATopicFromTheList();
   void followsLinksInsideTheGuide();
   void leavesWebPagesToTheDesktopAndNothingElse();
   void fetchesNothing();
   void goesBackAndForwardByButtonAndKey();
+  void pressesTheFocusedButtonByReturn();
   void searchesWhileTyping();
   void showsTheBestHitsFirstAfterEachLetter();
   void opensTheBestHitByEnter();
@@ -114,6 +131,8 @@ class FrmDocsTest : public QObject {
   void escapeEmptiesTheSearchBoxFirst();
   void placeholderCanBeReadOnEveryDesktop();
   void canBeReadOnADarkDesktop();
+  void takesTheSkin();
+  void theSkinLeavesTheTextToTheDesktop();
   void leavesNamesOfSettingsWhole();
   void namesEveryControlForScreenReaders();
 };
@@ -175,6 +194,59 @@ void FrmDocsTest::showsEveryPicture() {
     }
   }
   QVERIFY(pictures >= 5);
+}
+
+void FrmDocsTest::noPageScrollsSideways() {
+  for (const QString& skin : {QString(), SkinOfTheProgram()}) {
+    for (const GuideTopic& topic : TheGuide().topics()) {
+      const HelpDesk desk(topic.name.c_str(), skin);
+      const auto* const text = desk.Find<QTextBrowser>("txtText");
+      QVERIFY2(text->horizontalScrollBar()->maximum() == 0, topic.name.c_str());
+    }
+  }
+}
+
+// The picture of the options is the widest one: 760 pixels and the frame of the window.
+void FrmDocsTest::picturesAreAsWideAsThereIsRoom() {
+  HelpDesk desk("options");
+  auto* const text = desk.Find<QTextBrowser>("txtText");
+  const auto picture = [text] {
+    for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next()) {
+      for (auto it = block.begin(); !it.atEnd(); ++it) {
+        if (it.fragment().charFormat().isImageFormat()) {
+          return it.fragment().charFormat().toImageFormat();
+        }
+      }
+    }
+    return QTextImageFormat();
+  };
+  const QSizeF natural = QImage(QStringLiteral(":/guide/options.png")).size();
+  QVERIFY(natural.width() > 750);
+  const auto looksRight = [&] {
+    const QTextImageFormat shown = picture();
+    return std::abs(shown.height() / shown.width() - natural.height() / natural.width()) < 0.01;
+  };
+  for (const int width : {1000, 640, 1000}) {
+    desk.window.resize(width, 700);
+    QTest::qWait(20);
+    const double room = text->viewport()->width() - 2 * text->document()->documentMargin();
+    QVERIFY(picture().width() <= room);
+    QVERIFY(picture().width() > room - 40);
+    QVERIFY(looksRight());
+  }
+  // More room makes it no larger than it is.
+  desk.window.resize(1600, 700);
+  QTest::qWait(20);
+  QCOMPARE(picture().width(), natural.width());
+  QVERIFY(looksRight());
+  // What it is scaled to is drawn as it is: lines and letters keep their edges.
+  desk.window.resize(1000, 700);
+  QTest::qWait(20);
+  const QVariant scaled =
+      text->document()->resource(QTextDocument::ImageResource, QUrl(picture().name()));
+  QCOMPARE(scaled.value<QImage>().width(),
+           std::min(natural.toSize().width(),
+                    qRound(picture().width() * desk.window.devicePixelRatioF())));
 }
 
 void FrmDocsTest::opensATopicFromTheList() {
@@ -239,6 +311,25 @@ void FrmDocsTest::goesBackAndForwardByButtonAndKey() {
   QCOMPARE(desk.Title(), QStringLiteral("Feasts - Tidewarden Help"));
   QTest::keyClick(&desk.window, Qt::Key_Home, Qt::AltModifier);
   QCOMPARE(desk.Title(), QStringLiteral("Tidewarden - Tidewarden Help"));
+}
+
+void FrmDocsTest::pressesTheFocusedButtonByReturn() {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+    const HelpDesk desk("alarms");
+    const int zoom = desk.session.zoom();
+    auto* const larger = desk.Find<QPushButton>("cmdLarger");
+    larger->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(larger, key);
+    QVERIFY(desk.session.zoom() > zoom);
+    auto* const contents = desk.Find<QPushButton>("cmdContents");
+    contents->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(contents, key);
+    QCOMPARE(desk.Title(), QStringLiteral("Tidewarden - Tidewarden Help"));
+    auto* const back = desk.Find<QPushButton>("cmdBack");
+    back->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(back, key);
+    QCOMPARE(desk.Title(), QStringLiteral("Alarms - Tidewarden Help"));
+  }
 }
 
 void FrmDocsTest::searchesWhileTyping() {
@@ -364,16 +455,60 @@ void FrmDocsTest::placeholderCanBeReadOnEveryDesktop() {
        {Desktop(QColor(0xEF, 0xEF, 0xEF), Qt::white, Qt::black),
         Desktop(QColor(0x2D, 0x2F, 0x31), QColor(0x1D, 0x1F, 0x20), QColor(0xF0, 0xF0, 0xF0))}) {
     QApplication::setPalette(desktop);
-    const HelpDesk desk;
-    const QPalette palette = desk.Find<QLineEdit>("txtSearch")->palette();
-    const QColor text = palette.color(QPalette::PlaceholderText);
-    const QColor base = palette.color(QPalette::Base);
-    const float share = text.alphaF();
-    const QColor seen = QColor::fromRgbF(text.redF() * share + base.redF() * (1 - share),
-                                         text.greenF() * share + base.greenF() * (1 - share),
-                                         text.blueF() * share + base.blueF() * (1 - share));
-    QVERIFY(Contrast(seen, base) >= kTextContrast);
-    QVERIFY(seen != palette.color(QPalette::Text));
+    for (const QString& skin : {QString(), SkinOfTheProgram()}) {
+      const HelpDesk desk("index", skin);
+      const QPalette palette = desk.Find<QLineEdit>("txtSearch")->palette();
+      const QColor text = palette.color(QPalette::PlaceholderText);
+      const QColor base = palette.color(QPalette::Base);
+      const float share = text.alphaF();
+      const QColor seen = QColor::fromRgbF(text.redF() * share + base.redF() * (1 - share),
+                                           text.greenF() * share + base.greenF() * (1 - share),
+                                           text.blueF() * share + base.blueF() * (1 - share));
+      QVERIFY(Contrast(seen, base) >= kTextContrast);
+      QVERIFY(seen != palette.color(QPalette::Text));
+    }
+  }
+  QApplication::setPalette(QPalette());
+}
+
+void FrmDocsTest::takesTheSkin() {
+  const HelpDesk plain("alarms");
+  const HelpDesk skinned("alarms", SkinOfTheProgram());
+  const QColor teal(0x0D, 0x65, 0x80);
+  const auto ground = [](const HelpDesk& desk) {
+    const QImage picture = desk.Find<QPushButton>("cmdContents")->grab().toImage();
+    return picture.pixelColor(picture.width() / 2,
+                              static_cast<int>(5 * picture.devicePixelRatio()));
+  };
+  QVERIFY(ground(plain) != teal);
+  QCOMPARE(ground(skinned), teal);
+  // The topic that is shown.
+  auto* const list = skinned.Find<QListWidget>("lstTopics");
+  const QRect row = list->visualItemRect(list->currentItem());
+  const QImage picture = list->viewport()->grab(row).toImage();
+  QCOMPARE(picture.pixelColor(picture.width() - 4, picture.height() / 2), teal);
+  QVERIFY(BestContrast(picture, teal) >= kTextContrast);
+}
+
+void FrmDocsTest::theSkinLeavesTheTextToTheDesktop() {
+  for (const QPalette& desktop :
+       {Desktop(QColor(0xEF, 0xEF, 0xEF), Qt::white, Qt::black),
+        Desktop(QColor(0x2D, 0x2F, 0x31), QColor(0x1D, 0x1F, 0x20), QColor(0xF0, 0xF0, 0xF0))}) {
+    QApplication::setPalette(desktop);
+    const HelpDesk plain("feasts");
+    const HelpDesk skinned("feasts", SkinOfTheProgram());
+    for (const char* const name : {"txtText", "lstTopics"}) {
+      const auto* const one = plain.Find<QAbstractScrollArea>(name);
+      const auto* const other = skinned.Find<QAbstractScrollArea>(name);
+      for (const auto role : {QPalette::Base, QPalette::Text}) {
+        QCOMPARE(other->palette().color(role), one->palette().color(role));
+      }
+    }
+    const QImage page = skinned.Find<QTextBrowser>("txtText")->viewport()->grab().toImage();
+    QCOMPARE(page.pixelColor(2, page.height() - 3), desktop.color(QPalette::Base));
+    // Links, headings and lines are coloured for the ground that they stand on.
+    QCOMPARE(skinned.Find<QTextBrowser>("txtText")->toHtml(),
+             plain.Find<QTextBrowser>("txtText")->toHtml());
   }
   QApplication::setPalette(QPalette());
 }
