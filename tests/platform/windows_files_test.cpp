@@ -184,6 +184,43 @@ TEST_F(WindowsFiles, InAFolderThatTakesNoFilesTheContentIsWrittenIntoTheFile) {
   }
 }
 
+// A folder of a network that may be changed, but not handed on.
+TEST(WindowsReplacement, IsCreatedWithTheRightsThatThePlaceGrants) {
+  TemporaryFolder folder;
+  const auto grants = [&](DWORD refused, DWORD reason, std::vector<DWORD>& asked) {
+    return CreateReplacement([&](DWORD rights) -> HANDLE {
+             asked.push_back(rights & (WRITE_DAC | WRITE_OWNER));
+             EXPECT_EQ(rights & (GENERIC_READ | GENERIC_WRITE | DELETE),
+                       GENERIC_READ | GENERIC_WRITE | DELETE);
+             if ((rights & refused) != 0) {
+               ::SetLastError(reason);
+               return INVALID_HANDLE_VALUE;
+             }
+             return ::CreateFileW(WidePath(folder / "new").c_str(), rights, 0, nullptr,
+                                  CREATE_ALWAYS, 0, nullptr);
+           })
+        .ok();
+  };
+  const DWORD denied = ERROR_ACCESS_DENIED;
+  std::vector<DWORD> asked;
+  EXPECT_TRUE(grants(0, denied, asked));
+  EXPECT_THAT(asked, ElementsAre(WRITE_DAC | WRITE_OWNER));
+  asked.clear();
+  EXPECT_TRUE(grants(WRITE_OWNER, denied, asked));
+  EXPECT_THAT(asked, ElementsAre(WRITE_DAC | WRITE_OWNER, WRITE_DAC));
+  asked.clear();
+  EXPECT_TRUE(grants(WRITE_DAC | WRITE_OWNER, denied, asked));
+  EXPECT_THAT(asked, ElementsAre(WRITE_DAC | WRITE_OWNER, WRITE_DAC, 0U));
+  asked.clear();
+  EXPECT_FALSE(grants(GENERIC_WRITE, denied, asked));
+  EXPECT_EQ(::GetLastError(), denied);
+  EXPECT_EQ(asked.size(), 3U);
+  asked.clear();
+  EXPECT_FALSE(grants(WRITE_DAC, ERROR_FILE_EXISTS, asked)) << "that is about no right";
+  EXPECT_EQ(::GetLastError(), DWORD{ERROR_FILE_EXISTS});
+  EXPECT_EQ(asked.size(), 1U);
+}
+
 // --- Names of every kind.
 
 TEST_F(WindowsFiles, PathsMayBeLongAndOfEveryAlphabet) {
