@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <QApplication>
+#include <QFont>
 #include <array>
 #include <cstdio>
 #include <utility>
@@ -47,6 +48,10 @@ void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
 void SettleDesktop(QCoreApplication& application) {
   // Belongs to the application.
   new QtTopmostWindows(application);
+  // The default font has its letters in two sizes only, as dots, and Qt stretches them. Its twin
+  // has the same letters in outlines.
+  QFont::insertSubstitution(QStringLiteral("MS Sans Serif"),
+                            QStringLiteral("Microsoft Sans Serif"));
 }
 
 ProgramTray MakeProgramTray() {
