@@ -28,6 +28,13 @@ Colour Chosen(const QColor& colour) {
 
 }  // namespace
 
+QString SoundFilter(const std::vector<std::string>& endings) {
+  QStringList patterns;
+  for (const std::string& ending : endings)
+    patterns << QStringLiteral("*.") + QString::fromStdString(ending);
+  return QObject::tr("Sounds (%1);;All files (*)").arg(patterns.join(QLatin1Char(' ')));
+}
+
 frmCustomizer::frmCustomizer(OptionsSession& session, QWidget* parent)
     : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmCustomizer"));
@@ -135,7 +142,7 @@ void frmCustomizer::Browse(std::size_t option) {
       break;
     case OptionKind::kSoundFile:
       path = QFileDialog::getOpenFileName(this, tr("Sound file"), present,
-                                          tr("Sounds (*.wav *.ogg *.mp3 *.flac);;All files (*)"));
+                                          SoundFilter(session_.SoundEndings()));
       break;
     default:
       path = QFileDialog::getOpenFileName(this, tr("Quotes file"), present,

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include "customizer/options.h"
@@ -21,6 +22,9 @@ class OptionField;
 class OptionsSession;
 class PreviewPanel;
 enum class OptionsClosing;
+
+// What the dialog for a sound file offers: files with these endings, or all.
+[[nodiscard]] QString SoundFilter(const std::vector<std::string>& endings);
 
 class frmCustomizer : public QDialog {
   Q_OBJECT

@@ -151,7 +151,7 @@ class WindowsSound : public ::testing::Test {
                  [this](const std::wstring& command, std::wstring* answer) {
                    calls_.push_back(Narrow(command));
                    if (answer != nullptr) *answer = mode_;
-                   return works_;
+                   return works_ && Narrow(command) != unknown_;
                  },
                  [this](unsigned kind) { calls_.push_back("beep " + std::to_string(kind)); }}) {}
 
@@ -159,6 +159,7 @@ class WindowsSound : public ::testing::Test {
 
   std::vector<std::string> calls_;
   bool works_ = true;
+  std::string unknown_;  // a command that fails
   std::wstring mode_ = L"playing";
   WindowsSoundPlayer player_;
 };
@@ -182,6 +183,20 @@ TEST_F(WindowsSound, OfAnotherFileGoesThroughTheControl) {
   EXPECT_THAT(Calls(), IsEmpty());
 }
 
+TEST_F(WindowsSound, OfAnEndingThatTheControlDoesNotKnowIsTriedWithItsGeneralPlayer) {
+  unknown_ = "open \"C:\\a.ogg\" alias tidewarden";
+  player_.Play("C:\\a.ogg", SoundKind::kOther);
+  EXPECT_THAT(Calls(),
+              ElementsAre("sound  0", "close tidewarden", "stop tidewarden", unknown_,
+                          "open \"C:\\a.ogg\" type mpegvideo alias tidewarden", "play tidewarden"));
+  player_.Stop();
+  EXPECT_THAT(Calls(), ElementsAre("sound  0", "close tidewarden"));
+}
+
+TEST_F(WindowsSound, IsOfferedForWhatEveryWindowsPlays) {
+  EXPECT_THAT(player_.Endings(), ElementsAre("wav", "mp3", "wma", "mid"));
+}
+
 TEST_F(WindowsSound, OfOneKindEndsTheOther) {
   player_.Play("C:\\a.mp3", SoundKind::kOther);
   static_cast<void>(Calls());
@@ -199,6 +214,7 @@ TEST_F(WindowsSound, ThatCannotBePlayedIsABeepWithAReason) {
   player_.Play("C:\\a.ogg", SoundKind::kOther);
   EXPECT_THAT(Calls(), ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
                                    "open \"C:\\a.ogg\" alias tidewarden",
+                                   "open \"C:\\a.ogg\" type mpegvideo alias tidewarden",
                                    "complain C:\\a.ogg cannot be played", "beep 48"));
   player_.Beep("no file");
   EXPECT_THAT(Calls(), ElementsAre("complain no file", "beep 48"));

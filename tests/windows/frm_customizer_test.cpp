@@ -107,6 +107,7 @@ class FrmCustomizerTest : public QObject {
   void ownColoursAreChosenByButtons();
   void anUnknownChoiceIsShown();
   void theSoundIsPlayed();
+  void theSoundsThatPlayHereAreOffered();
   void startsWithTheComputer();
   void theWayBackSavesAndStarts();
   void theWayBackSaysWhatItDoes();
@@ -325,6 +326,11 @@ void FrmCustomizerTest::theSoundIsPlayed() {
   QCOMPARE(desk.Label("lblAlarmPathNote").remove(QChar(0x200B)),
            QStringLiteral("There is no file /home/ann/none.ogg."));
   QVERIFY(desk.The<QLabel>("lblAlarmPathNote")->isVisible());
+}
+
+void FrmCustomizerTest::theSoundsThatPlayHereAreOffered() {
+  QCOMPARE(SoundFilter({"wav", "mp3", "wma", "mid"}),
+           QStringLiteral("Sounds (*.wav *.mp3 *.wma *.mid);;All files (*)"));
 }
 
 void FrmCustomizerTest::startsWithTheComputer() {
