@@ -61,6 +61,7 @@ ShellAreaCalls SystemShellAreaCalls() {
   calls.isSeen = [](HWND window) {
     return ::IsWindowVisible(window) != 0 && ::IsIconic(window) == 0;
   };
+  calls.hasArea = [] { return ::FindWindowW(L"Shell_TrayWnd", nullptr) != nullptr; };
   return calls;
 }
 
@@ -69,14 +70,29 @@ ShellNotificationArea::ShellNotificationArea(ShellAreaCalls calls)
 
 void ShellNotificationArea::NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
                                        std::string_view /*tooltip*/) {
-  NOTIFYICONDATAA data = NativeRecord(record);
+  if (message == NotifyIconMessage::kDelete) {
+    shown_.reset();
+    isMissing_ = false;
+    NOTIFYICONDATAA data = NativeRecord(record);
+    calls_.notifyIcon(NIM_DELETE, data);
+    return;
+  }
   shown_ = record;
-  if (message == NotifyIconMessage::kDelete) shown_.reset();
-  calls_.notifyIcon(static_cast<DWORD>(message), data);
+  Show(static_cast<DWORD>(message));
+}
+
+// The shell refuses to add an icon that it has, also one that it has taken after it seemed too
+// busy, and to change one that it does not have.
+void ShellNotificationArea::Show(DWORD message) {
+  NOTIFYICONDATAA data = NativeRecord(*shown_);
+  const DWORD other = message == NIM_ADD ? NIM_MODIFY : NIM_ADD;
+  isMissing_ = !calls_.notifyIcon(message, data) && !calls_.notifyIcon(other, data);
 }
 
 bool ShellNotificationArea::IsAvailable() {
-  return ::FindWindowW(L"Shell_TrayWnd", nullptr) != nullptr;
+  if (!calls_.hasArea()) return false;
+  if (isMissing_) Show(NIM_ADD);
+  return !isMissing_;
 }
 
 bool ShellNotificationArea::IsFromIcon(HWND window, UINT message, WPARAM wParam,
@@ -93,8 +109,8 @@ bool ShellNotificationArea::HandleMessage(HWND window, UINT message, WPARAM wPar
   if (shellStarted_ != 0 && message == shellStarted_) {
     // Every window of the program hears of it; the icon's window counts.
     if (shown_ && window == WindowOf(shown_->hWnd)) {
-      NOTIFYICONDATAA data = NativeRecord(*shown_);
-      if (calls_.notifyIcon(NIM_ADD, data) && Appeared) Appeared();
+      Show(NIM_ADD);
+      if (!isMissing_ && Appeared) Appeared();
     }
     return false;
   }

@@ -2,6 +2,7 @@
 // start on Windows.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 
@@ -34,12 +35,13 @@ class ShellArea : public ::testing::Test {
       : area_({[this](DWORD message, NOTIFYICONDATAA& data) {
                  messages_.push_back(message);
                  data_ = data;
-                 return true;
+                 return std::find(refused_.begin(), refused_.end(), message) == refused_.end();
                },
                [this](HWND window) {
                  EXPECT_EQ(window, WindowOf(kOwner));
                  return isSeen_;
-               }}),
+               },
+               [this] { return hasArea_; }}),
         icon_(area_) {
     icon_.OwnerForm = kOwner;
     icon_.Icon(kPicture);
@@ -57,6 +59,8 @@ class ShellArea : public ::testing::Test {
   std::vector<DWORD> messages_;
   NOTIFYICONDATAA data_{};
   bool isSeen_ = false;
+  bool hasArea_ = true;
+  std::vector<DWORD> refused_;  // messages that the shell is too busy for
   std::vector<int> heard_;
   ShellNotificationArea area_;
   TrayIcon icon_;
@@ -136,6 +140,54 @@ TEST_F(ShellArea, AShellThatStartsAnewGetsTheIconAgain) {
   EXPECT_THAT(messages_, ElementsAre(DWORD{NIM_ADD}, DWORD{NIM_ADD}));
   EXPECT_EQ(data_.uID, 1U);
   EXPECT_EQ(appeared, 1);
+}
+
+TEST_F(ShellArea, IsNoneUntilTheShellHasTakenTheIcon) {
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, IsEmpty()) << "no icon is wanted";
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  icon_.Visible(true);
+  messages_.clear();
+  EXPECT_FALSE(area_.IsAvailable());
+  EXPECT_FALSE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(NIM_ADD, NIM_MODIFY, NIM_ADD, NIM_MODIFY));
+  messages_.clear();
+  refused_.clear();
+  data_ = {};
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(NIM_ADD)) << "once it is there, it is left alone";
+  EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
+  hasArea_ = false;
+  EXPECT_FALSE(area_.IsAvailable());
+}
+
+TEST_F(ShellArea, AnIconThatTheShellHasTakenAfterAllIsThere) {
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  icon_.Visible(true);
+  refused_ = {NIM_ADD};  // it has it now
+  EXPECT_TRUE(area_.IsAvailable());
+}
+
+TEST_F(ShellArea, AnIconThatIsNoLongerWantedIsNotMissed) {
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  icon_.Visible(true);
+  icon_.Visible(false);
+  messages_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, IsEmpty());
+}
+
+TEST_F(ShellArea, AShellThatStartsAnewMayBeTooBusyAtFirst) {
+  int appeared = 0;
+  area_.Appeared = [&] { ++appeared; };
+  icon_.Visible(true);
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  EXPECT_FALSE(Handle(::RegisterWindowMessageW(L"TaskbarCreated"), 0, 0));
+  EXPECT_EQ(appeared, 0);
+  EXPECT_FALSE(area_.IsAvailable());
+  refused_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
 }
 
 // --- The sound.
