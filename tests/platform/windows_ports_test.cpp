@@ -358,6 +358,8 @@ TEST(WindowsFolders, HaveBackslashesAndNoneAtTheEnd) {
   EXPECT_TRUE(std::filesystem::is_directory(FolderOf(WidePath(folders.userData))));
   EXPECT_EQ(ReminderProgram(), folders.program + "\\tidewarden.exe");
   EXPECT_TRUE(std::filesystem::is_directory(WidePath(GetCommonDataFolder())));
+  EXPECT_THAT(folders.userData, EndsWith("\\AppData\\Roaming\\Tideward"));
+  EXPECT_THAT(GetLocalDataFolder(), EndsWith("\\AppData\\Local\\Tideward"));
 }
 
 TEST(WindowsStart, TakesNoLibraryFromTheCurrentFolder) {
