@@ -24,6 +24,10 @@ struct RegistryValue {
 [[nodiscard]] Status WriteRegistryText(const std::wstring& key, const std::wstring& name,
                                        std::wstring_view text);
 
+// Stores a value as ReadRegistry has given it.
+[[nodiscard]] Status WriteRegistry(const std::wstring& key, const std::wstring& name,
+                                   const RegistryValue& value);
+
 // Removes a name. kOk also when it is missing.
 [[nodiscard]] Status DeleteFromRegistry(const std::wstring& key, const std::wstring& name);
 
