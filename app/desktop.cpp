@@ -155,6 +155,7 @@ void Desktop::Print(const std::vector<EventRow>& rows) {
 }
 
 void Desktop::EndWithOptions() {
+  settings_->Flush();
   const auto release = [this] {
     session_.tIcon().Visible(false);
     instance_->Release();

@@ -85,8 +85,11 @@ Status DeleteFromRegistry(const std::wstring& key, const std::wstring& name) {
   Key opened;
   LSTATUS result = opened.Open(key, KEY_SET_VALUE);
   if (result == ERROR_SUCCESS) result = ::RegDeleteValueW(opened.get(), name.c_str());
-  if (result == ERROR_SUCCESS) result = ::RegFlushKey(opened.get());
   return result == ERROR_FILE_NOT_FOUND ? Status() : FromResult(result);
+}
+
+void FlushRegistry() {
+  ::RegFlushKey(HKEY_CURRENT_USER);
 }
 
 std::wstring TextOf(const RegistryValue& value) {

@@ -140,6 +140,26 @@ TEST_F(RegistrySettings, AnotherProgramsWriteIsSeenAtOnce) {
   EXPECT_EQ(Read("Options", "UseSkin"), "False");
 }
 
+TEST_F(RegistrySettings, AreBroughtToTheDiskOnceForAllThatWasWritten) {
+  int flushes = 0;
+  {
+    RegistrySettingsStore store(part_.root(), [&flushes] { ++flushes; });
+    std::string value;
+    ASSERT_TRUE(store.Read("Options", "UseSkin", value).ok());
+    store.Flush();
+    EXPECT_EQ(flushes, 0) << "nothing was written";
+    for (const char* name : {"One", "Two", "Three"}) {
+      ASSERT_TRUE(store.Write("Options", name, "1").ok());
+    }
+    EXPECT_EQ(flushes, 0);
+    store.Flush();
+    store.Flush();
+    EXPECT_EQ(flushes, 1);
+    ASSERT_TRUE(store.Delete("Options", "Two").ok());
+  }
+  EXPECT_EQ(flushes, 2) << "at its end";
+}
+
 // --- The start with the computer.
 
 constexpr char kProgram[] = "C:\\Program Files\\Tidewarden\\tidewarden.exe";
