@@ -1,8 +1,10 @@
 #include "platform/windows/shell_notification_area.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <utility>
 
 namespace tidewarden {
@@ -22,6 +24,26 @@ std::uint32_t NumberOfHandle(const void* handle) {
 constexpr DWORD kNativeSize = NOTIFYICONDATAA_V1_SIZE;
 static_assert(sizeof(void*) != 4 || kNativeSize == sizeof(NotifyIconRecord));
 
+constexpr unsigned kCodePageOfRecords = 1252;
+
+// The tooltip of a record in another code page, as many whole characters as there is room for.
+std::string InCodePage(unsigned codePage, const std::array<char, kNotifyTipBytes>& tip) {
+  const auto units = static_cast<int>(std::find(tip.begin(), tip.end(), '\0') - tip.begin());
+  std::array<wchar_t, kNotifyTipBytes> wide{};
+  const int length = ::MultiByteToWideChar(kCodePageOfRecords, 0, tip.data(), units, wide.data(),
+                                           static_cast<int>(wide.size()));
+  std::string text;
+  for (int i = 0; i < length; ++i) {
+    std::array<char, 8> bytes{};
+    const int count =
+        ::WideCharToMultiByte(codePage, 0, &wide.at(static_cast<std::size_t>(i)), 1, bytes.data(),
+                              static_cast<int>(bytes.size()), nullptr, nullptr);
+    if (text.size() + static_cast<std::size_t>(count) >= kNotifyTipBytes) break;
+    text.append(bytes.data(), static_cast<std::size_t>(count));
+  }
+  return text;
+}
+
 }  // namespace
 
 HWND WindowOf(WindowHandle number) {
@@ -40,7 +62,7 @@ IconHandle NumberOf(HICON picture) {
   return NumberOfHandle(picture);
 }
 
-NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record) {
+NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record, unsigned codePage) {
   NOTIFYICONDATAA data{};
   data.cbSize = kNativeSize;
   data.hWnd = WindowOf(record.hWnd);
@@ -48,8 +70,12 @@ NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record) {
   data.uFlags = record.uFlags;
   data.uCallbackMessage = record.uCallbackMessage;
   data.hIcon = PictureOf(record.hIcon);
-  std::copy(record.szTip.begin(), record.szTip.end(), data.szTip);
-  data.szTip[kNotifyTipBytes - 1] = '\0';
+  if (codePage == kCodePageOfRecords) {
+    std::copy(record.szTip.begin(), record.szTip.end(), data.szTip);
+    data.szTip[kNotifyTipBytes - 1] = '\0';
+  } else {
+    InCodePage(codePage, record.szTip).copy(data.szTip, kNotifyTipBytes - 1);
+  }
   return data;
 }
 

@@ -24,8 +24,10 @@ namespace tidewarden {
 [[nodiscard]] IconHandle NumberOf(HICON picture);
 
 // The record in the layout of this system: the same 88 bytes where handles have 32 bits, and as
-// many more as longer handles take where they have 64. The tooltip ends in a NUL.
-[[nodiscard]] NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record);
+// many more as longer handles take where they have 64. The tooltip ends in a NUL, and is in the
+// code page that the process has, which its manifest may have set to UTF-8.
+[[nodiscard]] NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record,
+                                           unsigned codePage = ::GetACP());
 
 // The calls of the system; a test puts its own in their places.
 struct ShellAreaCalls {

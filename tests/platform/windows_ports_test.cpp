@@ -100,6 +100,25 @@ TEST_F(ShellArea, TheBytesOfTheRecordStandWhereTheSystemReadsThem) {
   EXPECT_EQ(bytes[kIs64 ? 103 : 87], 0);
 }
 
+TEST(NativeRecordOf, ATooltipIsInTheCodePageOfTheProcess) {
+  constexpr unsigned kUtf8 = 65001;
+  const auto tip = [](std::string_view bytes, unsigned codePage) {
+    NotifyIconRecord record;
+    record.szTip.fill(' ');
+    bytes.copy(record.szTip.data(), record.szTip.size());
+    return std::string(NativeRecord(record, codePage).szTip);
+  };
+  const std::string zoe("Zo\xEB\x80\0", 5);  // "Zoë€" and the end of the text
+  EXPECT_EQ(tip(zoe, 1252), "Zo\xEB\x80");
+  EXPECT_EQ(tip(zoe, kUtf8), "Zoë€");
+  // Whole characters only: 31 of two bytes leave one byte and the NUL.
+  std::string longest;
+  for (int i = 0; i < 31; ++i) longest += "ë";
+  EXPECT_EQ(tip(std::string(64, '\xEB'), kUtf8), longest);
+  EXPECT_EQ(tip(std::string(64, 'e'), kUtf8), std::string(63, 'e'));
+  EXPECT_EQ(tip(std::string(64, '\xEB'), 1252), std::string(63, '\xEB'));
+}
+
 TEST_F(ShellArea, TheShellsMessagesReachTheIcon) {
   std::vector<std::string> events;
   icon_.MouseDown = [&](TrayButton b) { events.push_back("down " + std::to_string(int(b))); };
