@@ -1,5 +1,6 @@
 #include "customizer/frm_customizer.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -48,6 +49,7 @@ frmCustomizer::frmCustomizer(OptionsSession& session, QWidget* parent)
   Connect();
   Arrange();
   Render();
+  qApp->installEventFilter(this);
 }
 
 void frmCustomizer::Connect() {
@@ -169,11 +171,17 @@ void frmCustomizer::reject() {
 }
 
 void frmCustomizer::closeEvent(QCloseEvent* event) {
-  event->setAccepted(Leave(OptionsClosing::kByHand));
+  event->setAccepted(
+      Leave(qApp->isSavingSession() ? OptionsClosing::kLoginSessionEnds : OptionsClosing::kByHand));
 }
 
-void frmCustomizer::EndWithLoginSession() {
-  static_cast<void>(Leave(OptionsClosing::kLoginSessionEnds));
+// Nothing in this program itself quits it. While the session only asks, another program may refuse
+// to end, and this window is to be there still.
+bool frmCustomizer::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == qApp && event->type() == QEvent::Quit) {
+    static_cast<void>(Leave(OptionsClosing::kLoginSessionEnds));
+  }
+  return QDialog::eventFilter(watched, event);
 }
 
 // Another program may have changed the entry while this window was in the background.

@@ -35,11 +35,9 @@ class frmCustomizer : public QDialog {
 
   void ShowPage(OptionPage page);
 
-  // The login session ends: nothing is asked any more.
-  void EndWithLoginSession();
-
  Q_SIGNALS:
-  // The window has gone, and word is left for the reminder program.
+  // The window has gone, and word is left for the reminder program. At the end of the login
+  // session too, of which the application hears by QEvent::Quit; nothing is asked then.
   void Ended();
 
  public Q_SLOTS:
@@ -48,6 +46,7 @@ class frmCustomizer : public QDialog {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakePages();
