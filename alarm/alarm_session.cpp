@@ -24,9 +24,6 @@ constexpr std::string_view kQuitQuestion =
 // Past the full minute, so that a timer that is a little early still falls into the minute.
 constexpr int kAfterFullMinute = 50;
 
-// Timers stand still while the computer sleeps, and do not hear of a clock that is set.
-constexpr int kLongestWait = 15'000;
-
 // How many days keep their list of rung alarms: enough for a clock that is set forward by mistake
 // and back again.
 constexpr std::size_t kRememberedDays = 7;
@@ -150,7 +147,7 @@ AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_vi
 
 int AlarmSession::MillisecondsToNextTick(LocalTime now) const {
   if (awaitsTick_) return kAfterFullMinute;
-  return std::min(kLongestWait, (60 - now.second) * 1000 - now.millisecond + kAfterFullMinute);
+  return std::min(kLongestTickWait, (60 - now.second) * 1000 - now.millisecond + kAfterFullMinute);
 }
 
 void AlarmSession::PlayAlarmSound() {

@@ -59,6 +59,10 @@ enum class CloseReason {
   kLoginSessionEnds,  // a question would hold up the logout
 };
 
+// In milliseconds, of AlarmSession::MillisecondsToNextTick. Timers stand still while the computer
+// sleeps, and do not hear of a clock that is set.
+inline constexpr int kLongestTickWait = 15'000;
+
 class AlarmSession {
  public:
   static constexpr int kNoMinute = -1;
@@ -79,7 +83,7 @@ class AlarmSession {
   // How long to wait for the helping tick that makes sure that no minute goes by without one: it
   // is due 50 ms after the next full minute, or 50 ms from now when the list has new alarms of its
   // own minute. Never more than a quarter of a minute, so that a sleep or a clock that is set is
-  // noticed soon. 1 to 15000.
+  // noticed soon. 1 to kLongestTickWait.
   [[nodiscard]] int MillisecondsToNextTick(LocalTime now) const;
 
   // Plays the user's sound, in place of what is playing; the beep when there is no such file.

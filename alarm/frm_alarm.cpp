@@ -12,6 +12,7 @@
 
 #include "alarm/alarm_session.h"
 #include "alarm/frm_alarm_parts.h"
+#include "core/frm_list_font.h"
 #include "core/frm_skin.h"
 
 namespace tidewarden {
@@ -136,14 +137,7 @@ void frmAlarm::Load() {
 }
 
 void frmAlarm::ApplyAlarmFont() {
-  const ListFont stored = session_.ReadAlarmFont();
-  QFont font(QString::fromStdString(stored.name), kDesignedPoints);
-  // As in the list, so that a face that is not installed is replaced by the same one.
-  font.setStyleHint(QFont::SansSerif);
-  font.setBold(stored.bold);
-  font.setItalic(stored.italic);
-  if (stored.size > 0) font.setPointSize(stored.size);
-  lblAlarmMessage->setFont(font);
+  lblAlarmMessage->setFont(FontOf(session_.ReadAlarmFont(), kDesignedPoints));
 }
 
 void frmAlarm::LoadAlarmPlacement() {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace tidewarden {
 
@@ -31,6 +32,10 @@ class SoundPlayer {
   // Called at every tick of the minute timer, so that a player that has come to its end can give
   // back what it holds of the system.
   virtual void Rest() = 0;
+
+  // The kinds of file that every computer of this system plays, by the ends of their names without
+  // the point, to be told to the user. More of them may play on some computers.
+  [[nodiscard]] virtual std::vector<std::string> Endings() const = 0;
 };
 
 }  // namespace tidewarden

@@ -155,13 +155,13 @@ EditorOfProgram::Parts Desktop::EditorParts(frmReminder& window) {
 }
 
 void Desktop::Print(const std::vector<EventRow>& rows) {
-  const ProgramFolders folders = SystemFolders();
   PrintEvents({*settings_, *files_, *formats_, Messages(), *shell_}, rows,
               session_.builder().format(),
-              {GetCommonDataFolder(), folders.userData, folders.style});
+              {GetCommonDataFolder(), GetLocalDataFolder(), SystemFolders().style});
 }
 
 void Desktop::EndWithOptions() {
+  settings_->Flush();
   const auto release = [this] {
     session_.tIcon().Visible(false);
     instance_->Release();

@@ -29,7 +29,8 @@ enum class WindowPlaces { kProgram, kDesktop };
 [[nodiscard]] bool PrepareDesktop(int argc, char** argv, WindowPlaces places);
 
 // After it is made. On Linux: programs that are started from here choose for themselves. On
-// Windows: windows that ask to stay above the others are put there by the system's own call.
+// Windows: windows that ask to stay above the others are put there by the system's own call, and a
+// font of dots has a substitute of outlines.
 void SettleDesktop(QCoreApplication& application);
 
 // The notification area and the program's own picture by the number that the area knows it by.

@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <QApplication>
+#include <QFont>
 #include <array>
 #include <cstdio>
 #include <utility>
@@ -48,6 +49,10 @@ bool PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
 void SettleDesktop(QCoreApplication& application) {
   // Belongs to the application.
   new QtTopmostWindows(application);
+  // The default font has its letters in two sizes only, as dots, and Qt stretches them. Its twin
+  // has the same letters in outlines.
+  QFont::insertSubstitution(QStringLiteral("MS Sans Serif"),
+                            QStringLiteral("Microsoft Sans Serif"));
 }
 
 ProgramTray MakeProgramTray() {

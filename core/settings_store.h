@@ -2,8 +2,9 @@
 // application name kApplicationName.
 //
 // Section and name are compared without regard to ASCII case and keep the case of their first
-// write. Every read sees what other programs have written; every write is on the disk when the
-// call returns.
+// write. Every read sees what other programs have written. Every write is seen by other programs
+// when the call returns, and is on the disk then or, in a store that saves up such efforts, after
+// the next Flush.
 #pragma once
 
 #include <string>
@@ -41,6 +42,10 @@ class SettingsStore {
 
   // Removes a name. kOk also when it is missing.
   virtual Status Delete(std::string_view section, std::string_view name) = 0;
+
+  // Brings to the disk what is not there yet. To be called before the process ends in a way that
+  // destroys no objects; a store that needs it does it by itself when it is destroyed.
+  virtual void Flush() {}
 };
 
 }  // namespace tidewarden

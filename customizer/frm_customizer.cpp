@@ -1,5 +1,6 @@
 #include "customizer/frm_customizer.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -29,6 +30,13 @@ Colour Chosen(const QColor& colour) {
 
 }  // namespace
 
+QString SoundFilter(const std::vector<std::string>& endings) {
+  QStringList patterns;
+  for (const std::string& ending : endings)
+    patterns << QStringLiteral("*.") + QString::fromStdString(ending);
+  return QObject::tr("Sounds (%1);;All files (*)").arg(patterns.join(QLatin1Char(' ')));
+}
+
 frmCustomizer::frmCustomizer(OptionsSession& session, QWidget* parent)
     : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("frmCustomizer"));
@@ -42,6 +50,7 @@ frmCustomizer::frmCustomizer(OptionsSession& session, QWidget* parent)
   Connect();
   Arrange();
   Render();
+  qApp->installEventFilter(this);
 }
 
 // A box that loses the focus with the window still tells so.
@@ -141,7 +150,7 @@ void frmCustomizer::Browse(std::size_t option) {
       break;
     case OptionKind::kSoundFile:
       path = QFileDialog::getOpenFileName(this, tr("Sound file"), present,
-                                          tr("Sounds (*.wav *.ogg *.mp3 *.flac);;All files (*)"));
+                                          SoundFilter(session_.SoundEndings()));
       break;
     default:
       path = QFileDialog::getOpenFileName(this, tr("Quotes file"), present,
@@ -168,11 +177,17 @@ void frmCustomizer::reject() {
 }
 
 void frmCustomizer::closeEvent(QCloseEvent* event) {
-  event->setAccepted(Leave(OptionsClosing::kByHand));
+  event->setAccepted(
+      Leave(qApp->isSavingSession() ? OptionsClosing::kLoginSessionEnds : OptionsClosing::kByHand));
 }
 
-void frmCustomizer::EndWithLoginSession() {
-  static_cast<void>(Leave(OptionsClosing::kLoginSessionEnds));
+// Nothing in this program itself quits it. While the session only asks, another program may refuse
+// to end, and this window is to be there still.
+bool frmCustomizer::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == qApp && event->type() == QEvent::Quit) {
+    static_cast<void>(Leave(OptionsClosing::kLoginSessionEnds));
+  }
+  return QDialog::eventFilter(watched, event);
 }
 
 // Another program may have changed the entry while this window was in the background.

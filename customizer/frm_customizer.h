@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include "customizer/options.h"
@@ -22,6 +23,9 @@ class OptionsSession;
 class PreviewPanel;
 enum class OptionsClosing;
 
+// What the dialog for a sound file offers: files with these endings, or all.
+[[nodiscard]] QString SoundFilter(const std::vector<std::string>& endings);
+
 class frmCustomizer : public QDialog {
   Q_OBJECT
 
@@ -32,11 +36,9 @@ class frmCustomizer : public QDialog {
 
   void ShowPage(OptionPage page);
 
-  // The login session ends: nothing is asked any more.
-  void EndWithLoginSession();
-
  Q_SIGNALS:
-  // The window has gone, and word is left for the reminder program.
+  // The window has gone, and word is left for the reminder program. At the end of the login
+  // session too, of which the application hears by QEvent::Quit; nothing is asked then.
   void Ended();
 
  public Q_SLOTS:
@@ -45,6 +47,7 @@ class frmCustomizer : public QDialog {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakePages();

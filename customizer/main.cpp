@@ -162,8 +162,6 @@ class Customizer {
     window.show();
     if (!arguments_.grab.isEmpty()) return Grab(window);
     QObject::connect(&window, &frmCustomizer::Ended, [] { QApplication::exit(kDone); });
-    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &window,
-                     &frmCustomizer::EndWithLoginSession, Qt::DirectConnection);
     return QApplication::exec();
   }
 

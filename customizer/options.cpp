@@ -125,8 +125,8 @@ constexpr std::array kOptions{
            "Until you press OK in the alarm window, also without the first sound."),
     Switch(settings::kDisableAlarms, kAlarms, kTextToBoolean, "Never repeat the sound",
            "Whatever is ticked above. The first sound stays."),
-    Other(settings::kAlarmPath, kSoundFile, kAlarms, "Sound file",
-          "A wav, ogg, mp3 or flac file. Play lets you hear it.", "The sound"),
+    Other(settings::kAlarmPath, kSoundFile, kAlarms, "Sound file", "Play lets you hear it.",
+          "The sound"),
 
     Switch(settings::kRememberLastAdvanceNotice, kEditor, kOnlyTrue, "Remember the notice",
            "A new event begins with the days of notice that you saved last.", "A new event"),

@@ -50,7 +50,7 @@ struct Option {
   OptionPage page = OptionPage::kList;
   std::string_view group;  // the heading above it on its page, where a new group begins; or empty
   std::string_view label;
-  std::string_view help;  // one line
+  std::string_view help;  // one line, or the end of one that the session begins
   SwitchReading reading = SwitchReading::kNotFalse;
   std::span<const Choice> choices{};
   double least = 0;

@@ -41,6 +41,16 @@ std::string HexPair(Colour text, Colour background) {
   return out;
 }
 
+// "A wav, ogg or mp3 file. "
+std::string KindsOfFile(const std::vector<std::string>& endings) {
+  std::string text = "A ";
+  for (std::size_t i = 0; i < endings.size(); ++i) {
+    if (i > 0) text += i + 1 < endings.size() ? ", " : " or ";
+    text += endings[i];
+  }
+  return text + " file. ";
+}
+
 // How a default is called in the line of help.
 std::string DefaultWords(const Option& option, const PathSurroundings& paths) {
   std::string text = DefaultOf(option, paths);
@@ -141,7 +151,12 @@ std::size_t OptionsSession::ChosenOf(std::size_t option) const {
 
 std::string OptionsSession::Help(std::size_t option) const {
   const Option& o = OptionAt(option);
-  return std::string(o.help) + " Default: " + DefaultWords(o, Paths()) + ".";
+  const std::string kinds = o.kind == OptionKind::kSoundFile ? KindsOfFile(SoundEndings()) : "";
+  return kinds + std::string(o.help) + " Default: " + DefaultWords(o, Paths()) + ".";
+}
+
+std::vector<std::string> OptionsSession::SoundEndings() const {
+  return ports_.sound.Endings();
 }
 
 const OptionNote& OptionsSession::Note(std::size_t option) const {

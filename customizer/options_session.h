@@ -66,7 +66,7 @@ class OptionsSession {
   // none of them. And the place of the present text among them.
   [[nodiscard]] std::vector<Choice> Choices(std::size_t option) const;
   [[nodiscard]] std::size_t ChosenOf(std::size_t option) const;
-  // The line of help, with the default.
+  // The line of help, with the default; for a sound, with the kinds of file that play here.
   [[nodiscard]] std::string Help(std::size_t option) const;
   [[nodiscard]] const OptionNote& Note(std::size_t option) const;
 
@@ -100,6 +100,9 @@ class OptionsSession {
   void StopSound();
   // The player says while it begins why it beeps in place of the file.
   void TellSoundProblem(std::string_view problem);
+
+  // As SoundPlayer gives them.
+  [[nodiscard]] std::vector<std::string> SoundEndings() const;
 
   // --- The preview.
 

@@ -104,6 +104,10 @@ std::string FormatByPattern(std::string_view pattern, CivilDate date, const Cale
       const std::size_t end = std::min(pattern.find_first_not_of(c, i), pattern.size());
       AppendField(out, c, end - i, date, names);
       i = end;
+    } else if (!quoted && c == 'g') {
+      // An era belongs to another calendar, and its blanks to it.
+      i = std::min(pattern.find_first_not_of("g ", i), pattern.size());
+      while (i == pattern.size() && out.ends_with(' ')) out.pop_back();
     } else {
       out.push_back(c);
       ++i;

@@ -32,8 +32,8 @@ struct CalendarNames {
 [[nodiscard]] std::string CleanRegionalText(std::string_view text);
 
 // Formats a real date by pattern letters: d dd ddd dddd (day, weekday), M MM MMM MMMM (month),
-// yy yyyy (y as yy, yyy as yyyy). Text between single quotes stands for itself, '' for one
-// quote; every other character stands for itself.
+// yy yyyy (y as yy, yyy as yyyy); g gg (era) is left out with the blanks beside it. Text between
+// single quotes stands for itself, '' for one quote; every other character stands for itself.
 [[nodiscard]] std::string FormatByPattern(std::string_view pattern, CivilDate date,
                                           const CalendarNames& names);
 

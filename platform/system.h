@@ -51,6 +51,11 @@ void PrepareProgram();
 // program.
 [[nodiscard]] std::string GetCommonDataFolder();
 
+// Where a page is written that cannot be written there: the user's own folder for data that stays
+// on this computer, on Windows CSIDL_LOCAL_APPDATA, which does not travel with the user as
+// ProgramFolders::userData may; on Linux his data folder for the program. May not exist yet.
+[[nodiscard]] std::string GetLocalDataFolder();
+
 // The one copy of the program in the user's login session; with other settings than the user's
 // own (`settingsPath` not empty), the one copy that runs on that file.
 [[nodiscard]] std::unique_ptr<PreviousInstance> MakePreviousInstance(

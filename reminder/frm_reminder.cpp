@@ -88,12 +88,9 @@ void frmReminder::MakeControls() {
   txtDailyQuote->viewport()->installEventFilter(this);
 
   tmrAlarm->setObjectName(QStringLiteral("tmrAlarm"));
-  tmrAlarm->setTimerType(Qt::PreciseTimer);
   tmrDelay->setObjectName(QStringLiteral("tmrDelay"));
-  tmrDelay->setTimerType(Qt::PreciseTimer);
   tmrDelay->setSingleShot(true);
   tmrMinute->setObjectName(QStringLiteral("tmrMinute"));
-  tmrMinute->setTimerType(Qt::PreciseTimer);
   tmrMinute->setSingleShot(true);
   tmrState->setObjectName(QStringLiteral("tmrState"));
   tmrState->setSingleShot(true);
@@ -168,7 +165,15 @@ void frmReminder::Start() {
   if (session_.placement().maximized) setWindowState(Qt::WindowMaximized);
   show();
   tmrDelay->start(session_.timerDelay());
-  tmrMinute->start(session_.untilNextMinute());
+  AwaitMinute();
+}
+
+// A precise timer keeps some systems awake, Windows a thousand times a second. Only a wait that
+// ends at the edge of the minute needs it, so that an alarm rings in its minute's first second.
+void frmReminder::AwaitMinute() {
+  const int wait = session_.untilNextMinute();
+  tmrMinute->setTimerType(wait < kLongestTickWait ? Qt::PreciseTimer : Qt::CoarseTimer);
+  tmrMinute->start(wait);
 }
 
 // At the end of the login session the editor closes, too, and nothing may come up for that.
@@ -220,7 +225,7 @@ void frmReminder::Apply(WindowChange change) {
       return;
   }
   // A list that has been built anew may want its tick at once.
-  if (tmrMinute->isActive()) tmrMinute->start(session_.untilNextMinute());
+  if (tmrMinute->isActive()) AwaitMinute();
   Render();
 }
 
@@ -228,14 +233,12 @@ void frmReminder::Apply(WindowChange change) {
 // sleep, or when the clock has been set, the old edge is none.
 void frmReminder::Tick() {
   const WindowChange change = session_.Tick(State());
-  if (change != WindowChange::kEnd) tmrMinute->start(session_.untilNextMinute());
+  if (change != WindowChange::kEnd) AwaitMinute();
   Apply(change);
 }
 
 void frmReminder::StopTimers() {
-  tmrDelay->stop();
-  tmrAlarm->stop();
-  tmrMinute->stop();
+  for (QTimer* const timer : {tmrDelay, tmrAlarm, tmrMinute}) timer->stop();
 }
 
 void frmReminder::Place() {

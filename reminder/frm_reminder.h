@@ -71,6 +71,7 @@ class frmReminder : public QWidget {
   void LayOut();
   void Apply(WindowChange change);
   void Tick();
+  void AwaitMinute();
   void StopTimers();
   void Place();
   void PopUp();

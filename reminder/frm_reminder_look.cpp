@@ -8,6 +8,8 @@
 #include <QTextDocument>
 #include <QToolButton>
 
+#include "core/frm_list_font.h"
+
 namespace tidewarden {
 namespace {
 
@@ -56,13 +58,8 @@ QString ListSheet(const ListColours& colours) {
 }
 
 QFont FontOf(const ListFont& font) {
-  constexpr int kDesignedSize = 8;
-  QFont made(QString::fromStdString(font.name));
-  made.setStyleHint(QFont::SansSerif);
-  made.setBold(font.bold);
-  made.setItalic(font.italic);
-  made.setPointSize(font.size > 0 ? font.size : kDesignedSize);
-  return made;
+  constexpr int kDesignedPoints = 8;
+  return FontOf(font, kDesignedPoints);
 }
 
 QString PlainToolTip(const QString& text) {

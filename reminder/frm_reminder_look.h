@@ -16,8 +16,7 @@ namespace tidewarden {
 // are written out as they are now: by their names a sheet keeps those that it was first used with.
 [[nodiscard]] QString ListSheet(const ListColours& colours);
 
-// A size of 0 gives the size that the controls were designed with. The face may be one that is
-// not installed; Qt then takes another one for it.
+// A size of 0 gives the size that the controls were designed with.
 [[nodiscard]] QFont FontOf(const ListFont& font);
 
 // As a tooltip that shows every character as it is.

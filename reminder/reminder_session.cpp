@@ -220,7 +220,7 @@ WindowChange ReminderSession::StateChanged(WindowState window) {
     case WindowState::kMinimized:
       if (inTray_) return WindowChange::kHide;
       if (behindEditor_ || !ports_.area.IsAvailable()) return WindowChange::kNone;
-      return HideInTray();
+      return HideInTray(WindowChange::kNone);
     case WindowState::kMaximized:
       Save(ports_.settings, settings::kMaximized, "True");
       return WindowChange::kNone;
@@ -240,12 +240,18 @@ void ReminderSession::SurfaceReleased(const WindowPlacement& window) {
 
 WindowChange ReminderSession::SendToTray() {
   if (inTray_) return WindowChange::kNone;
-  return ports_.area.IsAvailable() ? HideInTray() : WindowChange::kMinimize;
+  if (!ports_.area.IsAvailable()) return WindowChange::kMinimize;
+  return HideInTray(WindowChange::kMinimize);
 }
 
-WindowChange ReminderSession::HideInTray() {
-  inTray_ = true;
+WindowChange ReminderSession::HideInTray(WindowChange otherwise) {
   tIcon_.Visible(true);
+  // An area that does not take the icon could not give the window back.
+  if (!ports_.area.IsAvailable()) {
+    tIcon_.Visible(false);
+    return otherwise;
+  }
+  inTray_ = true;
   return WindowChange::kHide;
 }
 

@@ -198,7 +198,7 @@ class ReminderSession {
   [[nodiscard]] bool IsOnlyCopy();
   [[nodiscard]] bool CanChangeFile() const;
   void SetUpTray();
-  [[nodiscard]] WindowChange HideInTray();
+  [[nodiscard]] WindowChange HideInTray(WindowChange otherwise);
   [[nodiscard]] std::optional<Target> TargetOf(int row) const;
   [[nodiscard]] WindowChange Rebuild();
   [[nodiscard]] WindowChange CheckForNewDay(WindowState window);

@@ -11,6 +11,7 @@ Target amd64-unicode
 !include MUI2.nsh
 !include FileFunc.nsh
 !include LogicLib.nsh
+!include Win\COM.nsh
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tidewarden"
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
@@ -95,6 +96,24 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Tidewarden authors; MIT
   ${EndIf}
 !macroend
 
+; The program that a shortcut starts, in $0; empty when there is none.
+!macro ReadShortcut shortcut
+  StrCpy $0 ""
+  !insertmacro ComHlpr_CreateInProcInstance ${CLSID_ShellLink} ${IID_IShellLink} r1 ""
+  ${If} $1 P<> 0
+    ${IUnknown::QueryInterface} $1 '("${IID_IPersistFile}", .r2)'
+    ${If} $2 P<> 0
+      ${IPersistFile::Load} $2 '("${shortcut}", 0) .r3'
+      ${If} $3 = 0
+        ; 4: as it is stored, whether or not the program is still there.
+        ${IShellLink::GetPath} $1 '(.r0, ${NSIS_MAX_STRLEN}, 0, 4)'
+      ${EndIf}
+      ${IUnknown::Release} $2 ""
+    ${EndIf}
+    ${IUnknown::Release} $1 ""
+  ${EndIf}
+!macroend
+
 Section "Tidewarden" SectionProgram
   SectionIn RO
   !insertmacro RefuseWhileRunning "tidewarden" "installed"
@@ -128,6 +147,8 @@ SectionEnd
 
 Section /o "Start with the computer" SectionStartup
   WriteRegStr HKCU "${RUN_KEY}" "Tidewarden" '"$INSTDIR\tidewarden.exe"'
+  ; The task manager may have noted earlier that the entry is switched off.
+  DeleteRegValue HKCU "${APPROVED_KEY}" "Tidewarden"
 SectionEnd
 
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
@@ -174,15 +195,28 @@ Section "Uninstall"
   RMDir "$INSTDIR"
 
   ; Only entries that lead here: another copy may have its own.
-  Delete "$SMPROGRAMS\Tidewarden.lnk"
+  !insertmacro ReadShortcut "$SMPROGRAMS\Tidewarden.lnk"
+  ${If} $0 == "$INSTDIR\tidewarden.exe"
+    Delete "$SMPROGRAMS\Tidewarden.lnk"
+  ${EndIf}
   ReadRegStr $0 HKCU "${RUN_KEY}" "Tidewarden"
   ${If} $0 == '"$INSTDIR\tidewarden.exe"'
     DeleteRegValue HKCU "${RUN_KEY}" "Tidewarden"
     ; Where the task manager notes that it has switched the entry off.
     DeleteRegValue HKCU "${APPROVED_KEY}" "Tidewarden"
   ${EndIf}
-  DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  ${EndIf}
   ${If} $R2 == "delete"
     DeleteRegKey HKCU "${SETTINGS_KEY}"
+    ; The page that was printed last, and folders that hold nothing of the user's.
+    Delete "$LOCALAPPDATA\Tideward\print.htm"
+    RMDir "$LOCALAPPDATA\Tideward"
+    RMDir "$APPDATA\Tideward"
+    SetShellVarContext all
+    Delete "$APPDATA\print.htm"
+    SetShellVarContext current
   ${EndIf}
 SectionEnd

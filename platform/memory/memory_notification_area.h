@@ -21,15 +21,17 @@ class MemoryNotificationArea : public NotificationArea {
   };
   std::vector<Call> calls;
   bool available = true;
+  bool refusesIcons = false;  // and is then none while an icon is to be shown
 
   void NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
                   std::string_view tooltip) override {
     Call call{message, record, {}, std::string(tooltip)};
     std::memcpy(call.bytes.data(), &record, sizeof record);
     calls.push_back(call);
+    isRefused_ = refusesIcons && message != NotifyIconMessage::kDelete;
   }
 
-  [[nodiscard]] bool IsAvailable() override { return available; }
+  [[nodiscard]] bool IsAvailable() override { return available && !isRefused_; }
 
   // "add", "modify" and "delete", in the order of the calls.
   [[nodiscard]] std::vector<std::string> Messages() const {
@@ -41,6 +43,9 @@ class MemoryNotificationArea : public NotificationArea {
     }
     return words;
   }
+
+ private:
+  bool isRefused_ = false;
 };
 
 }  // namespace tidewarden

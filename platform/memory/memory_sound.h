@@ -17,6 +17,7 @@ class MemorySoundPlayer : public SoundPlayer {
   // Why Play fails, and who is told, as by a player of the system; empty when it plays.
   std::string problem;
   std::function<void(const std::string&)> complain;
+  std::vector<std::string> endings{"wav", "ogg"};
 
   void Play(const std::string& path, SoundKind kind) override {
     calls.push_back((kind == SoundKind::kWave ? "wave " : "media ") + path);
@@ -25,6 +26,7 @@ class MemorySoundPlayer : public SoundPlayer {
   void Beep(const std::string& reason) override { calls.push_back("beep " + reason); }
   void Stop() override { calls.emplace_back("stop"); }
   void Rest() override { ++rests; }
+  [[nodiscard]] std::vector<std::string> Endings() const override { return endings; }
 };
 
 }  // namespace tidewarden

@@ -114,6 +114,10 @@ std::string GetCommonDataFolder() {
   return SystemFolders().userData;
 }
 
+std::string GetLocalDataFolder() {
+  return SystemFolders().userData;
+}
+
 std::unique_ptr<PreviousInstance> MakePreviousInstance(FileSystem& files,
                                                        const std::string& settingsPath) {
   const std::string path = InstancePath(files, settingsPath);

@@ -211,6 +211,10 @@ void SdlSoundPlayer::Rest() {
   if (device_ && !isPlaying()) device_.reset();
 }
 
+std::vector<std::string> SdlSoundPlayer::Endings() const {
+  return {"wav", "ogg", "mp3", "flac"};
+}
+
 bool SdlSoundPlayer::isPlaying() const {
   return device_ && device_->isPlaying();
 }

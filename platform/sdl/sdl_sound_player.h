@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "alarm/sound_player.h"
 
@@ -28,6 +29,7 @@ class SdlSoundPlayer : public SoundPlayer {
   void Beep(const std::string& reason) override;
   void Stop() override;
   void Rest() override;
+  [[nodiscard]] std::vector<std::string> Endings() const override;
 
   [[nodiscard]] bool isPlaying() const;
   [[nodiscard]] bool holdsDevice() const { return device_ != nullptr; }

@@ -32,8 +32,11 @@ bool AreEqual(const std::wstring& one, const std::wstring& other) {
 
 }  // namespace
 
-RegistryAutostart::RegistryAutostart(const std::string& program, std::wstring root)
-    : program_(Wide(program)), root_(std::move(root)) {}
+RegistryAutostart::RegistryAutostart(const std::string& program, std::wstring root,
+                                     RemoveFromRegistry removeMark)
+    : program_(Wide(program)), root_(std::move(root)), removeMark_(std::move(removeMark)) {
+  if (!removeMark_) removeMark_ = DeleteFromRegistry;
+}
 
 bool RegistryAutostart::StartsProgram() const {
   std::optional<RegistryValue> value;
@@ -56,11 +59,20 @@ bool RegistryAutostart::IsOn() {
 Status RegistryAutostart::Set(bool on) {
   if (on == IsOn()) return {};
   if (!on) return DeleteFromRegistry(root_ + kRun, kName);
-  if (!StartsProgram()) {
-    Status status = WriteRegistryText(root_ + kRun, kName, L"\"" + program_ + L"\"");
-    if (!status.ok()) return status;
+  std::optional<RegistryValue> former;
+  Status status = ReadRegistry(root_ + kRun, kName, former);
+  if (!status.ok()) return status;
+  const bool writes = !StartsProgram();
+  if (writes) status = WriteRegistryText(root_ + kRun, kName, L"\"" + program_ + L"\"");
+  if (!status.ok() || !IsSwitchedOff()) return status;
+  status = removeMark_(root_ + kApproved, kName);
+  // An entry that stays switched off is of no use; another program's may be.
+  if (!status.ok() && writes) {
+    static_cast<void>((former ? WriteRegistry(root_ + kRun, kName, *former)
+                              : DeleteFromRegistry(root_ + kRun, kName))
+                          .ok());
   }
-  return IsSwitchedOff() ? DeleteFromRegistry(root_ + kApproved, kName) : Status();
+  return status;
 }
 
 }  // namespace tidewarden

@@ -65,14 +65,19 @@ Status ReadRegistry(const std::wstring& key, const std::wstring& name,
 
 Status WriteRegistryText(const std::wstring& key, const std::wstring& name,
                          std::wstring_view text) {
+  const std::wstring ended(text);
+  const std::size_t bytes = (ended.size() + 1) * sizeof(wchar_t);
+  return WriteRegistry(key, name, {REG_SZ, {reinterpret_cast<const char*>(ended.c_str()), bytes}});
+}
+
+Status WriteRegistry(const std::wstring& key, const std::wstring& name,
+                     const RegistryValue& value) {
   Key opened;
   LSTATUS result = opened.Create(key, KEY_QUERY_VALUE | KEY_SET_VALUE);
   if (result != ERROR_SUCCESS) return FromResult(result);
-  const std::wstring ended(text);
-  const auto bytes = static_cast<DWORD>((ended.size() + 1) * sizeof(wchar_t));
-  result = ::RegSetValueExW(opened.get(), name.c_str(), 0, REG_SZ,
-                            reinterpret_cast<const BYTE*>(ended.c_str()), bytes);
-  if (result == ERROR_SUCCESS) result = ::RegFlushKey(opened.get());
+  result = ::RegSetValueExW(opened.get(), name.c_str(), 0, value.kind,
+                            reinterpret_cast<const BYTE*>(value.bytes.data()),
+                            static_cast<DWORD>(value.bytes.size()));
   return FromResult(result);
 }
 
@@ -80,8 +85,11 @@ Status DeleteFromRegistry(const std::wstring& key, const std::wstring& name) {
   Key opened;
   LSTATUS result = opened.Open(key, KEY_SET_VALUE);
   if (result == ERROR_SUCCESS) result = ::RegDeleteValueW(opened.get(), name.c_str());
-  if (result == ERROR_SUCCESS) result = ::RegFlushKey(opened.get());
   return result == ERROR_FILE_NOT_FOUND ? Status() : FromResult(result);
+}
+
+void FlushRegistry() {
+  ::RegFlushKey(HKEY_CURRENT_USER);
 }
 
 std::wstring TextOf(const RegistryValue& value) {

@@ -20,12 +20,20 @@ struct RegistryValue {
 [[nodiscard]] Status ReadRegistry(const std::wstring& key, const std::wstring& name,
                                   std::optional<RegistryValue>& out);
 
-// Stores a text (REG_SZ), making the missing keys. It is on the disk when the call returns.
+// Stores a text (REG_SZ), making the missing keys. Other programs see it at once; the system brings
+// it to the disk within its own time.
 [[nodiscard]] Status WriteRegistryText(const std::wstring& key, const std::wstring& name,
                                        std::wstring_view text);
 
+// Stores a value as ReadRegistry has given it.
+[[nodiscard]] Status WriteRegistry(const std::wstring& key, const std::wstring& name,
+                                   const RegistryValue& value);
+
 // Removes a name. kOk also when it is missing.
 [[nodiscard]] Status DeleteFromRegistry(const std::wstring& key, const std::wstring& name);
+
+// Brings the user's part of the registry to the disk. A matter of milliseconds: not for each value.
+void FlushRegistry();
 
 // The text of a value of kind REG_SZ, which may lack its NUL; the empty text for other kinds.
 [[nodiscard]] std::wstring TextOf(const RegistryValue& value);

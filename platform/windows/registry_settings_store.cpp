@@ -7,7 +7,16 @@
 
 namespace tidewarden {
 
-RegistrySettingsStore::RegistrySettingsStore(std::wstring root) : root_(std::move(root)) {}
+RegistrySettingsStore::RegistrySettingsStore(std::wstring root, std::function<void()> flush)
+    : root_(std::move(root)), flush_(flush ? std::move(flush) : FlushRegistry) {}
+
+RegistrySettingsStore::~RegistrySettingsStore() {
+  RegistrySettingsStore::Flush();
+}
+
+void RegistrySettingsStore::Flush() {
+  if (std::exchange(isToFlush_, false)) flush_();
+}
 
 std::wstring RegistrySettingsStore::KeyOf(std::string_view section) const {
   return root_ + L"\\" + Wide(section);
@@ -23,10 +32,12 @@ Status RegistrySettingsStore::Read(std::string_view section, std::string_view na
 
 Status RegistrySettingsStore::Write(std::string_view section, std::string_view name,
                                     std::string_view value) {
+  isToFlush_ = true;
   return WriteRegistryText(KeyOf(section), Wide(name), Wide(value));
 }
 
 Status RegistrySettingsStore::Delete(std::string_view section, std::string_view name) {
+  isToFlush_ = true;
   return DeleteFromRegistry(KeyOf(section), Wide(name));
 }
 

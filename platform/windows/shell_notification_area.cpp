@@ -1,8 +1,10 @@
 #include "platform/windows/shell_notification_area.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <utility>
 
 namespace tidewarden {
@@ -22,6 +24,26 @@ std::uint32_t NumberOfHandle(const void* handle) {
 constexpr DWORD kNativeSize = NOTIFYICONDATAA_V1_SIZE;
 static_assert(sizeof(void*) != 4 || kNativeSize == sizeof(NotifyIconRecord));
 
+constexpr unsigned kCodePageOfRecords = 1252;
+
+// The tooltip of a record in another code page, as many whole characters as there is room for.
+std::string InCodePage(unsigned codePage, const std::array<char, kNotifyTipBytes>& tip) {
+  const auto units = static_cast<int>(std::find(tip.begin(), tip.end(), '\0') - tip.begin());
+  std::array<wchar_t, kNotifyTipBytes> wide{};
+  const int length = ::MultiByteToWideChar(kCodePageOfRecords, 0, tip.data(), units, wide.data(),
+                                           static_cast<int>(wide.size()));
+  std::string text;
+  for (int i = 0; i < length; ++i) {
+    std::array<char, 8> bytes{};
+    const int count =
+        ::WideCharToMultiByte(codePage, 0, &wide.at(static_cast<std::size_t>(i)), 1, bytes.data(),
+                              static_cast<int>(bytes.size()), nullptr, nullptr);
+    if (text.size() + static_cast<std::size_t>(count) >= kNotifyTipBytes) break;
+    text.append(bytes.data(), static_cast<std::size_t>(count));
+  }
+  return text;
+}
+
 }  // namespace
 
 HWND WindowOf(WindowHandle number) {
@@ -40,7 +62,7 @@ IconHandle NumberOf(HICON picture) {
   return NumberOfHandle(picture);
 }
 
-NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record) {
+NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record, unsigned codePage) {
   NOTIFYICONDATAA data{};
   data.cbSize = kNativeSize;
   data.hWnd = WindowOf(record.hWnd);
@@ -48,8 +70,12 @@ NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record) {
   data.uFlags = record.uFlags;
   data.uCallbackMessage = record.uCallbackMessage;
   data.hIcon = PictureOf(record.hIcon);
-  std::copy(record.szTip.begin(), record.szTip.end(), data.szTip);
-  data.szTip[kNotifyTipBytes - 1] = '\0';
+  if (codePage == kCodePageOfRecords) {
+    std::copy(record.szTip.begin(), record.szTip.end(), data.szTip);
+    data.szTip[kNotifyTipBytes - 1] = '\0';
+  } else {
+    InCodePage(codePage, record.szTip).copy(data.szTip, kNotifyTipBytes - 1);
+  }
   return data;
 }
 
@@ -61,6 +87,7 @@ ShellAreaCalls SystemShellAreaCalls() {
   calls.isSeen = [](HWND window) {
     return ::IsWindowVisible(window) != 0 && ::IsIconic(window) == 0;
   };
+  calls.hasArea = [] { return ::FindWindowW(L"Shell_TrayWnd", nullptr) != nullptr; };
   return calls;
 }
 
@@ -69,14 +96,29 @@ ShellNotificationArea::ShellNotificationArea(ShellAreaCalls calls)
 
 void ShellNotificationArea::NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
                                        std::string_view /*tooltip*/) {
-  NOTIFYICONDATAA data = NativeRecord(record);
+  if (message == NotifyIconMessage::kDelete) {
+    shown_.reset();
+    isMissing_ = false;
+    NOTIFYICONDATAA data = NativeRecord(record);
+    calls_.notifyIcon(NIM_DELETE, data);
+    return;
+  }
   shown_ = record;
-  if (message == NotifyIconMessage::kDelete) shown_.reset();
-  calls_.notifyIcon(static_cast<DWORD>(message), data);
+  Show(static_cast<DWORD>(message));
+}
+
+// The shell refuses to add an icon that it has, also one that it has taken after it seemed too
+// busy, and to change one that it does not have.
+void ShellNotificationArea::Show(DWORD message) {
+  NOTIFYICONDATAA data = NativeRecord(*shown_);
+  const DWORD other = message == NIM_ADD ? NIM_MODIFY : NIM_ADD;
+  isMissing_ = !calls_.notifyIcon(message, data) && !calls_.notifyIcon(other, data);
 }
 
 bool ShellNotificationArea::IsAvailable() {
-  return ::FindWindowW(L"Shell_TrayWnd", nullptr) != nullptr;
+  if (!calls_.hasArea()) return false;
+  if (isMissing_) Show(NIM_ADD);
+  return !isMissing_;
 }
 
 bool ShellNotificationArea::IsFromIcon(HWND window, UINT message, WPARAM wParam,
@@ -93,8 +135,8 @@ bool ShellNotificationArea::HandleMessage(HWND window, UINT message, WPARAM wPar
   if (shellStarted_ != 0 && message == shellStarted_) {
     // Every window of the program hears of it; the icon's window counts.
     if (shown_ && window == WindowOf(shown_->hWnd)) {
-      NOTIFYICONDATAA data = NativeRecord(*shown_);
-      if (calls_.notifyIcon(NIM_ADD, data) && Appeared) Appeared();
+      Show(NIM_ADD);
+      if (!isMissing_ && Appeared) Appeared();
     }
     return false;
   }

@@ -24,13 +24,16 @@ namespace tidewarden {
 [[nodiscard]] IconHandle NumberOf(HICON picture);
 
 // The record in the layout of this system: the same 88 bytes where handles have 32 bits, and as
-// many more as longer handles take where they have 64. The tooltip ends in a NUL.
-[[nodiscard]] NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record);
+// many more as longer handles take where they have 64. The tooltip ends in a NUL, and is in the
+// code page that the process has, which its manifest may have set to UTF-8.
+[[nodiscard]] NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record,
+                                           unsigned codePage = ::GetACP());
 
 // The calls of the system; a test puts its own in their places.
 struct ShellAreaCalls {
   std::function<bool(DWORD message, NOTIFYICONDATAA& data)> notifyIcon;  // Shell_NotifyIconA
   std::function<bool(HWND window)> isSeen;  // shown, and not only as a button of the taskbar
+  std::function<bool()> hasArea;            // the shell's taskbar is there
 };
 
 [[nodiscard]] ShellAreaCalls SystemShellAreaCalls();
@@ -43,6 +46,8 @@ class ShellNotificationArea : public NotificationArea {
   void NotifyIcon(NotifyIconMessage message, const NotifyIconRecord& record,
                   std::string_view tooltip) override;
 
+  // Also false while the shell, too busy to answer, has not taken an icon that it was asked to
+  // show; each call asks it once more.
   [[nodiscard]] bool IsAvailable() override;
 
   // Takes a message that a window of the program has received. True when it came from the shell
@@ -51,11 +56,13 @@ class ShellNotificationArea : public NotificationArea {
   bool HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
+  void Show(DWORD message);
   [[nodiscard]] bool IsFromIcon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
 
   ShellAreaCalls calls_;
   UINT shellStarted_;
-  std::optional<NotifyIconRecord> shown_;
+  std::optional<NotifyIconRecord> shown_;  // or to be shown
+  bool isMissing_ = false;                 // the shell has not taken it
 };
 
 }  // namespace tidewarden

@@ -58,6 +58,11 @@ std::wstring SystemFolder(int number) {
   return SUCCEEDED(found) ? folder.data() : FolderOf(ProgramPath());
 }
 
+// The program's own folder in one of them.
+std::string OwnFolderIn(int number) {
+  return JoinPath(Narrow(SystemFolder(number)), kApplicationName, PathStyle::kWindows);
+}
+
 // A name for whatever path, fit for an object of the system: a hash (FNV-1a), because such names
 // hold no separators.
 std::wstring NameOf(const std::string& path) {
@@ -98,9 +103,7 @@ std::unique_ptr<SettingsStore> MakeSystemSettings(FileSystem& /*files*/) {
 }
 
 ProgramFolders SystemFolders() {
-  const std::string userData =
-      JoinPath(Narrow(SystemFolder(CSIDL_APPDATA)), kApplicationName, PathStyle::kWindows);
-  return {ProgramFolder(), userData, PathStyle::kWindows};
+  return {ProgramFolder(), OwnFolderIn(CSIDL_APPDATA), PathStyle::kWindows};
 }
 
 std::string ReminderProgram() {
@@ -113,6 +116,10 @@ std::unique_ptr<Autostart> MakeAutostart(FileSystem& /*files*/) {
 
 std::string GetCommonDataFolder() {
   return Narrow(SystemFolder(CSIDL_COMMON_APPDATA));
+}
+
+std::string GetLocalDataFolder() {
+  return OwnFolderIn(CSIDL_LOCAL_APPDATA);
 }
 
 std::unique_ptr<PreviousInstance> MakePreviousInstance(FileSystem& /*files*/,

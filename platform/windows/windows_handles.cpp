@@ -42,11 +42,25 @@ std::wstring UserNumber() {
   return number;
 }
 
-bool IsOnNetwork(const std::wstring& path) {
-  if (path.starts_with(L"\\\\?\\UNC\\")) return true;
-  const std::wstring plain = path.starts_with(L"\\\\?\\") ? path.substr(4) : path;
-  if (plain.starts_with(L"\\\\")) return true;
-  return plain.size() > 2 && ::GetDriveTypeW(plain.substr(0, 3).c_str()) == DRIVE_REMOTE;
+// Where the volume of a path begins, in the form that people write; empty when it cannot be told.
+std::wstring VolumeOf(const std::wstring& path) {
+  std::wstring volume(path.size() + MAX_PATH, L'\0');
+  if (::GetVolumePathNameW(path.c_str(), volume.data(), static_cast<DWORD>(volume.size())) == 0) {
+    return {};
+  }
+  volume.resize(volume.find(L'\0'));
+  return volume.starts_with(L"\\\\?\\") ? volume.substr(4) : volume;
+}
+
+bool IsOnSystemVolume(const std::wstring& path) {
+  std::wstring windows(MAX_PATH, L'\0');
+  const UINT length = ::GetSystemWindowsDirectoryW(windows.data(), MAX_PATH);
+  if (length == 0 || length >= MAX_PATH) return false;
+  windows.resize(length);
+  const std::wstring own = VolumeOf(path);
+  const std::wstring system = VolumeOf(windows);
+  return !own.empty() &&
+         ::CompareStringOrdinal(own.c_str(), -1, system.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 }  // namespace
@@ -120,7 +134,7 @@ FileHandle OpenPatiently(const std::wstring& path, DWORD access, DWORD share, DW
 
 PrivateSecurity::PrivateSecurity(const std::wstring& path) {
   attributes_.nLength = sizeof attributes_;
-  if (IsOnNetwork(path)) return;
+  if (!path.empty() && !IsOnSystemVolume(path)) return;
   const std::wstring user = UserNumber();
   if (user.empty()) return;
   // Inherited by what is created in a folder; protected from what the folder above grants.

@@ -62,8 +62,15 @@ class Patience {
                                        DWORD disposition, DWORD flags,
                                        SECURITY_ATTRIBUTES* security = nullptr);
 
-// Permissions that let the user, the system and administrators in and nobody else. Without any
-// where the user has no number that other computers know: on network drives.
+// Permissions that let the user, the system and administrators in and nobody else.
+//
+// They name the user by a number of this installation of Windows, so they are given only on the
+// volume that Windows itself is on: it and its users come and go together, and there other users
+// of the computer could read what lies outside the user's own folder. On any other volume (a
+// stick, a card, a second disk whether built in or not, the network) the number means nobody to
+// the next computer or after Windows has been installed anew, and the owner would be locked out:
+// there the permissions are those that the folder hands on. A drive letter that stands for a
+// folder counts as another volume.
 class PrivateSecurity {
  public:
   // For a file or folder at `path`; for an object of the session when it is empty.

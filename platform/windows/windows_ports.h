@@ -11,8 +11,9 @@ class WindowsShiftKey : public ShiftKey {
   [[nodiscard]] bool IsDown() override;
 };
 
-// Shows a window above all that are not topmost, for as long as it lives, at its place and in its
-// size. It does not get the focus.
+// Shows a window above all that are not topmost, at its place and in its size; it stays above them
+// until it is told otherwise. It becomes the active one, and has the focus when the system lets
+// this program come to the front: while the user works in another program, mostly not.
 void PutOnTop(HWND window);
 
 }  // namespace tidewarden

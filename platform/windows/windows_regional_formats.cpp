@@ -86,7 +86,8 @@ WindowsRegionalFormats::WindowsRegionalFormats(const wchar_t* locale)
   Take(Locale(), LOCALE_SSHORTDATE, pattern_);
   if (pattern_.empty()) return;
   SetNames(NamesOf(Locale()));
-  isGregorian_ = PrefersGregorian(Locale());
+  // The system writes an era even for this calendar, as "A.D.".
+  isForSystem_ = PrefersGregorian(Locale()) && pattern_.find('g') == std::string::npos;
 }
 
 const wchar_t* WindowsRegionalFormats::Locale() const {
@@ -95,7 +96,7 @@ const wchar_t* WindowsRegionalFormats::Locale() const {
 
 std::string WindowsRegionalFormats::ShortDate(CivilDate date) const {
   if (pattern_.empty()) return FormatByPattern("MM/dd/yyyy", date, names());
-  if (isGregorian_ && YearOf(date) >= kFirstSystemYear) {
+  if (isForSystem_ && YearOf(date) >= kFirstSystemYear) {
     SYSTEMTIME day{};
     day.wYear = static_cast<WORD>(YearOf(date));
     day.wMonth = static_cast<WORD>(MonthOf(date));

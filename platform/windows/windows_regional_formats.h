@@ -19,9 +19,9 @@ class WindowsRegionalFormats : public NamedRegionalFormats {
  private:
   [[nodiscard]] const wchar_t* Locale() const;
 
-  std::wstring locale_;  // empty for the user's own
-  std::string pattern_;  // letters of the short date; empty for an unknown locale
-  bool isGregorian_ = true;
+  std::wstring locale_;      // empty for the user's own
+  std::string pattern_;      // letters of the short date; empty for an unknown locale
+  bool isForSystem_ = true;  // the system's own answer is one of the Gregorian calendar
 };
 
 }  // namespace tidewarden

@@ -51,7 +51,7 @@ void WindowsSoundPlayer::Play(const std::string& path, SoundKind kind) {
   calls_.playSound({}, 0);
   Control(L"close");
   Control(L"stop");
-  controlIsOpen_ = calls_.control(L"open \"" + WidePath(path) + L"\" alias " + kDevice, nullptr);
+  controlIsOpen_ = OpenControl(path);
   if (!controlIsOpen_ || !Control(L"play")) Beep(path + " cannot be played");
 }
 
@@ -70,6 +70,20 @@ void WindowsSoundPlayer::Rest() {
   std::wstring mode;
   // An answer in another language only means that the file stays open for longer.
   if (Control(L"status mode", &mode) && mode == L"stopped") CloseControl();
+}
+
+// Without others installed, the control's own players know these.
+std::vector<std::string> WindowsSoundPlayer::Endings() const {
+  return {"wav", "mp3", "wma", "mid"};
+}
+
+// The control knows kinds of file by the registry's list of name endings. What is not there may
+// still be readable to its general player, which looks at the content.
+bool WindowsSoundPlayer::OpenControl(const std::string& path) {
+  const std::wstring open = L"open \"" + WidePath(path) + L"\"";
+  const std::wstring alias = std::wstring(L" alias ") + kDevice;
+  return calls_.control(open + alias, nullptr) ||
+         calls_.control(open + L" type mpegvideo" + alias, nullptr);
 }
 
 // A command for the open file: the word that names it stands behind the first one.

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "alarm/sound_player.h"
 
@@ -33,8 +34,10 @@ class WindowsSoundPlayer : public SoundPlayer {
   void Beep(const std::string& reason) override;
   void Stop() override;
   void Rest() override;
+  [[nodiscard]] std::vector<std::string> Endings() const override;
 
  private:
+  bool OpenControl(const std::string& path);
   bool Control(const std::wstring& command, std::wstring* answer = nullptr) const;
   void CloseControl();
 

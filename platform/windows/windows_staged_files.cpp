@@ -1,21 +1,24 @@
 #include "platform/windows/windows_staged_files.h"
 
 #include <aclapi.h>
+#include <winioctl.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <utility>
 #include <vector>
 
-#include "platform/windows/windows_handles.h"
 #include "platform/windows/windows_text.h"
 
 namespace tidewarden {
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+// Of a new file: to fill it, to rename it, and to delete it when it is given up.
+constexpr DWORD kRightsToWrite = GENERIC_READ | GENERIC_WRITE | DELETE;
 constexpr ULONGLONG kSaveMilliseconds = 3000;  // as long as another program may be saving
 
 Status WriteAll(HANDLE file, std::string_view content) {
@@ -185,30 +188,50 @@ class StagedInPlace : public StagedFile {
   std::string old_;
 };
 
+// The content of a compressed file may have little room without that.
+void Compress(HANDLE file) {
+  USHORT format = COMPRESSION_FORMAT_DEFAULT;
+  DWORD size = 0;
+  ::DeviceIoControl(file, FSCTL_SET_COMPRESSION, &format, sizeof format, nullptr, 0, &size,
+                    nullptr);
+}
+
 // Creates the file beside the target. One that stands there already belongs to a program that is
-// saving right now (it cannot be deleted) or to one that died.
-Status CreateTemporary(const std::wstring& temporary, bool replaces, FileHandle& out) {
+// saving right now (it cannot be deleted) or to one that died. `replaced` are the attributes of
+// the file that is to be replaced, or nothing.
+Status CreateTemporary(const std::wstring& temporary, std::optional<DWORD> replaced,
+                       FileHandle& out) {
   // A replacement takes over the permissions of what it replaces.
   PrivateSecurity security(temporary);
-  SECURITY_ATTRIBUTES* const ownerOnly = replaces ? nullptr : security.get();
+  SECURITY_ATTRIBUTES* const ownerOnly = replaced ? nullptr : security.get();
+  // Encrypted from its first byte on.
+  const DWORD encrypted = replaced.value_or(0) & FILE_ATTRIBUTE_ENCRYPTED;
+  const auto create = [&](DWORD rights) {
+    const HANDLE file =
+        ::CreateFileW(temporary.c_str(), rights, FILE_SHARE_READ, ownerOnly, CREATE_NEW,
+                      encrypted != 0 ? encrypted : FILE_ATTRIBUTE_NORMAL, nullptr);
+    // A file that is about to vanish refuses everybody until it has.
+    if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_ACCESS_DENIED &&
+        ::GetFileAttributesW(temporary.c_str()) != INVALID_FILE_ATTRIBUTES) {
+      ::SetLastError(ERROR_DELETE_PENDING);
+    }
+    return file;
+  };
   const Patience patience(kSaveMilliseconds);
   while (true) {
-    FileHandle file(::CreateFileW(
-        temporary.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE | READ_CONTROL | WRITE_DAC,
-        FILE_SHARE_READ, ownerOnly, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    FileHandle file = replaced ? CreateReplacement(create) : FileHandle(create(kRightsToWrite));
     if (file.ok()) {
+      if ((replaced.value_or(0) & FILE_ATTRIBUTE_COMPRESSED) != 0) Compress(file.get());
       out = std::move(file);
       return {};
     }
     const DWORD error = ::GetLastError();
-    // A file that is about to vanish refuses everybody until it has.
-    const bool isThere = ::GetFileAttributesW(temporary.c_str()) != INVALID_FILE_ATTRIBUTES;
     const bool inTheWay = error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS ||
-                          IsSharingError(error) || (error == ERROR_ACCESS_DENIED && isThere);
+                          error == ERROR_DELETE_PENDING || IsSharingError(error);
     if (!inTheWay) return FromSystemError(error);
     ::DeleteFileW(temporary.c_str());
     if (!patience.Wait()) {
-      return Status(error == ERROR_ACCESS_DENIED ? StatusKind::kNoPermission : StatusKind::kBusy);
+      return Status(error == ERROR_DELETE_PENDING ? StatusKind::kNoPermission : StatusKind::kBusy);
     }
   }
 }
@@ -229,6 +252,15 @@ Status LookAtTarget(const std::wstring& target) {
 }
 
 }  // namespace
+
+FileHandle CreateReplacement(const std::function<HANDLE(DWORD rights)>& create) {
+  FileHandle file;
+  for (const DWORD more : {DWORD{WRITE_DAC | WRITE_OWNER}, DWORD{WRITE_DAC}, DWORD{0}}) {
+    file = FileHandle(create(kRightsToWrite | more));
+    if (file.ok() || ::GetLastError() != ERROR_ACCESS_DENIED) break;
+  }
+  return file;
+}
 
 std::wstring ResolveLink(const std::wstring& path) {
   const DWORD attributes = ::GetFileAttributesW(path.c_str());
@@ -268,9 +300,16 @@ Status StageFile(const std::wstring& path, std::string_view content,
   const bool replaces = present.ok();
   if (!replaces && present.kind() != StatusKind::kNotFound) return present;
 
+  std::optional<DWORD> replaced;
+  if (replaces) replaced = ::GetFileAttributesW(target.c_str());
+  if (replaced == INVALID_FILE_ATTRIBUTES) replaced = 0;
+  const bool isEncrypted = (replaced.value_or(0) & FILE_ATTRIBUTE_ENCRYPTED) != 0;
+
   FileHandle file;
-  Status status = CreateTemporary(temporary, replaces, file);
-  const bool folderRefuses = status.kind() == StatusKind::kNoPermission;
+  Status status = CreateTemporary(temporary, replaced, file);
+  // A secret is not to be written down beside the file because it cannot be encrypted there.
+  const bool folderRefuses = status.kind() == StatusKind::kNoPermission ||
+                             (isEncrypted && status.kind() == StatusKind::kInputOutput);
   if (replaces && folderRefuses && StageInPlace(target, content, out).ok()) return {};
   if (!status.ok()) return status;
 

@@ -274,7 +274,7 @@ TEST(Options, EveryOneHasALabelAndALineOfHelpWithItsDefault) {
     SCOPED_TRACE(option.setting.key);
     EXPECT_FALSE(option.label.empty());
     EXPECT_FALSE(option.help.empty());
-    EXPECT_THAT(desk.session().Help(i), ::testing::StartsWith(std::string(option.help)));
+    EXPECT_THAT(desk.session().Help(i), ::testing::HasSubstr(std::string(option.help)));
     EXPECT_THAT(desk.session().Help(i), ::testing::ContainsRegex(" Default: .+\\.$"));
   }
   const auto help = [&desk](const char* name) { return desk.session().Help(IndexOfOption(name)); };
@@ -285,6 +285,10 @@ TEST(Options, EveryOneHasALabelAndALineOfHelpWithItsDefault) {
               ::testing::EndsWith(" Default: the words Today is."));
   EXPECT_THAT(help("FontSize"), ::testing::EndsWith(" Default: 8."));
   EXPECT_THAT(help("AlarmPath"), ::testing::EndsWith(" Default: " + kSoundPath + "."));
+  desk.sound.endings = {"wav", "mp3", "mid"};
+  EXPECT_THAT(help("AlarmPath"), ::testing::StartsWith("A wav, mp3 or mid file. Play "));
+  desk.sound.endings = {"wav", "ogg"};
+  EXPECT_THAT(help("AlarmPath"), ::testing::StartsWith("A wav or ogg file. Play "));
   EXPECT_THAT(help("QuotesPath"), ::testing::EndsWith(" Default: " + kQuotesPath + "."));
   EXPECT_THAT(help("Path"), ::testing::EndsWith("/.local/share/Tideward/dates.txt."));
 }

@@ -106,6 +106,21 @@ TEST(FormatByPatternTest, KnowsTheLettersOfADatePattern) {
   }
 }
 
+// The Japanese calendar's dates have one; the same day is 2015 in this one.
+TEST(FormatByPatternTest, LeavesOutTheEra) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"gg yy/MM/dd", "15/03/05"},  {"gy/M/d", "15/3/5"},  {"yyyy/MM/dd gg", "2015/03/05"},
+      {"ggg  y.MM.dd", "15.03.05"}, {"dd gg MM", "05 03"}, {"g", ""},
+      {"'gg' yy", "gg 15"},         {"yy'g'", "15g"},      {"yy''g", "15'"}};
+  for (const auto& [pattern, text] : cases) {
+    EXPECT_EQ(FormatByPattern(pattern, On(2015, 3, 5), EnglishCalendarNames()), text) << pattern;
+  }
+  const PatternRegionalFormats formats("gg yy/MM/dd");
+  const auto format = DetectRegionalDateFormat(formats.ShortDate(kProbeDate), formats);
+  ASSERT_TRUE(format);
+  EXPECT_EQ(format->DisplayDateFormat, "yy/mm/dd");
+}
+
 TEST(FormatByPatternTest, PadsTheYear) {
   const auto& names = EnglishCalendarNames();
   EXPECT_EQ(FormatByPattern("yyyy", On(50, 3, 5), names), "0050");

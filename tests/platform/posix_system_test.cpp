@@ -96,6 +96,7 @@ TEST(SystemFolders, PagesAreWrittenToTheUsersOwnFolder) {
   const ScopedVariable data("XDG_DATA_HOME", "/home/ann/share");
   EXPECT_EQ(SystemFolders().userData, "/home/ann/share/Tideward");
   EXPECT_EQ(GetCommonDataFolder(), "/home/ann/share/Tideward");
+  EXPECT_EQ(GetLocalDataFolder(), "/home/ann/share/Tideward");
 }
 
 TEST(SystemFolders, TheProgramsFolderIsFoundThroughLinksAndFromAnywhere) {

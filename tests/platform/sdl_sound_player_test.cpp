@@ -206,6 +206,7 @@ TEST_F(SdlSoundPlayerTest, PlaysEverySampleOfTheOwnSound) {
 }
 
 TEST_F(SdlSoundPlayerTest, PlaysTheOtherKindsOfFiles) {
+  EXPECT_THAT(player_.Endings(), ElementsAre("wav", "ogg", "mp3", "flac"));
   for (const char* const name : {"tone.flac", "tone.ogg", "tone.mp3"}) {
     SCOPED_TRACE(name);
     player_.Play(test::SourceFolder() / "tests/data/sounds" / name, SoundKind::kOther);

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <thread>
 
@@ -11,11 +12,16 @@
 #include "tests/support/temporary_folder.h"
 #include "tests/support/windows_child.h"
 
+// Needs the types of windows.h.
+#include <sddl.h>
+
 namespace tidewarden::test {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 // Holds a file as another program would.
 FileHandle Hold(const std::string& path, DWORD access, DWORD share) {
@@ -178,6 +184,43 @@ TEST_F(WindowsFiles, InAFolderThatTakesNoFilesTheContentIsWrittenIntoTheFile) {
   }
 }
 
+// A folder of a network that may be changed, but not handed on.
+TEST(WindowsReplacement, IsCreatedWithTheRightsThatThePlaceGrants) {
+  TemporaryFolder folder;
+  const auto grants = [&](DWORD refused, DWORD reason, std::vector<DWORD>& asked) {
+    return CreateReplacement([&](DWORD rights) -> HANDLE {
+             asked.push_back(rights & (WRITE_DAC | WRITE_OWNER));
+             EXPECT_EQ(rights & (GENERIC_READ | GENERIC_WRITE | DELETE),
+                       GENERIC_READ | GENERIC_WRITE | DELETE);
+             if ((rights & refused) != 0) {
+               ::SetLastError(reason);
+               return INVALID_HANDLE_VALUE;
+             }
+             return ::CreateFileW(WidePath(folder / "new").c_str(), rights, 0, nullptr,
+                                  CREATE_ALWAYS, 0, nullptr);
+           })
+        .ok();
+  };
+  const DWORD denied = ERROR_ACCESS_DENIED;
+  std::vector<DWORD> asked;
+  EXPECT_TRUE(grants(0, denied, asked));
+  EXPECT_THAT(asked, ElementsAre(WRITE_DAC | WRITE_OWNER));
+  asked.clear();
+  EXPECT_TRUE(grants(WRITE_OWNER, denied, asked));
+  EXPECT_THAT(asked, ElementsAre(WRITE_DAC | WRITE_OWNER, WRITE_DAC));
+  asked.clear();
+  EXPECT_TRUE(grants(WRITE_DAC | WRITE_OWNER, denied, asked));
+  EXPECT_THAT(asked, ElementsAre(WRITE_DAC | WRITE_OWNER, WRITE_DAC, 0U));
+  asked.clear();
+  EXPECT_FALSE(grants(GENERIC_WRITE, denied, asked));
+  EXPECT_EQ(::GetLastError(), denied);
+  EXPECT_EQ(asked.size(), 3U);
+  asked.clear();
+  EXPECT_FALSE(grants(WRITE_DAC, ERROR_FILE_EXISTS, asked)) << "that is about no right";
+  EXPECT_EQ(::GetLastError(), DWORD{ERROR_FILE_EXISTS});
+  EXPECT_EQ(asked.size(), 1U);
+}
+
 // --- Names of every kind.
 
 TEST_F(WindowsFiles, PathsMayBeLongAndOfEveryAlphabet) {
@@ -279,6 +322,45 @@ TEST_F(WindowsFiles, AStampTellsAChange) {
   EXPECT_EQ(Replace(path_, "two"), StatusKind::kOk);
   ASSERT_TRUE(files_.GetStamp(path_, after).ok());
   EXPECT_NE(before, after);
+}
+
+// --- Who may read a file.
+
+TEST(WindowsPrivacy, IsGivenOnTheVolumeOfWindowsAlone) {
+  const struct {
+    const wchar_t* path;
+    bool isPrivate;
+  } cases[] = {{L"", true},  // no file
+               {L"C:\\dates.txt", true},
+               {L"C:\\ProgramData\\print.htm", true},
+               {L"c:\\no\\such\\folder\\dates.txt", true},
+               {L"\\\\?\\C:\\no such folder\\dates.txt", true},
+               {L"Z:\\dates.txt", false},
+               {L"Z:\\tmp\\dates.txt", false},
+               {L"\\\\?\\Z:\\tmp\\dates.txt", false},
+               {L"Q:\\not there\\dates.txt", false},
+               {L"\\\\server\\share\\dates.txt", false},
+               {L"\\\\?\\UNC\\server\\share\\dates.txt", false}};
+  for (const auto& [path, isPrivate] : cases) {
+    SCOPED_TRACE(Narrow(path));
+    EXPECT_EQ(PrivateSecurity(path).get() != nullptr, isPrivate);
+  }
+}
+
+TEST(WindowsPrivacy, LetsTheUserTheSystemAndAdministratorsIn) {
+  PrivateSecurity security(L"C:\\dates.txt");
+  ASSERT_NE(security.get(), nullptr);
+  wchar_t* text = nullptr;
+  ASSERT_NE(::ConvertSecurityDescriptorToStringSecurityDescriptorW(
+                security.get()->lpSecurityDescriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION,
+                &text, nullptr),
+            0);
+  const std::string access = Narrow(text);
+  ::LocalFree(text);
+  // Three entries, of which none is for everybody, for guests or for the users of the computer.
+  EXPECT_THAT(access, StartsWith("D:P(A;OICI;FA;;;S-1-5-21-"));
+  EXPECT_THAT(access, EndsWith(")(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)"));
+  EXPECT_EQ(std::count(access.begin(), access.end(), '('), 3);
 }
 
 // --- Locks between processes.

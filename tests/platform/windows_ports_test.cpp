@@ -2,6 +2,7 @@
 // start on Windows.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 
@@ -34,12 +35,13 @@ class ShellArea : public ::testing::Test {
       : area_({[this](DWORD message, NOTIFYICONDATAA& data) {
                  messages_.push_back(message);
                  data_ = data;
-                 return true;
+                 return std::find(refused_.begin(), refused_.end(), message) == refused_.end();
                },
                [this](HWND window) {
                  EXPECT_EQ(window, WindowOf(kOwner));
                  return isSeen_;
-               }}),
+               },
+               [this] { return hasArea_; }}),
         icon_(area_) {
     icon_.OwnerForm = kOwner;
     icon_.Icon(kPicture);
@@ -57,6 +59,8 @@ class ShellArea : public ::testing::Test {
   std::vector<DWORD> messages_;
   NOTIFYICONDATAA data_{};
   bool isSeen_ = false;
+  bool hasArea_ = true;
+  std::vector<DWORD> refused_;  // messages that the shell is too busy for
   std::vector<int> heard_;
   ShellNotificationArea area_;
   TrayIcon icon_;
@@ -94,6 +98,25 @@ TEST_F(ShellArea, TheBytesOfTheRecordStandWhereTheSystemReadsThem) {
   EXPECT_EQ(number(kIs64 ? 32 : 20), kPicture);
   EXPECT_EQ(bytes[kIs64 ? 40 : 24], 'F');
   EXPECT_EQ(bytes[kIs64 ? 103 : 87], 0);
+}
+
+TEST(NativeRecordOf, ATooltipIsInTheCodePageOfTheProcess) {
+  constexpr unsigned kUtf8 = 65001;
+  const auto tip = [](std::string_view bytes, unsigned codePage) {
+    NotifyIconRecord record;
+    record.szTip.fill(' ');
+    bytes.copy(record.szTip.data(), record.szTip.size());
+    return std::string(NativeRecord(record, codePage).szTip);
+  };
+  const std::string zoe("Zo\xEB\x80\0", 5);  // "Zoë€" and the end of the text
+  EXPECT_EQ(tip(zoe, 1252), "Zo\xEB\x80");
+  EXPECT_EQ(tip(zoe, kUtf8), "Zoë€");
+  // Whole characters only: 31 of two bytes leave one byte and the NUL.
+  std::string longest;
+  for (int i = 0; i < 31; ++i) longest += "ë";
+  EXPECT_EQ(tip(std::string(64, '\xEB'), kUtf8), longest);
+  EXPECT_EQ(tip(std::string(64, 'e'), kUtf8), std::string(63, 'e'));
+  EXPECT_EQ(tip(std::string(64, '\xEB'), 1252), std::string(63, '\xEB'));
 }
 
 TEST_F(ShellArea, TheShellsMessagesReachTheIcon) {
@@ -138,6 +161,54 @@ TEST_F(ShellArea, AShellThatStartsAnewGetsTheIconAgain) {
   EXPECT_EQ(appeared, 1);
 }
 
+TEST_F(ShellArea, IsNoneUntilTheShellHasTakenTheIcon) {
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, IsEmpty()) << "no icon is wanted";
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  icon_.Visible(true);
+  messages_.clear();
+  EXPECT_FALSE(area_.IsAvailable());
+  EXPECT_FALSE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(NIM_ADD, NIM_MODIFY, NIM_ADD, NIM_MODIFY));
+  messages_.clear();
+  refused_.clear();
+  data_ = {};
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(NIM_ADD)) << "once it is there, it is left alone";
+  EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
+  hasArea_ = false;
+  EXPECT_FALSE(area_.IsAvailable());
+}
+
+TEST_F(ShellArea, AnIconThatTheShellHasTakenAfterAllIsThere) {
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  icon_.Visible(true);
+  refused_ = {NIM_ADD};  // it has it now
+  EXPECT_TRUE(area_.IsAvailable());
+}
+
+TEST_F(ShellArea, AnIconThatIsNoLongerWantedIsNotMissed) {
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  icon_.Visible(true);
+  icon_.Visible(false);
+  messages_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, IsEmpty());
+}
+
+TEST_F(ShellArea, AShellThatStartsAnewMayBeTooBusyAtFirst) {
+  int appeared = 0;
+  area_.Appeared = [&] { ++appeared; };
+  icon_.Visible(true);
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  EXPECT_FALSE(Handle(::RegisterWindowMessageW(L"TaskbarCreated"), 0, 0));
+  EXPECT_EQ(appeared, 0);
+  EXPECT_FALSE(area_.IsAvailable());
+  refused_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+}
+
 // --- The sound.
 
 class WindowsSound : public ::testing::Test {
@@ -151,7 +222,7 @@ class WindowsSound : public ::testing::Test {
                  [this](const std::wstring& command, std::wstring* answer) {
                    calls_.push_back(Narrow(command));
                    if (answer != nullptr) *answer = mode_;
-                   return works_;
+                   return works_ && Narrow(command) != unknown_;
                  },
                  [this](unsigned kind) { calls_.push_back("beep " + std::to_string(kind)); }}) {}
 
@@ -159,6 +230,7 @@ class WindowsSound : public ::testing::Test {
 
   std::vector<std::string> calls_;
   bool works_ = true;
+  std::string unknown_;  // a command that fails
   std::wstring mode_ = L"playing";
   WindowsSoundPlayer player_;
 };
@@ -182,6 +254,20 @@ TEST_F(WindowsSound, OfAnotherFileGoesThroughTheControl) {
   EXPECT_THAT(Calls(), IsEmpty());
 }
 
+TEST_F(WindowsSound, OfAnEndingThatTheControlDoesNotKnowIsTriedWithItsGeneralPlayer) {
+  unknown_ = "open \"C:\\a.ogg\" alias tidewarden";
+  player_.Play("C:\\a.ogg", SoundKind::kOther);
+  EXPECT_THAT(Calls(),
+              ElementsAre("sound  0", "close tidewarden", "stop tidewarden", unknown_,
+                          "open \"C:\\a.ogg\" type mpegvideo alias tidewarden", "play tidewarden"));
+  player_.Stop();
+  EXPECT_THAT(Calls(), ElementsAre("sound  0", "close tidewarden"));
+}
+
+TEST_F(WindowsSound, IsOfferedForWhatEveryWindowsPlays) {
+  EXPECT_THAT(player_.Endings(), ElementsAre("wav", "mp3", "wma", "mid"));
+}
+
 TEST_F(WindowsSound, OfOneKindEndsTheOther) {
   player_.Play("C:\\a.mp3", SoundKind::kOther);
   static_cast<void>(Calls());
@@ -199,6 +285,7 @@ TEST_F(WindowsSound, ThatCannotBePlayedIsABeepWithAReason) {
   player_.Play("C:\\a.ogg", SoundKind::kOther);
   EXPECT_THAT(Calls(), ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
                                    "open \"C:\\a.ogg\" alias tidewarden",
+                                   "open \"C:\\a.ogg\" type mpegvideo alias tidewarden",
                                    "complain C:\\a.ogg cannot be played", "beep 48"));
   player_.Beep("no file");
   EXPECT_THAT(Calls(), ElementsAre("complain no file", "beep 48"));
@@ -290,6 +377,8 @@ TEST(WindowsFolders, HaveBackslashesAndNoneAtTheEnd) {
   EXPECT_TRUE(std::filesystem::is_directory(FolderOf(WidePath(folders.userData))));
   EXPECT_EQ(ReminderProgram(), folders.program + "\\tidewarden.exe");
   EXPECT_TRUE(std::filesystem::is_directory(WidePath(GetCommonDataFolder())));
+  EXPECT_THAT(folders.userData, EndsWith("\\AppData\\Roaming\\Tideward"));
+  EXPECT_THAT(GetLocalDataFolder(), EndsWith("\\AppData\\Local\\Tideward"));
 }
 
 TEST(WindowsStart, TakesNoLibraryFromTheCurrentFolder) {

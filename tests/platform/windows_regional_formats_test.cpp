@@ -78,8 +78,13 @@ TEST(WindowsRegionalFormats, FollowWhatTheUserHasChanged) {
   const struct {
     const wchar_t* pattern;
     const char* shortDate;
-  } cases[] = {
-      {L"dd-MMM-yy", "31-Dec-92"}, {L"yy/MM/dd", "92/12/31"}, {L"dd.MM.yyyy", "31.12.1992"}};
+  } cases[] = {{L"dd-MMM-yy", "31-Dec-92"},
+               {L"yy/MM/dd", "92/12/31"},
+               {L"dd.MM.yyyy", "31.12.1992"},
+               {L"gg yy/MM/dd", "92/12/31"},
+               {L"gy/M/d", "92/12/31"},
+               {L"yyyy/MM/dd gg", "1992/12/31"},
+               {L"dd.MM.yyyy 'g'", "31.12.1992 g"}};
   for (const auto& [pattern, shortDate] : cases) {
     const OwnShortDate own(pattern);
     const WindowsRegionalFormats formats;

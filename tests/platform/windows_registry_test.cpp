@@ -5,6 +5,7 @@
 #include "core/get_set_save_set.h"
 #include "core/settings_keys.h"
 #include "platform/windows/registry_autostart.h"
+#include "platform/windows/registry_key.h"
 #include "platform/windows/registry_settings_store.h"
 #include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
@@ -139,6 +140,26 @@ TEST_F(RegistrySettings, AnotherProgramsWriteIsSeenAtOnce) {
   EXPECT_EQ(Read("Options", "UseSkin"), "False");
 }
 
+TEST_F(RegistrySettings, AreBroughtToTheDiskOnceForAllThatWasWritten) {
+  int flushes = 0;
+  {
+    RegistrySettingsStore store(part_.root(), [&flushes] { ++flushes; });
+    std::string value;
+    ASSERT_TRUE(store.Read("Options", "UseSkin", value).ok());
+    store.Flush();
+    EXPECT_EQ(flushes, 0) << "nothing was written";
+    for (const char* name : {"One", "Two", "Three"}) {
+      ASSERT_TRUE(store.Write("Options", name, "1").ok());
+    }
+    EXPECT_EQ(flushes, 0);
+    store.Flush();
+    store.Flush();
+    EXPECT_EQ(flushes, 1);
+    ASSERT_TRUE(store.Delete("Options", "Two").ok());
+  }
+  EXPECT_EQ(flushes, 2) << "at its end";
+}
+
 // --- The start with the computer.
 
 constexpr char kProgram[] = "C:\\Program Files\\Tidewarden\\tidewarden.exe";
@@ -169,6 +190,29 @@ TEST_F(RegistryStart, IsSwitchedOnAndOff) {
   EXPECT_TRUE(autostart_.Set(false).ok());
   EXPECT_EQ(Command(), "(none)");
   EXPECT_FALSE(autostart_.IsOn());
+}
+
+// Else a copy in another place would lose its start, and this one would not have it.
+TEST_F(RegistryStart, StaysAsItWasWhenItCannotBeSwitchedOn) {
+  RegistryAutostart autostart(kProgram, part_.root(), [](const auto&, const auto&) {
+    return Status(StatusKind::kNoPermission);
+  });
+  part_.Set(kApproved, kName, REG_BINARY, std::string("\3\0\0\0\0\0\0\0\0\0\0\0", 12));
+  EXPECT_EQ(autostart.Set(true).kind(), StatusKind::kNoPermission);
+  EXPECT_FALSE(part_.Has(kRun, kName));
+  for (const DWORD kind : {DWORD{REG_SZ}, DWORD{REG_EXPAND_SZ}}) {
+    part_.Set(kRun, kName, kind, Stored(L"C:\\Old\\tidewarden.exe"));
+    EXPECT_EQ(autostart.Set(true).kind(), StatusKind::kNoPermission);
+    std::optional<RegistryValue> value;
+    ASSERT_TRUE(ReadRegistry(part_.root() + L"\\" + kRun, kName, value).ok());
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->kind, kind);
+    EXPECT_EQ(value->bytes, Stored(L"C:\\Old\\tidewarden.exe"));
+  }
+  const std::wstring own = L"\"C:\\Program Files\\Tidewarden\\tidewarden.exe\" -x";
+  part_.Set(kRun, kName, REG_SZ, Stored(own));
+  EXPECT_EQ(autostart.Set(true).kind(), StatusKind::kNoPermission);
+  EXPECT_EQ(Command(), Narrow(own));
 }
 
 TEST_F(RegistryStart, CountsWhateverTheEntryAddsToTheProgram) {

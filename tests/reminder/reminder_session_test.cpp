@@ -270,6 +270,20 @@ TEST(Tray, WithoutAnAreaTheWindowIsOnlyMinimized) {
   EXPECT_EQ(desk.session.StateChanged(WindowState::kNormal), WindowChange::kNone);
 }
 
+// There is one, but its program is too busy to take the icon.
+TEST(Tray, AWindowWithoutAnIconIsNotHidden) {
+  SessionDesk desk(kChristmas);
+  desk.area.refusesIcons = true;
+  desk.Start();
+  EXPECT_EQ(desk.session.StateChanged(WindowState::kMinimized), WindowChange::kNone);
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kMinimize);
+  EXPECT_FALSE(desk.session.tIcon().Visible());
+  EXPECT_FALSE(desk.area.isShown);
+  desk.area.refusesIcons = false;
+  EXPECT_EQ(desk.session.SendToTray(), WindowChange::kHide);
+  EXPECT_TRUE(desk.area.isShown);
+}
+
 TEST(Tray, AWindowComesBackToTheTaskListWhenTheAreaIsGone) {
   SessionDesk desk(kChristmas);
   desk.Start();

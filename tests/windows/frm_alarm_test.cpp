@@ -19,6 +19,7 @@ class FrmAlarmTest : public QObject {
   void keepsTheMessagesWhenItIsOnlyHidden();
   void closesInEveryWayByTheSameSteps();
   void hasTheFontOfTheList();
+  void prefersASubstituteOfTheFont();
   void keepsTheDesignedSizeForASizeThatIsNone();
   void showsMarkupAndAmpersandsAsTheyWereTyped();
   void scrollsToWhatDoesNotFit();
@@ -150,6 +151,20 @@ void FrmAlarmTest::hasTheFontOfTheList() {
   world.Ring({"Bus"});
   font = world.Find<QLabel>("lblAlarmMessage")->font();
   QVERIFY(!font.bold());
+}
+
+// Both are installed, so that Qt alone would take the face itself.
+void FrmAlarmTest::prefersASubstituteOfTheFont() {
+  const QString face = QStringLiteral("DejaVu Sans Mono");
+  const QString substitute = QStringLiteral("DejaVu Sans");
+  QVERIFY(QFontInfo(QFont(face)).family() == face && QFontInfo(QFont(substitute)).exactMatch());
+  QFont::insertSubstitution(face, substitute);
+  const auto restore = qScopeGuard([&] { QFont::removeSubstitutions(face); });
+  AlarmWorld world;
+  QVERIFY(world.settings.Write("Settings", "FontName", face.toStdString()).ok());
+  world.Ring({"Dentist"});
+  QCOMPARE(QFontInfo(world.Find<QLabel>("lblAlarmMessage")->font()).family(), substitute);
+  QCOMPARE(world.settings.At("Settings", "FontName"), face.toStdString());
 }
 
 void FrmAlarmTest::keepsTheDesignedSizeForASizeThatIsNone() {

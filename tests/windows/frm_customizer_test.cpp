@@ -111,6 +111,7 @@ class FrmCustomizerTest : public QObject {
   void ownColoursAreChosenByButtons();
   void anUnknownChoiceIsShown();
   void theSoundIsPlayed();
+  void theSoundsThatPlayHereAreOffered();
   void startsWithTheComputer();
   void theWayBackSavesAndStarts();
   void theWayBackSaysWhatItDoes();
@@ -371,6 +372,11 @@ void FrmCustomizerTest::theSoundIsPlayed() {
   QVERIFY(desk.The<QLabel>("lblAlarmPathNote")->isVisible());
 }
 
+void FrmCustomizerTest::theSoundsThatPlayHereAreOffered() {
+  QCOMPARE(SoundFilter({"wav", "mp3", "wma", "mid"}),
+           QStringLiteral("Sounds (*.wav *.mp3 *.wma *.mid);;All files (*)"));
+}
+
 void FrmCustomizerTest::startsWithTheComputer() {
   Desk desk;
   desk.Open();
@@ -500,9 +506,12 @@ void FrmCustomizerTest::aLogoutAsksNothing() {
   Desk desk;
   QSignalSpy ended(&desk.Open(), &frmCustomizer::Ended);
   desk.Click("chkShowLessThan");
-  desk.window->EndWithLoginSession();
+  // What the login session sends once it really ends; asked before that, others may still refuse.
+  QEvent quit(QEvent::Quit);
+  QCoreApplication::sendEvent(qApp, &quit);
   desk.window->close();
   QVERIFY(desk.messages.shown.empty());
+  QVERIFY(desk.window->isHidden());
   QCOMPARE(ended.count(), 1);
   QCOMPARE(desk.Word(), QStringLiteral("false"));
 }
