@@ -92,6 +92,10 @@ class FileSystem {
   // none. Fails when `to` exists, on another disk and where files have one name only.
   virtual Status Link(const std::string& from, const std::string& to) = 0;
 
+  // The file that a path leads to, by its whole path: the same text for every path to it, as far
+  // as the system tells. It need not exist. `path` itself where nothing better is known.
+  [[nodiscard]] virtual std::string FullPath(const std::string& path) = 0;
+
   // True when the user may create files in a folder that exists.
   [[nodiscard]] virtual bool CanCreateIn(const std::string& folder) = 0;
 };

@@ -143,7 +143,7 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& path, const std::string& rescueFolder) {
-  const SaveNotes notes = SaveNotesOf(rescueFolder, path);
+  const SaveNotes notes = SaveNotesOf(rescueFolder, files.FullPath(path));
   for (const std::string& target :
        {path, BackupPath(path, 1), RescuePath(rescueFolder, path), notes.before, notes.after}) {
     FileStamp stamp;
