@@ -63,9 +63,9 @@ class Desk {
     session_.Shown();
   }
 
-  // Gives the first event another title.
+  // Gives the event in the middle another title.
   void Change(const std::string& title) {
-    session_.RowSelected(0);
+    session_.RowSelected(static_cast<int>(session_.List1().size() / 2));
     session_.Edit();
     session_.EventInputTyped(title);
     session_.Save();

@@ -21,6 +21,19 @@ Status ReadFile(FileSystem& files, const std::string& path, std::string& out) {
   }
 }
 
+Status CompareFile(FileSystem& files, const std::string& path, std::string_view content,
+                   Likeness& out) {
+  std::string_view rest = content;
+  bool same = true;
+  Status status = files.Read(path, [&](std::string_view piece) {
+    same = rest.starts_with(piece);
+    if (same) rest.remove_prefix(piece.size());
+    return same;
+  });
+  if (status.ok()) out = same && rest.empty() ? Likeness::kSame : Likeness::kOther;
+  return status;
+}
+
 Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content) {
   std::string present;
   Status status = ReadFile(files, path, present);

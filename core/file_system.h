@@ -104,6 +104,13 @@ class FileSystem {
 // it.
 Status ReadFile(FileSystem& files, const std::string& path, std::string& out);
 
+enum class Likeness { kSame, kOther };
+
+// Whether a regular file holds exactly `content`; needs no memory for the file's bytes and reads no
+// farther than to the first difference. On failure `out` is unchanged.
+Status CompareFile(FileSystem& files, const std::string& path, std::string_view content,
+                   Likeness& out);
+
 // Replaces a file by new content, all or nothing. When the content is what the file already
 // holds, nothing is written; nor when the file exists and cannot be read.
 Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content);

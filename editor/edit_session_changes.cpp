@@ -4,6 +4,7 @@
 
 #include "core/event_line.h"
 #include "core/settings_keys.h"
+#include "core/text_encoding.h"
 #include "dates/text.h"
 #include "editor/edit_session.h"
 #include "editor/event_checks.h"
@@ -70,7 +71,7 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
     if (change.removesSelected) change.removed = FindSelectedRow(rows);
     // Somebody else has deleted the event already.
     if (change.removesSelected && !change.removed && !change.added) {
-      FillAfterWriting(std::move(file.content), today);
+      FillAfterWriting(std::string(file.content), today);
       return true;
     }
     RowsToWrite events{rows, change.removed};
@@ -78,7 +79,10 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
       events.added = &*change.added;
       events.place = PlaceFor(rows, *change.added);
     }
-    std::string content = EventsFileContent(events, format_, file.content);
+    std::optional<std::string> spliced;
+    if (file.unchanged && asWritten_) spliced = SplicedContent(events, format_, file.content);
+    std::string content =
+        spliced ? std::move(*spliced) : EventsFileContent(events, format_, file.content);
     const RescueNeed rescue = file.unchanged ? rescue_ : file.fresh.rescue;
     const int levels = LevelsOfBackup(ports_.settings);
     const std::string& path = setup_.eventsFilePath;
@@ -102,15 +106,25 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
 // Reads the file that a change is to be applied to. False when it cannot be read, as the user has
 // then been told.
 bool EditSession::ReadForChange(FileState& file, CivilDate today) {
-  Status status = ReadEventsFile(file.content);
+  // Mostly the file is as it was, and need not be read into memory once more.
+  Likeness likeness = Likeness::kSame;
+  Status status = SettleEventsFile();
+  if (status.ok()) {
+    status = CompareFile(ports_.files, setup_.eventsFilePath, content_, likeness);
+  }
+  if (status.ok() && likeness == Likeness::kOther) {
+    status = ReadFile(ports_.files, setup_.eventsFilePath, file.read);
+  }
   // A file that has vanished is written again with all that was in it.
   file.exists = status.kind() != StatusKind::kNotFound;
   if (!file.exists) {
-    file.content = content_;
+    likeness = Likeness::kSame;
     status = Status();
   }
+  const bool isSame = likeness == Likeness::kSame;
+  file.content = isSame ? content_ : file.read;
   // The same line may be an event in one year and none in another.
-  file.unchanged = readStatus_.ok() && file.content == content_ && yearRead_ == YearOf(today);
+  file.unchanged = readStatus_.ok() && isSame && yearRead_ == YearOf(today);
   if (status.ok() && !file.unchanged) {
     status = ReadEventList(file.content, format_, today, TodayRowWanted(), {}, file.fresh);
   }
@@ -133,26 +147,34 @@ void EditSession::ShowWritten(const Change& change, bool unchanged, std::string 
 // Shows what reading the file again would show, without reading it: all rows but the changed one
 // are as they were, and their lines follow each other.
 void EditSession::ChangeEventList(const Change& change, std::string content, CivilDate today) {
-  if (change.removed) List1_.erase(List1_.begin() + static_cast<std::ptrdiff_t>(*change.removed));
-  std::erase_if(List1_, [](const EventRow& row) { return row.isToday; });
-  const auto insert = [&](EventRow row) {
-    const auto place = static_cast<std::ptrdiff_t>(PlaceFor(List1_, row));
-    List1_.insert(List1_.begin() + place, std::move(row));
-  };
+  std::optional<EventRow> added;
   if (change.added) {
     const std::string line = EventLineOf(change.added->text, format_);
     const auto event = ParseEventLine(line, format_, YearOf(today));
-    insert(event ? MakeRow(*event, 0, format_) : *change.added);
+    added = event ? MakeRow(*event, 0, format_) : *change.added;
   }
+  ReplaceRow(List1_, change.removed, std::move(added));
+  const auto wanted = TodayRowWanted();
+  std::optional<EventRow> todayRow;
+  if (wanted) todayRow = MakeTodayRow(today, *wanted, format_);
+  const auto shown =
+      std::find_if(List1_.begin(), List1_.end(), [](const EventRow& row) { return row.isToday; });
+  std::optional<std::size_t> old;
+  if (shown != List1_.end()) old = static_cast<std::size_t>(shown - List1_.begin());
+  const bool isShown = old && todayRow && shown->text == todayRow->text;
+  if (!isShown) ReplaceRow(List1_, old, std::move(todayRow));
+  EditorLineMap_.resize(List1_.size());
   long number = 0;
-  for (EventRow& row : List1_) row.line = number++;
-  if (const auto todayRow = TodayRowWanted()) {
-    insert(MakeTodayRow(today, *todayRow, format_));
+  for (std::size_t i = 0; i < List1_.size(); ++i) {
+    EventRow& row = List1_[i];
+    if (!row.isToday) row.line = number++;
+    EditorLineMap_[i] = row.isToday ? kTodayRowLine : row.line;
   }
+  ++listVersion_;
   content_ = std::move(content);
+  asWritten_ = asWritten_ || DetectEncoding(content_) == TextEncoding::kUtf8;
   rescue_ = RescueNeed::kNone;
   wantedLine_ = -1;
-  NumberRows();
 }
 
 void EditSession::FillAfterWriting(std::string content, CivilDate today) {

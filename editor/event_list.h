@@ -28,6 +28,9 @@ struct EventList {
   // Whether every row would be read back as it is from the line that it is written as. Not so for
   // a title that begins with a blank, which is not written.
   bool settled = true;
+  // Whether the file holds nothing but the lines that the rows would be written as, in the order of
+  // the rows, ended in CR LF and not in Windows-1252.
+  bool asWritten = false;
   // Where the wanted line is now: the line itself while its bytes are the same, else the one other
   // line with these bytes, else -1.
   long wantedLine = -1;

@@ -6,6 +6,8 @@
 // ones included. The TODAY row marks today's place among the events; it is no event.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -90,9 +92,16 @@ enum class TodayCase { kCapitals, kSmall };
 // Where a row belongs among sorted rows: before the first one that does not come before it.
 [[nodiscard]] std::size_t PlaceFor(const std::vector<EventRow>& rows, const EventRow& row);
 
+// Takes the row at `removed` out of sorted rows and puts `added` where it belongs. Moves the rows
+// between these two places only.
+void ReplaceRow(std::vector<EventRow>& rows, std::optional<std::size_t> removed,
+                std::optional<EventRow> added);
+
 // Sorts rows by key and text, letter case ignored, by code points, "_" before the digits. Equal
 // rows keep their order.
 void SortEventRows(std::vector<EventRow>& rows);
+
+[[nodiscard]] bool AreEventRowsSorted(const std::vector<EventRow>& rows);
 
 // The line of a row in the events file, without its end. Fields of an event that the parser
 // accepts give a line that it accepts.
