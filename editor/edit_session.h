@@ -213,6 +213,7 @@ class EditSession {
   [[nodiscard]] bool WriteChange(Change change, CivilDate today);
   [[nodiscard]] bool ReadForChange(FileState& file, CivilDate today);
   void ShowWritten(const Change& change, bool unchanged, std::string content, CivilDate today);
+  [[nodiscard]] bool ReplaceTodayRow(CivilDate today);
   void ChangeEventList(const Change& change, std::string content, CivilDate today);
   [[nodiscard]] std::optional<std::size_t> FindSelectedRow(const std::vector<EventRow>& rows) const;
   void SelectRequestedEvent();

@@ -153,19 +153,16 @@ void EditSession::ChangeEventList(const Change& change, std::string content, Civ
     const auto event = ParseEventLine(line, format_, YearOf(today));
     added = event ? MakeRow(*event, 0, format_) : *change.added;
   }
-  ReplaceRow(List1_, change.removed, std::move(added));
-  const auto wanted = TodayRowWanted();
-  std::optional<EventRow> todayRow;
-  if (wanted) todayRow = MakeTodayRow(today, *wanted, format_);
-  const auto shown =
-      std::find_if(List1_.begin(), List1_.end(), [](const EventRow& row) { return row.isToday; });
-  std::optional<std::size_t> old;
-  if (shown != List1_.end()) old = static_cast<std::size_t>(shown - List1_.begin());
-  const bool isShown = old && todayRow && shown->text == todayRow->text;
-  if (!isShown) ReplaceRow(List1_, old, std::move(todayRow));
+  RowRange moved = ReplaceRow(List1_, change.removed, std::move(added));
+  const bool todayMoved = ReplaceTodayRow(today);
+  // Only in such a file do the lines follow each other like the rows.
+  if (todayMoved || !asWritten_) moved = {0, List1_.size()};
   EditorLineMap_.resize(List1_.size());
   long number = 0;
-  for (std::size_t i = 0; i < List1_.size(); ++i) {
+  for (std::size_t i = moved.begin; i > 0 && number == 0; --i) {
+    if (!List1_[i - 1].isToday) number = List1_[i - 1].line + 1;
+  }
+  for (std::size_t i = moved.begin; i < moved.end; ++i) {
     EventRow& row = List1_[i];
     if (!row.isToday) row.line = number++;
     EditorLineMap_[i] = row.isToday ? kTodayRowLine : row.line;
@@ -177,6 +174,24 @@ void EditSession::ChangeEventList(const Change& change, std::string content, Civ
   wantedLine_ = -1;
 }
 
+// Brings the TODAY row up to date. False when it is so already.
+bool EditSession::ReplaceTodayRow(CivilDate today) {
+  std::optional<EventRow> wanted;
+  if (const auto letters = TodayRowWanted()) wanted = MakeTodayRow(today, *letters, format_);
+  if (wanted) {
+    const std::size_t place = PlaceFor(List1_, *wanted);
+    const bool isShown = place < List1_.size() && List1_[place].isToday;
+    if (isShown && List1_[place].text == wanted->text) return false;
+  }
+  const auto shown =
+      std::find_if(List1_.begin(), List1_.end(), [](const EventRow& row) { return row.isToday; });
+  if (shown == List1_.end() && !wanted) return false;
+  std::optional<std::size_t> old;
+  if (shown != List1_.end()) old = static_cast<std::size_t>(shown - List1_.begin());
+  ReplaceRow(List1_, old, std::move(wanted));
+  return true;
+}
+
 void EditSession::FillAfterWriting(std::string content, CivilDate today) {
   readStatus_ = Status();
   FillEventList(std::move(content), today);
@@ -184,7 +199,13 @@ void EditSession::FillAfterWriting(std::string content, CivilDate today) {
 
 void EditSession::FindEventRowByTitle(std::string_view title) {
   const auto found = std::find_if(List1_.begin(), List1_.end(), [&](const EventRow& row) {
-    return WithoutFirstCharacters(row.text, kTitleColumn - 1).starts_with(title);
+    const std::string_view text = row.text;
+    // Most dates are of as many bytes as characters, and all rows are looked at here.
+    const bool isPlain = text.size() >= kTitleColumn && text[kTitleColumn - 2] == ' ' &&
+                         IsAscii(text.substr(0, kTitleColumn - 2));
+    const std::string_view rest =
+        isPlain ? text.substr(kTitleColumn - 1) : WithoutFirstCharacters(text, kTitleColumn - 1);
+    return rest.starts_with(title);
   });
   List1Tag_ = static_cast<int>(found - List1_.begin());
 }

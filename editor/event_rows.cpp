@@ -186,24 +186,25 @@ std::size_t PlaceFor(const std::vector<EventRow>& rows, const EventRow& row) {
                                   rows.begin());
 }
 
-void ReplaceRow(std::vector<EventRow>& rows, std::optional<std::size_t> removed,
-                std::optional<EventRow> added) {
+RowRange ReplaceRow(std::vector<EventRow>& rows, std::optional<std::size_t> removed,
+                    std::optional<EventRow> added) {
   const auto at = [&](std::size_t i) { return rows.begin() + static_cast<std::ptrdiff_t>(i); };
   if (!added) {
     if (removed) rows.erase(at(*removed));
-    return;
+    return {removed.value_or(rows.size()), rows.size()};
   }
   const std::size_t place = PlaceFor(rows, *added);
   if (!removed) {
     rows.insert(at(place), std::move(*added));
-    return;
+    return {place, rows.size()};
   }
   rows[*removed] = std::move(*added);
   if (place > *removed) {
     std::rotate(at(*removed), at(*removed + 1), at(place));
-  } else {
-    std::rotate(at(place), at(*removed), at(*removed + 1));
+    return {*removed, place};
   }
+  std::rotate(at(place), at(*removed), at(*removed + 1));
+  return {place, *removed + 1};
 }
 
 void SortEventRows(std::vector<EventRow>& rows) {

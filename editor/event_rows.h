@@ -92,10 +92,16 @@ enum class TodayCase { kCapitals, kSmall };
 // Where a row belongs among sorted rows: before the first one that does not come before it.
 [[nodiscard]] std::size_t PlaceFor(const std::vector<EventRow>& rows, const EventRow& row);
 
-// Takes the row at `removed` out of sorted rows and puts `added` where it belongs. Moves the rows
-// between these two places only.
-void ReplaceRow(std::vector<EventRow>& rows, std::optional<std::size_t> removed,
-                std::optional<EventRow> added);
+// Rows from `begin` on, up to `end` exclusive.
+struct RowRange {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+// Takes the row at `removed` out of sorted rows and puts `added` where it belongs. The answer holds
+// all rows that are not where they were.
+RowRange ReplaceRow(std::vector<EventRow>& rows, std::optional<std::size_t> removed,
+                    std::optional<EventRow> added);
 
 // Sorts rows by key and text, letter case ignored, by code points, "_" before the digits. Equal
 // rows keep their order.

@@ -1,6 +1,7 @@
 #include "editor/events_writer.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -29,12 +30,12 @@ class LinesOf {
   [[nodiscard]] std::string_view text() const { return text_; }
 
   // Where the line of a row stands, with its end; nothing when it is another one.
-  [[nodiscard]] std::optional<Span> Find(const EventRow& row) const {
-    const std::size_t begin = StartOf(row.line);
+  [[nodiscard]] std::optional<Span> Find(const EventRow& row) {
+    GoTo(row.line);
     std::string line = EventLineOf(row.text, format_);
     line += kLineEnd;
-    if (!text_.substr(begin).starts_with(line)) return std::nullopt;
-    return Span{begin, begin + line.size()};
+    if (!text_.substr(at_).starts_with(line)) return std::nullopt;
+    return Span{at_, at_ + line.size()};
   }
 
   // The place after the last line.
@@ -44,25 +45,28 @@ class LinesOf {
   }
 
  private:
-  // The end of the text for a line that is not there.
-  [[nodiscard]] std::size_t StartOf(long number) const {
-    // Blocks are counted in a loop that the compiler turns into vector code.
-    constexpr std::size_t kBlock = 4096;
-    std::size_t at = 0;
-    for (long left = number; left > 0;) {
-      const std::string_view block = text_.substr(at, kBlock);
-      const auto ends = static_cast<long>(std::count(block.begin(), block.end(), '\n'));
-      if (block.empty()) return at;
-      if (ends < left) {
-        at += block.size();
-        left -= ends;
+  // To the end of the text for a line that is not there.
+  void GoTo(long number) {
+    if (number < number_) number_ = 0;
+    if (number_ == 0) at_ = 0;
+    // No block has more line ends than a byte can count, so that the compiler can count in vectors
+    // of bytes.
+    constexpr std::size_t kBlock = 240;
+    while (number_ < number && at_ < text_.size()) {
+      const std::string_view block = text_.substr(at_, kBlock);
+      std::uint8_t ends = 0;
+      for (const char c : block) ends = static_cast<std::uint8_t>(ends + (c == '\n' ? 1 : 0));
+      if (ends < number - number_) {
+        at_ += block.size();
+        number_ += ends;
         continue;
       }
-      for (; left > 0; --left) at = text_.find('\n', at) + 1;
+      for (; number_ < number; ++number_) at_ = text_.find('\n', at_) + 1;
     }
-    return at;
   }
 
+  long number_ = 0;     // of line ends before
+  std::size_t at_ = 0;  // this place
   std::string_view text_;
   const RegionalDateFormat& format_;
 };
@@ -174,7 +178,7 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
 std::optional<std::string> SplicedContent(const RowsToWrite& events,
                                           const RegionalDateFormat& format, std::string_view old) {
   const std::size_t mark = old.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-  const LinesOf lines(old.substr(mark), format);
+  LinesOf lines(old.substr(mark), format);
   Span cut{};
   if (events.removed) {
     const auto found = lines.Find(events.rows[*events.removed]);

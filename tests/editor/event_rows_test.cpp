@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -220,7 +223,13 @@ TEST(EventRows, ReplacingARowIsTakingOneOutAndPuttingAnotherIn) {
       if (!date.empty()) added = EventRow{date, date + " 1", 7, false};
       if (removed < rows.size()) expected.erase(at(removed));
       if (added) expected.insert(at(PlaceFor(expected, *added)), *added);
-      ReplaceRow(replaced, removed < rows.size() ? std::optional(removed) : std::nullopt, added);
+      const RowRange moved = ReplaceRow(
+          replaced, removed < rows.size() ? std::optional(removed) : std::nullopt, added);
+      EXPECT_LE(moved.end, replaced.size());
+      for (std::size_t i = 0; i < std::min(rows.size(), replaced.size()); ++i) {
+        if (i >= moved.begin && i < moved.end) continue;
+        EXPECT_EQ(replaced[i].text, rows[i].text) << date << " " << removed << " " << i;
+      }
       ASSERT_EQ(replaced.size(), expected.size());
       for (std::size_t i = 0; i < expected.size(); ++i) {
         EXPECT_EQ(replaced[i].text, expected[i].text) << date << " " << removed << " " << i;
