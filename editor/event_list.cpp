@@ -15,8 +15,8 @@ constexpr std::size_t kLineEndSize = 2;
 class ListReader : public EventLineVisitor {
  public:
   ListReader(const RegionalDateFormat& format, int currentYear, const WantedLine& wanted,
-             EventList& out)
-      : format_(format), currentYear_(currentYear), wanted_(wanted), out_(out) {}
+             HiddenMarks marks, EventList& out)
+      : format_(format), currentYear_(currentYear), wanted_(wanted), marks_(marks), out_(out) {}
 
   void Start() override {
     out_ = EventList();
@@ -65,24 +65,30 @@ class ListReader : public EventLineVisitor {
 
   // Whether this is what AppendEventLine makes of the event's row.
   [[nodiscard]] bool IsAsWritten(const EventRecord& event, std::string_view text) {
-    if (!IsSettled(event) || event.EventHidden || event.EventTitle.ends_with(' ')) return false;
+    if (!IsSettled(event) || DropsMark(event) || event.EventTitle.ends_with(' ')) return false;
     if (CountCharacters(event.EventTitle) > kTitleLength) return false;
     rest_ = ",";
     AppendNumber(rest_, event.EventAdvance);
     rest_.append(",").append(event.EventOccurs);
+    if (event.EventHidden) rest_ += '*';
     const std::size_t begin = kDateLength + 1 + event.EventTitle.size();
     return text.size() == begin + rest_.size() && text.ends_with(rest_);
   }
 
-  static bool Drops(const std::optional<EventRecord>& event, std::string_view text) {
+  [[nodiscard]] bool DropsMark(const EventRecord& event) const {
+    return event.EventHidden && marks_ == HiddenMarks::kDropped;
+  }
+
+  [[nodiscard]] bool Drops(const std::optional<EventRecord>& event, std::string_view text) const {
     if (!event) return text.find_first_not_of(" \t") != std::string_view::npos;
-    return event->EventHidden ||
+    return DropsMark(*event) ||
            !Trim(WithoutFirstCharacters(event->EventTitle, kTitleLength)).empty();
   }
 
   const RegionalDateFormat& format_;
   int currentYear_;
   const WantedLine& wanted_;
+  HiddenMarks marks_;
   EventList& out_;
   int same_ = 0;  // other lines with the wanted bytes
   bool found_ = false;
@@ -94,8 +100,9 @@ class ListReader : public EventLineVisitor {
 }  // namespace
 
 Status ReadEventList(std::string_view content, const RegionalDateFormat& format, CivilDate today,
-                     std::optional<TodayCase> todayRow, const WantedLine& wanted, EventList& out) {
-  ListReader reader(format, YearOf(today), wanted, out);
+                     std::optional<TodayCase> todayRow, const WantedLine& wanted, EventList& out,
+                     HiddenMarks marks) {
+  ListReader reader(format, YearOf(today), wanted, marks, out);
   Status status = VisitEventLines(content, reader);
   reader.Finish(content);
   out.asWritten = out.asWritten && AreEventRowsSorted(out.rows);

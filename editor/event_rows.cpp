@@ -169,6 +169,7 @@ EventRow MakeRow(const EventRecord& event, long line, const RegionalDateFormat& 
   row.text = RowText(SwapForRow(event.EventDateAsStored, format), event.EventTitle,
                      AdvanceText(event.EventAdvance, event.occurs.IsCounter()), event.EventOccurs);
   row.line = line;
+  row.isHidden = event.EventHidden;
   return row;
 }
 

@@ -29,12 +29,18 @@ inline constexpr int kTitleColumn = 7;
 inline constexpr int kAdvanceColumn = 46;
 inline constexpr int kOccursColumn = 55;
 
+// What becomes of the "*" of hidden events when the editor writes the file: none is written, so
+// that a save shows them again, or those stay whose events are not edited.
+enum class HiddenMarks { kDropped, kKept };
+inline constexpr HiddenMarks kHiddenMarks = HiddenMarks::kDropped;
+
 // One row of the list.
 struct EventRow {
   std::string key;   // the date as stored, month first: the rows' first order
   std::string text;  // as listed
   long line = kTodayRowLine;
   bool isToday = false;
+  bool isHidden = false;  // the event's line ended with "*"
 };
 
 // The cells of a row as they are drawn, padding included. Views into the row.

@@ -16,6 +16,13 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
+void AppendLine(std::string& out, const EventRow& row, const RegionalDateFormat& format,
+                HiddenMarks marks) {
+  AppendEventLine(out, row.text, format);
+  if (row.isHidden && marks == HiddenMarks::kKept) out += '*';
+  out += kLineEnd;
+}
+
 // Bytes of a text, without the one at `end`.
 struct Span {
   std::size_t begin = 0;
@@ -25,15 +32,16 @@ struct Span {
 // The lines of a file that the editor has written.
 class LinesOf {
  public:
-  LinesOf(std::string_view text, const RegionalDateFormat& format) : text_(text), format_(format) {}
+  LinesOf(std::string_view text, const RegionalDateFormat& format, HiddenMarks marks)
+      : text_(text), format_(format), marks_(marks) {}
 
   [[nodiscard]] std::string_view text() const { return text_; }
 
   // Where the line of a row stands, with its end; nothing when it is another one.
   [[nodiscard]] std::optional<Span> Find(const EventRow& row) {
     GoTo(row.line);
-    std::string line = EventLineOf(row.text, format_);
-    line += kLineEnd;
+    std::string line;
+    AppendLine(line, row, format_, marks_);
     if (!text_.substr(at_).starts_with(line)) return std::nullopt;
     return Span{at_, at_ + line.size()};
   }
@@ -69,6 +77,7 @@ class LinesOf {
   std::size_t at_ = 0;  // this place
   std::string_view text_;
   const RegionalDateFormat& format_;
+  HiddenMarks marks_;
 };
 
 std::string_view FolderOf(std::string_view path) {
@@ -155,10 +164,7 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
                               std::string_view old) {
   std::string text;
   text.reserve(old.size() + old.size() / 4);
-  const auto append = [&](const EventRow& row) {
-    AppendEventLine(text, row.text, format);
-    text += kLineEnd;
-  };
+  const auto append = [&](const EventRow& row) { AppendLine(text, row, format, events.marks); };
   for (std::size_t i = 0; i < events.rows.size(); ++i) {
     if (events.added != nullptr && i == events.place) append(*events.added);
     if (!events.rows[i].isToday && i != events.removed) append(events.rows[i]);
@@ -178,7 +184,7 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
 std::optional<std::string> SplicedContent(const RowsToWrite& events,
                                           const RegionalDateFormat& format, std::string_view old) {
   const std::size_t mark = old.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-  LinesOf lines(old.substr(mark), format);
+  LinesOf lines(old.substr(mark), format, events.marks);
   Span cut{};
   if (events.removed) {
     const auto found = lines.Find(events.rows[*events.removed]);
@@ -194,8 +200,7 @@ std::optional<std::string> SplicedContent(const RowsToWrite& events,
     const auto found = next == events.rows.end() ? lines.End() : lines.Find(*next);
     if (!found) return std::nullopt;
     at = found->begin;
-    AppendEventLine(line, events.added->text, format);
-    line += kLineEnd;
+    AppendLine(line, *events.added, format, events.marks);
   }
   const std::string_view body = lines.text();
   if (body.size() - (cut.end - cut.begin) + line.size() == 0) return std::string();

@@ -37,6 +37,7 @@ struct RowsToWrite {
   std::optional<std::size_t> removed;
   const EventRow* added = nullptr;
   std::size_t place = 0;
+  HiddenMarks marks = kHiddenMarks;
 };
 
 // The bytes of a file that holds these events, as the successor of a file with

@@ -174,6 +174,31 @@ TEST(SplicedContent, FilesThatTheEditorWritesAreKnown) {
   EXPECT_FALSE(Read("01.02,A,1,yearly\r\n02.02,B,1,yearly", MonthFirst()).asWritten);
 }
 
+// The marks of hidden events go with every save; the engine could keep them.
+TEST(HiddenMarks, AreDroppedOrKept) {
+  const std::string content = "01.01,A,1,yearly*\r\n02.02,B,1,yearly\r\n03.03,C,0,dp-1999*\r\n";
+  const std::string without = "01.01,A,1,yearly\r\n02.02,B,1,yearly\r\n03.03,C,0,dp-1999\r\n";
+  const RegionalDateFormat format = MonthFirst();
+  EXPECT_EQ(kHiddenMarks, HiddenMarks::kDropped);
+  for (const HiddenMarks marks : {HiddenMarks::kDropped, HiddenMarks::kKept}) {
+    const bool keeps = marks == HiddenMarks::kKept;
+    EventList list;
+    ASSERT_TRUE(ReadEventList(content, format, kToday, {}, {}, list, marks).ok());
+    EXPECT_EQ(list.rescue, keeps ? RescueNeed::kNone : RescueNeed::kDropsSomething);
+    EXPECT_EQ(list.asWritten, keeps);
+    RowsToWrite rows{list.rows, {}};
+    rows.marks = marks;
+    EXPECT_EQ(EventsFileContent(rows, format, content), keeps ? content : without);
+    rows.removed = 1;
+    const auto spliced = SplicedContent(rows, format, content);
+    if (keeps) {
+      EXPECT_EQ(spliced, "01.01,A,1,yearly*\r\n03.03,C,0,dp-1999*\r\n");
+    }
+    rows.removed = 0;
+    EXPECT_EQ(SplicedContent(rows, format, content).has_value(), keeps);
+  }
+}
+
 // One deed after the other in one editor, each compared with the whole file made anew and with an
 // editor that has just been opened.
 TEST(SplicedContent, AnEditorThatStaysOpenShowsWhatAFreshOneShows) {
