@@ -21,6 +21,19 @@ Status ReadFile(FileSystem& files, const std::string& path, std::string& out) {
   }
 }
 
+Status CompareFile(FileSystem& files, const std::string& path, std::string_view content,
+                   Likeness& out) {
+  std::string_view rest = content;
+  bool same = true;
+  Status status = files.Read(path, [&](std::string_view piece) {
+    same = rest.starts_with(piece);
+    if (same) rest.remove_prefix(piece.size());
+    return same;
+  });
+  if (status.ok()) out = same && rest.empty() ? Likeness::kSame : Likeness::kOther;
+  return status;
+}
+
 Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view content) {
   std::string present;
   Status status = ReadFile(files, path, present);
@@ -33,11 +46,11 @@ Status ReplaceFile(FileSystem& files, const std::string& path, std::string_view 
 
 Status CheckUntouched(FileSystem& files, const std::string& path,
                       std::optional<std::string_view> content) {
-  std::string present;
-  Status status = ReadFile(files, path, present);
+  Likeness likeness = Likeness::kOther;
+  Status status = CompareFile(files, path, content.value_or(std::string_view()), likeness);
   const bool exists = status.kind() != StatusKind::kNotFound;
   if (exists && !status.ok()) return status;
-  const bool same = exists == content.has_value() && (!exists || present == *content);
+  const bool same = exists == content.has_value() && (!exists || likeness == Likeness::kSame);
   return same ? Status() : Status(StatusKind::kBusy);
 }
 

@@ -93,6 +93,10 @@ class FileSystem {
   // none. Fails when `to` exists, on another disk and where files have one name only.
   virtual Status Link(const std::string& from, const std::string& to) = 0;
 
+  // The file that a path leads to, by its whole path: the same text for every path to it, as far
+  // as the system tells. It need not exist. `path` itself where nothing better is known.
+  [[nodiscard]] virtual std::string FullPath(const std::string& path) = 0;
+
   // True when the user may create files in a folder that exists.
   [[nodiscard]] virtual bool CanCreateIn(const std::string& folder) = 0;
 };
@@ -100,6 +104,13 @@ class FileSystem {
 // Reads a regular file whole. On failure `out` is unchanged; kTooLarge when memory does not take
 // it.
 Status ReadFile(FileSystem& files, const std::string& path, std::string& out);
+
+enum class Likeness { kSame, kOther };
+
+// Whether a regular file holds exactly `content`; needs no memory for the file's bytes and reads no
+// farther than to the first difference. On failure `out` is unchanged.
+Status CompareFile(FileSystem& files, const std::string& path, std::string_view content,
+                   Likeness& out);
 
 // Replaces a file by new content, all or nothing. When the content is what the file already
 // holds, nothing is written; nor when the file exists and cannot be read.

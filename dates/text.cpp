@@ -117,8 +117,17 @@ bool IsAscii(std::string_view text) {
     for (std::size_t i = 0; i < kBlock; ++i) seen |= static_cast<unsigned char>(text[i]);
     text.remove_prefix(kBlock);
   }
+  // Lines are shorter than a block.
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::uint64_t words = 0;
+  while (text.size() >= sizeof(words)) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data(), sizeof(word));
+    words |= word;
+    text.remove_prefix(sizeof(word));
+  }
   for (const char c : text) seen |= static_cast<unsigned char>(c);
-  return seen < 0x80;
+  return seen < 0x80 && (words & kHighBits) == 0;
 }
 
 bool IsValidUtf8(std::string_view text) {

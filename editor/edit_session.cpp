@@ -129,14 +129,18 @@ void EditSession::Reload() {
 
 // --- The list.
 
-// Reads the file, once what an interrupted save has left is settled.
-Status EditSession::ReadEventsFile(std::string& content) {
+// What an interrupted save has left is settled before the file is read.
+Status EditSession::SettleEventsFile() {
   unreadPath_ = setup_.eventsFilePath;
   WriteResult settled = SettleInterruptedSave(ports_.files, ports_.messages, setup_.eventsFilePath,
                                               setup_.rescueFolder);
-  if (settled.status.ok()) return ReadFile(ports_.files, setup_.eventsFilePath, content);
-  unreadPath_ = std::move(settled.path);
+  if (!settled.status.ok()) unreadPath_ = std::move(settled.path);
   return std::move(settled.status);
+}
+
+Status EditSession::ReadEventsFile(std::string& content) {
+  Status settled = SettleEventsFile();
+  return settled.ok() ? ReadFile(ports_.files, setup_.eventsFilePath, content) : settled;
 }
 
 void EditSession::LoadEventLines(CivilDate today) {
@@ -168,6 +172,7 @@ void EditSession::FillEventList(std::string content, CivilDate today) {
   rescue_ = list.rescue;
   wantedLine_ = list.wantedLine;
   settled_ = list.settled;
+  asWritten_ = list.asWritten;
   List1_ = std::move(list.rows);
   NumberRows();
 }

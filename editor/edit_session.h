@@ -193,7 +193,8 @@ class EditSession {
 
   // The file that a change is applied to.
   struct FileState {
-    std::string content;
+    std::string_view content;  // content_ or `read`
+    std::string read;
     bool exists = true;
     bool unchanged = true;  // since List1_ was made of it
     EventList fresh;        // its rows, when they are not those of List1_
@@ -202,6 +203,7 @@ class EditSession {
   void OpenRequested();
   void SetEntryMode(bool on);
   void EnableEventList(bool enable);
+  [[nodiscard]] Status SettleEventsFile();
   [[nodiscard]] Status ReadEventsFile(std::string& content);
   void LoadEventLines(CivilDate today);
   void FillEventList(std::string content, CivilDate today);
@@ -211,6 +213,7 @@ class EditSession {
   [[nodiscard]] bool WriteChange(Change change, CivilDate today);
   [[nodiscard]] bool ReadForChange(FileState& file, CivilDate today);
   void ShowWritten(const Change& change, bool unchanged, std::string content, CivilDate today);
+  [[nodiscard]] bool ReplaceTodayRow(CivilDate today);
   void ChangeEventList(const Change& change, std::string content, CivilDate today);
   [[nodiscard]] std::optional<std::size_t> FindSelectedRow(const std::vector<EventRow>& rows) const;
   void SelectRequestedEvent();
@@ -245,6 +248,7 @@ class EditSession {
   int yearRead_ = 0;                       // in which content_ became List1_
   RescueNeed rescue_ = RescueNeed::kNone;  // of content_
   bool settled_ = true;                    // whether its rows are read back as they are
+  bool asWritten_ = false;                 // see EventList
   long wantedLine_ = -1;                   // where the requested line was found in content_
   Status readStatus_;
   std::string unreadPath_;  // the file that could not be read

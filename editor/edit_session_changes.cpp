@@ -4,6 +4,7 @@
 
 #include "core/event_line.h"
 #include "core/settings_keys.h"
+#include "core/text_encoding.h"
 #include "dates/text.h"
 #include "editor/edit_session.h"
 #include "editor/event_checks.h"
@@ -70,7 +71,7 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
     if (change.removesSelected) change.removed = FindSelectedRow(rows);
     // Somebody else has deleted the event already.
     if (change.removesSelected && !change.removed && !change.added) {
-      FillAfterWriting(std::move(file.content), today);
+      FillAfterWriting(std::string(file.content), today);
       return true;
     }
     RowsToWrite events{rows, change.removed};
@@ -78,7 +79,10 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
       events.added = &*change.added;
       events.place = PlaceFor(rows, *change.added);
     }
-    std::string content = EventsFileContent(events, format_, file.content);
+    std::optional<std::string> spliced;
+    if (file.unchanged && asWritten_) spliced = SplicedContent(events, format_, file.content);
+    std::string content =
+        spliced ? std::move(*spliced) : EventsFileContent(events, format_, file.content);
     const RescueNeed rescue = file.unchanged ? rescue_ : file.fresh.rescue;
     const int levels = LevelsOfBackup(ports_.settings);
     const std::string& path = setup_.eventsFilePath;
@@ -103,15 +107,25 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
 // Reads the file that a change is to be applied to. False when it cannot be read, as the user has
 // then been told.
 bool EditSession::ReadForChange(FileState& file, CivilDate today) {
-  Status status = ReadEventsFile(file.content);
+  // Mostly the file is as it was, and need not be read into memory once more.
+  Likeness likeness = Likeness::kSame;
+  Status status = SettleEventsFile();
+  if (status.ok()) {
+    status = CompareFile(ports_.files, setup_.eventsFilePath, content_, likeness);
+  }
+  if (status.ok() && likeness == Likeness::kOther) {
+    status = ReadFile(ports_.files, setup_.eventsFilePath, file.read);
+  }
   // A file that has vanished is written again with all that was in it.
   file.exists = status.kind() != StatusKind::kNotFound;
   if (!file.exists) {
-    file.content = content_;
+    likeness = Likeness::kSame;
     status = Status();
   }
+  const bool isSame = likeness == Likeness::kSame;
+  file.content = isSame ? content_ : file.read;
   // The same line may be an event in one year and none in another.
-  file.unchanged = readStatus_.ok() && file.content == content_ && yearRead_ == YearOf(today);
+  file.unchanged = readStatus_.ok() && isSame && yearRead_ == YearOf(today);
   if (status.ok() && !file.unchanged) {
     status = ReadEventList(file.content, format_, today, TodayRowWanted(), {}, file.fresh);
   }
@@ -134,26 +148,49 @@ void EditSession::ShowWritten(const Change& change, bool unchanged, std::string 
 // Shows what reading the file again would show, without reading it: all rows but the changed one
 // are as they were, and their lines follow each other.
 void EditSession::ChangeEventList(const Change& change, std::string content, CivilDate today) {
-  if (change.removed) List1_.erase(List1_.begin() + static_cast<std::ptrdiff_t>(*change.removed));
-  std::erase_if(List1_, [](const EventRow& row) { return row.isToday; });
-  const auto insert = [&](EventRow row) {
-    const auto place = static_cast<std::ptrdiff_t>(PlaceFor(List1_, row));
-    List1_.insert(List1_.begin() + place, std::move(row));
-  };
+  std::optional<EventRow> added;
   if (change.added) {
     const std::string line = EventLineOf(change.added->text, format_);
     const auto event = ParseEventLine(line, format_, YearOf(today));
-    insert(event ? MakeRow(*event, 0, format_) : *change.added);
+    added = event ? MakeRow(*event, 0, format_) : *change.added;
   }
+  RowRange moved = ReplaceRow(List1_, change.removed, std::move(added));
+  const bool todayMoved = ReplaceTodayRow(today);
+  // Only in such a file do the lines follow each other like the rows.
+  if (todayMoved || !asWritten_) moved = {0, List1_.size()};
+  EditorLineMap_.resize(List1_.size());
   long number = 0;
-  for (EventRow& row : List1_) row.line = number++;
-  if (const auto todayRow = TodayRowWanted()) {
-    insert(MakeTodayRow(today, *todayRow, format_));
+  for (std::size_t i = moved.begin; i > 0 && number == 0; --i) {
+    if (!List1_[i - 1].isToday) number = List1_[i - 1].line + 1;
   }
+  for (std::size_t i = moved.begin; i < moved.end; ++i) {
+    EventRow& row = List1_[i];
+    if (!row.isToday) row.line = number++;
+    EditorLineMap_[i] = row.isToday ? kTodayRowLine : row.line;
+  }
+  ++listVersion_;
   content_ = std::move(content);
+  asWritten_ = asWritten_ || DetectEncoding(content_) == TextEncoding::kUtf8;
   rescue_ = RescueNeed::kNone;
   wantedLine_ = -1;
-  NumberRows();
+}
+
+// Brings the TODAY row up to date. False when it is so already.
+bool EditSession::ReplaceTodayRow(CivilDate today) {
+  std::optional<EventRow> wanted;
+  if (const auto letters = TodayRowWanted()) wanted = MakeTodayRow(today, *letters, format_);
+  if (wanted) {
+    const std::size_t place = PlaceFor(List1_, *wanted);
+    const bool isShown = place < List1_.size() && List1_[place].isToday;
+    if (isShown && List1_[place].text == wanted->text) return false;
+  }
+  const auto shown =
+      std::find_if(List1_.begin(), List1_.end(), [](const EventRow& row) { return row.isToday; });
+  if (shown == List1_.end() && !wanted) return false;
+  std::optional<std::size_t> old;
+  if (shown != List1_.end()) old = static_cast<std::size_t>(shown - List1_.begin());
+  ReplaceRow(List1_, old, std::move(wanted));
+  return true;
 }
 
 void EditSession::FillAfterWriting(std::string content, CivilDate today) {
@@ -163,7 +200,13 @@ void EditSession::FillAfterWriting(std::string content, CivilDate today) {
 
 void EditSession::FindEventRowByTitle(std::string_view title) {
   const auto found = std::find_if(List1_.begin(), List1_.end(), [&](const EventRow& row) {
-    return WithoutFirstCharacters(row.text, kTitleColumn - 1).starts_with(title);
+    const std::string_view text = row.text;
+    // Most dates are of as many bytes as characters, and all rows are looked at here.
+    const bool isPlain = text.size() >= kTitleColumn && text[kTitleColumn - 2] == ' ' &&
+                         IsAscii(text.substr(0, kTitleColumn - 2));
+    const std::string_view rest =
+        isPlain ? text.substr(kTitleColumn - 1) : WithoutFirstCharacters(text, kTitleColumn - 1);
+    return rest.starts_with(title);
   });
   List1Tag_ = static_cast<int>(found - List1_.begin());
 }

@@ -169,6 +169,7 @@ EventRow MakeRow(const EventRecord& event, long line, const RegionalDateFormat& 
   row.text = RowText(SwapForRow(event.EventDateAsStored, format), event.EventTitle,
                      AdvanceText(event.EventAdvance, event.occurs.IsCounter()), event.EventOccurs);
   row.line = line;
+  row.isHidden = event.EventHidden;
   return row;
 }
 
@@ -186,11 +187,34 @@ std::size_t PlaceFor(const std::vector<EventRow>& rows, const EventRow& row) {
                                   rows.begin());
 }
 
+RowRange ReplaceRow(std::vector<EventRow>& rows, std::optional<std::size_t> removed,
+                    std::optional<EventRow> added) {
+  const auto at = [&](std::size_t i) { return rows.begin() + static_cast<std::ptrdiff_t>(i); };
+  if (!added) {
+    if (removed) rows.erase(at(*removed));
+    return {removed.value_or(rows.size()), rows.size()};
+  }
+  const std::size_t place = PlaceFor(rows, *added);
+  if (!removed) {
+    rows.insert(at(place), std::move(*added));
+    return {place, rows.size()};
+  }
+  rows[*removed] = std::move(*added);
+  if (place > *removed) {
+    std::rotate(at(*removed), at(*removed + 1), at(place));
+    return {*removed, place};
+  }
+  std::rotate(at(place), at(*removed), at(*removed + 1));
+  return {place, *removed + 1};
+}
+
 void SortEventRows(std::vector<EventRow>& rows) {
   // The editor writes the file in this order, so mostly nothing is to be done.
-  if (!std::is_sorted(rows.begin(), rows.end(), ComesBefore)) {
-    std::stable_sort(rows.begin(), rows.end(), ComesBefore);
-  }
+  if (!AreEventRowsSorted(rows)) std::stable_sort(rows.begin(), rows.end(), ComesBefore);
+}
+
+bool AreEventRowsSorted(const std::vector<EventRow>& rows) {
+  return std::is_sorted(rows.begin(), rows.end(), ComesBefore);
 }
 
 void AppendEventLine(std::string& out, std::string_view row, const RegionalDateFormat& format) {

@@ -6,6 +6,8 @@
 // ones included. The TODAY row marks today's place among the events; it is no event.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,12 +29,18 @@ inline constexpr int kTitleColumn = 7;
 inline constexpr int kAdvanceColumn = 46;
 inline constexpr int kOccursColumn = 55;
 
+// What becomes of the "*" of hidden events when the editor writes the file: none is written, so
+// that a save shows them again, or those stay whose events are not edited.
+enum class HiddenMarks { kDropped, kKept };
+inline constexpr HiddenMarks kHiddenMarks = HiddenMarks::kDropped;
+
 // One row of the list.
 struct EventRow {
   std::string key;   // the date as stored, month first: the rows' first order
   std::string text;  // as listed
   long line = kTodayRowLine;
   bool isToday = false;
+  bool isHidden = false;  // the event's line ended with "*"
 };
 
 // The cells of a row as they are drawn, padding included. Views into the row.
@@ -90,9 +98,22 @@ enum class TodayCase { kCapitals, kSmall };
 // Where a row belongs among sorted rows: before the first one that does not come before it.
 [[nodiscard]] std::size_t PlaceFor(const std::vector<EventRow>& rows, const EventRow& row);
 
+// Rows from `begin` on, up to `end` exclusive.
+struct RowRange {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+// Takes the row at `removed` out of sorted rows and puts `added` where it belongs. The answer holds
+// all rows that are not where they were.
+RowRange ReplaceRow(std::vector<EventRow>& rows, std::optional<std::size_t> removed,
+                    std::optional<EventRow> added);
+
 // Sorts rows by key and text, letter case ignored, by code points, "_" before the digits. Equal
 // rows keep their order.
 void SortEventRows(std::vector<EventRow>& rows);
+
+[[nodiscard]] bool AreEventRowsSorted(const std::vector<EventRow>& rows);
 
 // The line of a row in the events file, without its end. Fields of an event that the parser
 // accepts give a line that it accepts.

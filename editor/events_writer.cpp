@@ -1,6 +1,7 @@
 #include "editor/events_writer.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -15,6 +16,70 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
+void AppendLine(std::string& out, const EventRow& row, const RegionalDateFormat& format,
+                HiddenMarks marks) {
+  AppendEventLine(out, row.text, format);
+  if (row.isHidden && marks == HiddenMarks::kKept) out += '*';
+  out += kLineEnd;
+}
+
+// Bytes of a text, without the one at `end`.
+struct Span {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+// The lines of a file that the editor has written.
+class LinesOf {
+ public:
+  LinesOf(std::string_view text, const RegionalDateFormat& format, HiddenMarks marks)
+      : text_(text), format_(format), marks_(marks) {}
+
+  [[nodiscard]] std::string_view text() const { return text_; }
+
+  // Where the line of a row stands, with its end; nothing when it is another one.
+  [[nodiscard]] std::optional<Span> Find(const EventRow& row) {
+    GoTo(row.line);
+    std::string line;
+    AppendLine(line, row, format_, marks_);
+    if (!text_.substr(at_).starts_with(line)) return std::nullopt;
+    return Span{at_, at_ + line.size()};
+  }
+
+  // The place after the last line.
+  [[nodiscard]] std::optional<Span> End() const {
+    if (!text_.empty() && !text_.ends_with(kLineEnd)) return std::nullopt;
+    return Span{text_.size(), text_.size()};
+  }
+
+ private:
+  // To the end of the text for a line that is not there.
+  void GoTo(long number) {
+    if (number < number_) number_ = 0;
+    if (number_ == 0) at_ = 0;
+    // No block has more line ends than a byte can count, so that the compiler can count in vectors
+    // of bytes.
+    constexpr std::size_t kBlock = 240;
+    while (number_ < number && at_ < text_.size()) {
+      const std::string_view block = text_.substr(at_, kBlock);
+      std::uint8_t ends = 0;
+      for (const char c : block) ends = static_cast<std::uint8_t>(ends + (c == '\n' ? 1 : 0));
+      if (ends < number - number_) {
+        at_ += block.size();
+        number_ += ends;
+        continue;
+      }
+      for (; number_ < number; ++number_) at_ = text_.find('\n', at_) + 1;
+    }
+  }
+
+  long number_ = 0;     // of line ends before
+  std::size_t at_ = 0;  // this place
+  std::string_view text_;
+  const RegionalDateFormat& format_;
+  HiddenMarks marks_;
+};
+
 std::string_view FolderOf(std::string_view path) {
   const std::size_t separator = path.find_last_of("/\\");
   return separator == std::string_view::npos ? "." : path.substr(0, separator);
@@ -26,42 +91,57 @@ Status Replace(FileSystem& files, const std::string& path, std::string_view cont
   return status.ok() ? staged->Commit() : status;
 }
 
+Status MakeRescueCopy(FileSystem& files, const std::string& rescuePath,
+                      std::string_view oldContent) {
+  // Creates the folder, too.
+  Status status = files.CreateEmpty(rescuePath);
+  return status.ok() ? ReplaceFile(files, rescuePath, oldContent) : status;
+}
+
+// True when the rescue copy holds what a file holds, or there is no file.
+bool IsRescued(FileSystem& files, const std::string& path, const std::string& rescuePath) {
+  std::string content;
+  const Status status = ReadFile(files, path, content);
+  if (status.kind() == StatusKind::kNotFound) return true;
+  return status.ok() && MakeRescueCopy(files, rescuePath, content).ok();
+}
+
+bool Holds(FileSystem& files, const std::string& path, std::string_view content) {
+  Likeness likeness = Likeness::kOther;
+  return CompareFile(files, path, content, likeness).ok() && likeness == Likeness::kSame;
+}
+
 // True when backup 1 is a second name of the events file, or a copy of it where files have one name
-// only: a save that was interrupted has rotated the backups already, and doing it again would push
-// an older one out.
-bool IsRotated(FileSystem& files, const std::string& path, std::string_view oldContent) {
+// only, or is missing like that: a save that was interrupted has rotated the backups already, and
+// doing it again would push an older one out.
+bool IsRotated(FileSystem& files, const std::string& path, const EventsChange& change) {
   const std::string newest = BackupPath(path, 1);
   FileStamp file;
   FileStamp backup;
-  if (!files.GetStamp(newest, backup).ok() || backup.size != oldContent.size()) return false;
+  if (!files.GetStamp(newest, backup).ok()) return !change.exists;
+  if (!change.exists || backup.size != change.oldContent.size()) return false;
   if (files.GetStamp(path, file).ok() && file == backup) return true;
-  std::string held;
-  return ReadFile(files, newest, held).ok() && held == oldContent;
+  return Holds(files, newest, change.oldContent);
 }
 
 // Steps that fail are passed over, as the later ones do not depend on them.
-void RotateBackups(FileSystem& files, const std::string& path, int levels, const StagedFile& staged,
-                   std::string_view oldContent) {
-  if (IsRotated(files, path, oldContent)) return;
+void RotateBackups(FileSystem& files, const std::string& path, const std::string& rescueFolder,
+                   int levels, const StagedFile& staged, const EventsChange& change) {
+  if (IsRotated(files, path, change)) return;
   const auto skipFailure = [](const Status& status) { static_cast<void>(status.ok()); };
   for (int k = levels; k >= 2; --k) {
     skipFailure(files.Remove(BackupPath(path, k)));
     skipFailure(files.Rename(BackupPath(path, k - 1), BackupPath(path, k)));
   }
   const std::string newest = BackupPath(path, 1);
+  // The only backup makes room for a file that is not there, and must not be lost for that.
+  if (!change.exists && !IsRescued(files, newest, RescuePath(rescueFolder, path))) return;
   // In a folder that lets no name go, backup 1 is still an older one and stays.
-  if (!files.Remove(newest).ok()) return;
+  if (!files.Remove(newest).ok() || !change.exists) return;
   // A second name costs nothing and keeps the first. Where there is none, or where it would change
   // with the file, the backup is a copy.
   const bool linked = staged.ReplacesAtOnce() && files.Link(path, newest).ok();
-  if (!linked) skipFailure(Replace(files, newest, oldContent));
-}
-
-Status MakeRescueCopy(FileSystem& files, const std::string& rescuePath,
-                      std::string_view oldContent) {
-  // Creates the folder, too.
-  Status status = files.CreateEmpty(rescuePath);
-  return status.ok() ? ReplaceFile(files, rescuePath, oldContent) : status;
+  if (!linked) skipFailure(Replace(files, newest, change.oldContent));
 }
 
 }  // namespace
@@ -84,10 +164,7 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
                               std::string_view old) {
   std::string text;
   text.reserve(old.size() + old.size() / 4);
-  const auto append = [&](const EventRow& row) {
-    AppendEventLine(text, row.text, format);
-    text += kLineEnd;
-  };
+  const auto append = [&](const EventRow& row) { AppendLine(text, row, format, events.marks); };
   for (std::size_t i = 0; i < events.rows.size(); ++i) {
     if (events.added != nullptr && i == events.place) append(*events.added);
     if (!events.rows[i].isToday && i != events.removed) append(events.rows[i]);
@@ -104,6 +181,49 @@ std::string EventsFileContent(const RowsToWrite& events, const RegionalDateForma
   return encoded && !ambiguous ? *encoded : text;
 }
 
+std::optional<std::string> SplicedContent(const RowsToWrite& events,
+                                          const RegionalDateFormat& format, std::string_view old) {
+  const std::size_t mark = old.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+  LinesOf lines(old.substr(mark), format, events.marks);
+  Span cut{};
+  if (events.removed) {
+    const auto found = lines.Find(events.rows[*events.removed]);
+    if (!found) return std::nullopt;
+    cut = *found;
+  }
+  std::string line;
+  std::size_t at = cut.begin;
+  if (events.added != nullptr) {
+    const auto follows = [](const EventRow& row) { return !row.isToday; };
+    const auto first = events.rows.begin() + static_cast<std::ptrdiff_t>(events.place);
+    const auto next = std::find_if(first, events.rows.end(), follows);
+    const auto found = next == events.rows.end() ? lines.End() : lines.Find(*next);
+    if (!found) return std::nullopt;
+    at = found->begin;
+    AppendLine(line, *events.added, format, events.marks);
+  }
+  const std::string_view body = lines.text();
+  if (body.size() - (cut.end - cut.begin) + line.size() == 0) return std::string();
+  std::string content;
+  content.reserve(old.size() + line.size());
+  content += old.substr(0, mark);
+  const auto copy = [&](std::size_t begin, std::size_t end) {
+    content += body.substr(begin, end - begin);
+  };
+  if (at <= cut.begin) {
+    copy(0, at);
+    content += line;
+    copy(at, cut.begin);
+    copy(cut.end, body.size());
+  } else {
+    copy(0, cut.begin);
+    copy(cut.end, at);
+    content += line;
+    copy(at, body.size());
+  }
+  return content;
+}
+
 WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
@@ -118,8 +238,8 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
   const auto beforeCommit = [&](const StagedFile& staged) {
     // Staging and noting wait for the disk, time enough for somebody else to change the file.
     Status status = CheckUntouched(files, path, before);
-    if (status.ok() && change.exists && levels > 0) {
-      RotateBackups(files, path, levels, staged, change.oldContent);
+    if (status.ok() && levels > 0) {
+      RotateBackups(files, path, rescueFolder, levels, staged, change);
     }
     return status;
   };
@@ -128,13 +248,12 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
   if (result.status.ok()) return result;
   // The new bytes may have got there all the same, and the old ones not back: a second try would
   // then make the change twice.
-  std::string present;
-  if (ReadFile(files, path, present).ok() && present == change.newContent) return {};
+  if (Holds(files, path, change.newContent)) return {};
   return result;
 }
 
 void RemoveLeftovers(FileSystem& files, const std::string& path, const std::string& rescueFolder) {
-  const SaveNotes notes = SaveNotesOf(rescueFolder, path);
+  const SaveNotes notes = SaveNotesOf(rescueFolder, files.FullPath(path));
   for (const std::string& target :
        {path, BackupPath(path, 1), RescuePath(rescueFolder, path), notes.before, notes.after}) {
     FileStamp stamp;

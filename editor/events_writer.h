@@ -26,8 +26,8 @@ inline constexpr int kMostBackups = 8;
 
 [[nodiscard]] std::string BackupPath(const std::string& path, int number);
 
-// The one copy that is kept of a file of which a save drops something: in the user's data folder,
-// named after the events file ("dates.rescue.txt").
+// The one copy that is kept of a file of which a save drops something, or of a backup that goes
+// without a successor: in the user's data folder, named after the events file ("dates.rescue.txt").
 [[nodiscard]] std::string RescuePath(const std::string& rescueFolder, const std::string& path);
 
 // The events that a file is to hold: those of `rows`, in their order, but for the one at `removed`,
@@ -37,6 +37,7 @@ struct RowsToWrite {
   std::optional<std::size_t> removed;
   const EventRow* added = nullptr;
   std::size_t place = 0;
+  HiddenMarks marks = kHiddenMarks;
 };
 
 // The bytes of a file that holds these events, as the successor of a file with
@@ -44,6 +45,14 @@ struct RowsToWrite {
 // the bytes would be read in another one; the file is then UTF-8. No row, no byte.
 [[nodiscard]] std::string EventsFileContent(const RowsToWrite& events,
                                             const RegionalDateFormat& format, std::string_view old);
+
+// The same for a file whose old bytes are what it would give for `events.rows` without the change,
+// the event of each row in the line that the row names, and are not in Windows-1252 (see
+// EventList): copies the old bytes around the change. Nothing when the lines concerned say
+// otherwise.
+[[nodiscard]] std::optional<std::string> SplicedContent(const RowsToWrite& events,
+                                                        const RegionalDateFormat& format,
+                                                        std::string_view old);
 
 // Whether the old bytes hold something that the new ones do not, besides what the user changes.
 enum class RescueNeed { kNone, kDropsSomething };
@@ -61,8 +70,10 @@ struct EventsChange {
 // included. On failure the events file holds what it held, and nothing else than the backups has
 // changed. kBusy, with the backups as they were, when the file does not hold the old content any
 // more: the change is then to be applied to what it holds now. A file that holds the new content
-// in spite of an error is a success. A backup that cannot be made does not stop the save. Where the
-// file has to be written in place, a killed save is settled by SettleInterruptedSave.
+// in spite of an error is a success. A backup that cannot be made does not stop the save. Of a file
+// that does not exist the backups make room for a new backup 1 as well, of which there is none;
+// when there is but one, its content goes into the rescue copy. Where the file has to be written in
+// place, a killed save is settled by SettleInterruptedSave.
 [[nodiscard]] WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                                           const std::string& rescueFolder, int levels,
                                           const EventsChange& change);

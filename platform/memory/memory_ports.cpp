@@ -47,6 +47,7 @@ Status MemoryFileSystem::Failure(const std::map<std::string, StatusKind>& kinds,
 Status MemoryFileSystem::Read(const std::string& path, const TakeBytes& take) {
   calls.push_back("read " + path);
   Status status = Failure(failures, path);
+  if (status.ok()) status = Failure(readFailures, path);
   if (!status.ok()) return status;
   const auto found = files.find(path);
   if (found == files.end()) return Status(StatusKind::kNotFound);
@@ -106,8 +107,9 @@ Status MemoryFileSystem::Stage(const std::string& path, std::string_view content
 
 Status MemoryFileSystem::Lock(const std::string& path, std::unique_ptr<FileLock>& out) {
   calls.push_back("lock " + path);
-  out = std::make_unique<MemoryLock>();
-  return {};
+  Status status = Failure(lockFailures, path);
+  if (status.ok()) out = std::make_unique<MemoryLock>();
+  return status;
 }
 
 Status MemoryFileSystem::Remove(const std::string& path) {

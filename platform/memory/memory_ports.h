@@ -25,7 +25,9 @@ class MemoryFileSystem : public FileSystem {
   std::map<std::string, std::string> files;
   std::map<std::string, StatusKind> failures;
   std::map<std::string, StatusKind> writeFailures;
+  std::map<std::string, StatusKind> readFailures;  // there, but not to be read
   std::map<std::string, StatusKind> commitFailures;
+  std::map<std::string, StatusKind> lockFailures;
   std::map<std::string, StatusKind> linkFailures;    // by the second name
   std::map<std::string, StatusKind> renameFailures;  // by the first name
   std::vector<std::string> unwritableFolders;
@@ -46,6 +48,7 @@ class MemoryFileSystem : public FileSystem {
   Status Remove(const std::string& path) override;
   Status Rename(const std::string& from, const std::string& to) override;
   Status Link(const std::string& from, const std::string& to) override;
+  [[nodiscard]] std::string FullPath(const std::string& path) override { return path; }
   [[nodiscard]] bool CanCreateIn(const std::string& folder) override;
 
   // How many calls begin with a word.

@@ -230,11 +230,19 @@ class StagedInPlace : public StagedFile {
       }
     }
     status = Overwrite(content_);
-    if (!status.ok()) static_cast<void>(Overwrite(old_).ok());
+    if (!status.ok()) PutBack();
     return status;
   }
 
  private:
+  void PutBack() {
+    // The file has its old size before it has old bytes again, however far this comes.
+    if (old_.size() > content_.size()) {
+      static_cast<void>(::posix_fallocate(fd_.get(), 0, static_cast<off_t>(old_.size())) == 0);
+    }
+    static_cast<void>(Overwrite(old_).ok());
+  }
+
   Status ReadOld() {
     struct stat present {};
     if (::fstat(fd_.get(), &present) != 0) return FromErrno(errno);
@@ -437,6 +445,14 @@ Status PosixFileSystem::Link(const std::string& from, const std::string& to) {
   // The second name belongs to the file itself, never to a symbolic link that leads to it.
   const int linked = ::linkat(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), AT_SYMLINK_FOLLOW);
   return linked == 0 ? Status() : FromErrno(errno);
+}
+
+std::string PosixFileSystem::FullPath(const std::string& path) {
+  std::string target = Resolved(path);
+  std::array<char, PATH_MAX> folder{};
+  if (::realpath(FolderOf(target).c_str(), folder.data()) == nullptr) return target;
+  const std::string_view real(folder.data());
+  return std::string(real == "/" ? std::string_view() : real) + "/" + NameOf(target);
 }
 
 bool PosixFileSystem::CanCreateIn(const std::string& folder) {

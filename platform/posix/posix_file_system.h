@@ -17,6 +17,7 @@ class PosixFileSystem : public FileSystem {
   Status Remove(const std::string& path) override;
   Status Rename(const std::string& from, const std::string& to) override;
   Status Link(const std::string& from, const std::string& to) override;
+  [[nodiscard]] std::string FullPath(const std::string& path) override;
   [[nodiscard]] bool CanCreateIn(const std::string& folder) override;
 };
 

@@ -194,6 +194,13 @@ Status WindowsFileSystem::Link(const std::string& from, const std::string& to) {
   return Patiently([&] { return ::CreateHardLinkW(second.c_str(), file.c_str(), nullptr); });
 }
 
+std::string WindowsFileSystem::FullPath(const std::string& path) {
+  constexpr std::wstring_view kUnlimited = L"\\\\?\\";
+  std::wstring target = ResolveLink(WidePath(path));
+  if (target.starts_with(kUnlimited)) target.erase(0, kUnlimited.size());
+  return Narrow(target);
+}
+
 bool WindowsFileSystem::CanCreateIn(const std::string& folder) {
   const std::wstring wide = WidePath(folder);
   if (!IsFolder(wide)) return false;

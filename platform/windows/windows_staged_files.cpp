@@ -156,7 +156,11 @@ class StagedInPlace : public StagedFile {
       }
     }
     status = Overwrite(content_);
-    if (!status.ok()) static_cast<void>(Overwrite(old_).ok());
+    if (!status.ok()) {
+      // The file has its old size before it has old bytes again, however far this comes.
+      if (old_.size() > content_.size()) static_cast<void>(SetEnd(file_.get(), old_.size()).ok());
+      static_cast<void>(Overwrite(old_).ok());
+    }
     return status;
   }
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "core/interrupted_save.h"
 #include "tests/cli/program.h"
 
 namespace tidewarden::test {
@@ -39,6 +40,10 @@ class UpdateOption : public ::testing::Test {
     return terminal_.RunOnTheDay("list", {"--update", "--file", file});
   }
 
+  // What a save in place keeps of "dates.txt" meanwhile, relative to the folder.
+  [[nodiscard]] std::string BeforePath() const { return Notes().before; }
+  [[nodiscard]] std::string AfterPath() const { return Notes().after; }
+
   // The file is as it was and nothing was left beside it.
   void ExpectUntouched(const FileState& before, const std::string& file = "dates.txt") {
     EXPECT_EQ(LookAt(folder_ / file), before);
@@ -49,6 +54,12 @@ class UpdateOption : public ::testing::Test {
 
   Terminal terminal_;
   const TemporaryFolder& folder_ = terminal_.folder;
+
+ private:
+  [[nodiscard]] SaveNotes Notes() const {
+    const std::filesystem::path folder = std::filesystem::canonical(folder_.path());
+    return SaveNotesOf("home/data/Tideward", (folder / "dates.txt").string());
+  }
 };
 
 TEST_F(UpdateOption, RemovesWhatIsOverAndShowsWhatWasHidden) {
@@ -163,21 +174,21 @@ TEST_F(UpdateOption, UndoesWhatAnInterruptedSaveHasTornAndNothingElseDoes) {
   const std::string after = "12.25,B,7,yearly\r\n12.24,A,7,yearly\r\n";
   const std::string torn = after.substr(0, 20) + before.substr(20);
   folder_.Write("dates.txt", torn);
-  folder_.Write("home/data/Tideward/dates.before-save.txt", before);
-  folder_.Write("home/data/Tideward/dates.after-save.txt", after);
+  folder_.Write(BeforePath(), before);
+  folder_.Write(AfterPath(), after);
   EXPECT_EQ(terminal_.RunOnTheDay("list", {"--file", "dates.txt"}).exitCode, 0);
   EXPECT_EQ(folder_.Read("dates.txt"), torn);
-  EXPECT_TRUE(folder_.Exists("home/data/Tideward/dates.after-save.txt"));
+  EXPECT_TRUE(folder_.Exists(AfterPath()));
   EXPECT_EQ(Update(), (Outcome{0, kList, ""}));
   EXPECT_EQ(folder_.Read("dates.txt"), before);
-  EXPECT_FALSE(folder_.Exists("home/data/Tideward/dates.before-save.txt"));
-  EXPECT_FALSE(folder_.Exists("home/data/Tideward/dates.after-save.txt"));
+  EXPECT_FALSE(folder_.Exists(BeforePath()));
+  EXPECT_FALSE(folder_.Exists(AfterPath()));
 }
 
 TEST_F(UpdateOption, TellsOfAFileThatHasBeenChangedSinceItsSaveWasInterrupted) {
   folder_.Write("dates.txt", kAfter);
-  folder_.Write("home/data/Tideward/dates.before-save.txt", "12.24,A,7,yearly\r\n");
-  folder_.Write("home/data/Tideward/dates.after-save.txt", "");
+  folder_.Write(BeforePath(), "12.24,A,7,yearly\r\n");
+  folder_.Write(AfterPath(), "");
   const Outcome outcome = Update();
   EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.out, kList);

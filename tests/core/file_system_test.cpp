@@ -56,6 +56,36 @@ TEST(ReadFile, AFailureHalfWayLeavesTheOutputAlone) {
   EXPECT_EQ(content, "before");
 }
 
+TEST(CompareFile, ComparesEveryByteInPiecesOfAnySize) {
+  MemoryFileSystem files;
+  const std::string content = "12.25,Christmas,14,yearly\r\n";
+  for (const std::size_t piece : {0U, 1U, 2U, 7U, 1000U}) {
+    files.piece = piece;
+    for (const std::string& held :
+         {content, std::string(), content + "x", content.substr(1), std::string("x"),
+          content.substr(0, content.size() - 1), "x" + content.substr(1)}) {
+      files.files["a"] = held;
+      Likeness likeness = held == content ? Likeness::kOther : Likeness::kSame;
+      EXPECT_TRUE(CompareFile(files, "a", content, likeness).ok());
+      EXPECT_EQ(likeness, held == content ? Likeness::kSame : Likeness::kOther) << held;
+      EXPECT_TRUE(CompareFile(files, "a", held, likeness).ok());
+      EXPECT_EQ(likeness, Likeness::kSame) << held;
+    }
+  }
+}
+
+TEST(CompareFile, AFailureLeavesTheOutputAlone) {
+  BrokenFile broken;
+  broken.files["a"] = "same";
+  MemoryFileSystem files;
+  for (const Likeness before : {Likeness::kSame, Likeness::kOther}) {
+    Likeness likeness = before;
+    EXPECT_EQ(CompareFile(broken, "a", "same", likeness).kind(), StatusKind::kInputOutput);
+    EXPECT_EQ(CompareFile(files, "a", "", likeness).kind(), StatusKind::kNotFound);
+    EXPECT_EQ(likeness, before);
+  }
+}
+
 TEST(ReplaceFile, StagesAndThenCommits) {
   MemoryFileSystem files;
   files.files["a"] = "old";

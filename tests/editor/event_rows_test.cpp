@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -201,6 +204,39 @@ TEST(EventRows, EqualRowsKeepTheirOrder) {
     }
   }
   EXPECT_EQ(rows.front().key, "01.01");
+}
+
+TEST(EventRows, ReplacingARowIsTakingOneOutAndPuttingAnotherIn) {
+  std::vector<EventRow> rows;
+  for (const std::string date : {"01.01", "02.02", "02.02", "04.04", "05.05"}) {
+    rows.push_back({date, date + " " + std::to_string(rows.size()), 0, false});
+  }
+  ASSERT_TRUE(AreEventRowsSorted(rows));
+  for (const std::string date : {"", "00.00", "01.01", "02.02", "03.03", "04.04", "09.09"}) {
+    for (std::size_t removed = 0; removed <= rows.size(); ++removed) {
+      std::vector<EventRow> expected = rows;
+      std::vector<EventRow> replaced = rows;
+      const auto at = [&](std::size_t i) {
+        return expected.begin() + static_cast<std::ptrdiff_t>(i);
+      };
+      std::optional<EventRow> added;
+      if (!date.empty()) added = EventRow{date, date + " 1", 7, false};
+      if (removed < rows.size()) expected.erase(at(removed));
+      if (added) expected.insert(at(PlaceFor(expected, *added)), *added);
+      const RowRange moved = ReplaceRow(
+          replaced, removed < rows.size() ? std::optional(removed) : std::nullopt, added);
+      EXPECT_LE(moved.end, replaced.size());
+      for (std::size_t i = 0; i < std::min(rows.size(), replaced.size()); ++i) {
+        if (i >= moved.begin && i < moved.end) continue;
+        EXPECT_EQ(replaced[i].text, rows[i].text) << date << " " << removed << " " << i;
+      }
+      ASSERT_EQ(replaced.size(), expected.size());
+      for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(replaced[i].text, expected[i].text) << date << " " << removed << " " << i;
+        EXPECT_EQ(replaced[i].line, expected[i].line);
+      }
+    }
+  }
 }
 
 }  // namespace

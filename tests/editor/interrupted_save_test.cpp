@@ -250,7 +250,9 @@ TEST(InterruptedSave, WhatCannotBePutRightIsToldAndNothingIsSavedOverIt) {
   }
 }
 
-TEST(InterruptedSave, WithoutItsCopiesAFileIsNotWrittenInPlace) {
+// --- A user's data folder that does not take the copies.
+
+TEST(InterruptedSave, AFolderThatTakesNoCopiesDoesNotStopTheSave) {
   for (const std::string& path : {kBeforePath, kAfterPath}) {
     EditDesk desk(kBefore);
     desk.files.writesInPlace = true;
@@ -258,22 +260,200 @@ TEST(InterruptedSave, WithoutItsCopiesAFileIsNotWrittenInPlace) {
     desk.Open();
     desk.Enter(0, "6.1", "Summer");
     desk.session().Save();
-    EXPECT_TRUE(desk.session().isEntryUnderWay());
-    EXPECT_EQ(desk.file(), kBefore);
-    EXPECT_THAT(desk.messages.shown, ElementsAre("Tidewarden could not save the events file:\n" +
-                                                 path + "\nthe disk is full"));
+    EXPECT_FALSE(desk.session().isEntryUnderWay());
+    EXPECT_EQ(desk.file(), kAfter);
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    EXPECT_FALSE(desk.files.files.contains(kBeforePath));
+    EXPECT_FALSE(desk.files.files.contains(kAfterPath));
   }
 }
 
-TEST(InterruptedSave, TheCopiesOfAnUnsettledSaveAreNotOverwritten) {
-  MemoryFileSystem files;
-  files.files[kBeforePath] = kBefore;
-  files.files[kAfterPath] = kAfter;
-  const WriteResult result = NoteSave(files, kEventsPath, kRescueFolder, "torn", "new");
-  EXPECT_EQ(result.status.kind(), StatusKind::kBusy);
-  EXPECT_EQ(result.path, kAfterPath);
-  EXPECT_EQ(files.files.at(kBeforePath), kBefore);
-  EXPECT_EQ(files.files.at(kAfterPath), kAfter);
+TEST(InterruptedSave, WithoutTheLockNothingIsNoted) {
+  EditDesk desk(kBefore);
+  desk.files.writesInPlace = true;
+  desk.files.lockFailures[kNotes.lock] = StatusKind::kNoPermission;
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.session().Save();
+  EXPECT_EQ(desk.file(), kAfter);
+  // Another process could not tell the save that is going on from an interrupted one.
+  EXPECT_EQ(desk.files.CountCalls("create"), 0);
+}
+
+TEST(InterruptedSave, WhileAnotherProcessWritesTheFileItIsNotWritten) {
+  EditDesk desk(kBefore);
+  desk.files.writesInPlace = true;
+  desk.files.lockFailures[kNotes.lock] = StatusKind::kBusy;
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.session().Save();
+  EXPECT_TRUE(desk.session().isEntryUnderWay());
+  EXPECT_EQ(desk.file(), kBefore);
+  EXPECT_THAT(desk.messages.shown, ElementsAre("Tidewarden could not save the events file:\n" +
+                                               kNotes.lock + "\nanother program is using it"));
+}
+
+TEST(InterruptedSave, OldCopiesThatCannotBeMovedDoNotStopTheSave) {
+  const std::string changed = kAfter + "12.31,Party,1,yearly\r\n";
+  for (const std::string& file : {changed, kBefore, kAfter}) {
+    InterruptedDesk desk(file);
+    desk.files.renameFailures[kBeforePath] = StatusKind::kReadOnly;
+    desk.files.writeFailures[kBeforePath] = StatusKind::kReadOnly;
+    desk.files.writeFailures[kAfterPath] = StatusKind::kReadOnly;
+    desk.Open();
+    desk.Enter(0, "7.1", "July");
+    desk.session().Save();
+    EXPECT_THAT(desk.file(), HasSubstr("July"));
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    EXPECT_EQ(desk.files.files.at(kBeforePath), kBefore);
+    EXPECT_EQ(desk.files.files.at(kAfterPath), kAfter);
+  }
+}
+
+TEST(InterruptedSave, OfATornFileTheCopiesAreNotOverwrittenNorTheFile) {
+  const std::string torn = Torn(kBefore, kAfter, 60);
+  for (const bool unreadable : {false, true}) {
+    MemoryFileSystem files;
+    files.writesInPlace = true;
+    files.files = {{kEventsPath, torn}, {kBeforePath, kBefore}, {kAfterPath, kAfter}};
+    if (unreadable) files.readFailures[kBeforePath] = StatusKind::kInputOutput;
+    const WriteResult result = ReplaceEventsFile(files, kEventsPath, kRescueFolder, torn, "new");
+    EXPECT_EQ(result.status.kind(), StatusKind::kBusy);
+    EXPECT_EQ(result.path, kAfterPath);
+    EXPECT_EQ(files.files.at(kEventsPath), torn);
+    EXPECT_EQ(files.files.at(kBeforePath), kBefore);
+    EXPECT_EQ(files.files.at(kAfterPath), kAfter);
+  }
+}
+
+// --- Two files of one name.
+
+TEST(InterruptedSave, TwoFilesOfOneNameHaveCopiesOfTheirOwn) {
+  const std::string other = "/media/stick/dates.txt";
+  const SaveNotes notes = SaveNotesOf(kRescueFolder, other);
+  EXPECT_NE(notes.before, kBeforePath);
+  EXPECT_NE(notes.after, kAfterPath);
+  const std::string torn = Torn(kBefore, kAfter, 60);
+  InterruptedDesk desk(torn);
+  desk.files.files[other] = "05.05,Theirs,1,yearly\r\n";
+  MemoryMessageBox messages;
+  EXPECT_TRUE(SettleInterruptedSave(desk.files, messages, other, kRescueFolder).status.ok());
+  EXPECT_EQ(desk.files.files.at(other), "05.05,Theirs,1,yearly\r\n");
+  EXPECT_TRUE(ReplaceEventsFile(desk.files, other, kRescueFolder, "05.05,Theirs,1,yearly\r\n",
+                                "05.05,Ours,1,yearly\r\n")
+                  .status.ok());
+  EXPECT_EQ(desk.files.files.at(other), "05.05,Ours,1,yearly\r\n");
+  EXPECT_FALSE(desk.files.files.contains(notes.before));
+  EXPECT_THAT(messages.shown, IsEmpty());
+  // The first file's copies have waited for it.
+  desk.Open();
+  EXPECT_EQ(desk.file(), kBefore);
+  EXPECT_FALSE(desk.hasNotes());
+}
+
+TEST(InterruptedSave, CopiesThatNameNoFolderAreLeftAlone) {
+  InterruptedDesk desk(kBefore);
+  desk.files.files[kRescueFolder + "/dates.before-save.txt"] = "01.01,Old,1,yearly\r\n";
+  desk.files.files[kRescueFolder + "/dates.after-save.txt"] = "02.02,New,1,yearly\r\n";
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.session().Save();
+  EXPECT_EQ(desk.file(), kAfter);
+  EXPECT_EQ(desk.files.files.at(kRescueFolder + "/dates.before-save.txt"),
+            "01.01,Old,1,yearly\r\n");
+  EXPECT_EQ(desk.files.files.at(kRescueFolder + "/dates.after-save.txt"), "02.02,New,1,yearly\r\n");
+  EXPECT_THAT(desk.messages.shown, IsEmpty());
+}
+
+// The keys are those that FNV-1a's authors give for these texts.
+TEST(InterruptedSave, TheKeyIsAHashOfTheWholePath) {
+  EXPECT_EQ(SaveNotesOf("/d", "").before, "/d/.cbf29ce484222325.before-save.txt");
+  EXPECT_EQ(SaveNotesOf("/d", "a").after, "/d/.af63dc4c8601ec8c.after-save.txt");
+  EXPECT_EQ(SaveNotesOf("/d", "foobar").before, "/d/fo.85944171f73967e8.before-save.txt");
+}
+
+// --- What a save can leave.
+
+TEST(InterruptedSave, OnlyWhatASaveCanLeaveIsTakenForTorn) {
+  const std::string nul(1, '\0');
+  struct Case {
+    std::string name;
+    std::string before;
+    std::string after;
+    std::string file;
+    bool torn;
+  };
+  for (const Case& c : std::vector<Case>{
+           {"before", "abcdef", "ABCDEF", "abcdef", true},
+           {"after", "abcdef", "ABCDEF", "ABCDEF", true},
+           {"new in front", "abcdef", "ABCDEF", "ABcdef", true},
+           {"put back in front", "abcdef", "ABCDEF", "aBCDEF", true},
+           {"put back in front of what was written", "abcdef", "ABCDEF", "aBCdef", true},
+           {"new only in two places", "abcdef", "ABCDEF", "AbCdef", false},
+           {"another byte", "abcdef", "ABCDEF", "ABxdef", false},
+           {"space taken", "abc", "ABCDEF", "abc" + nul + nul + nul, true},
+           {"space taken step by step", "abc", "ABCDEF", "abc" + nul + nul, true},
+           {"space taken and begun", "abc", "ABCDEF", "AB" + std::string("c") + nul + nul + nul,
+            true},
+           {"written beyond the old end", "abc", "ABCDEF", "ABCDE" + nul, true},
+           {"longer, but not by space", "abc", "ABCDEF", "ABCDE", false},
+           {"the last byte of the old state deleted", "abcdef", "ABC", "abcde", false},
+           {"cut off last", "abcdef", "ABC", "ABCdef", true},
+           {"space taken for the old bytes", "abcdef", "ABC", "aBC" + nul + nul + nul, true},
+           {"longer than both", "abc", "ABCDEF", "ABCDEFG", false},
+           {"shorter than both", "abcd", "ABCDEF", "abc", false},
+           {"nothing of nothing", "", "ABC", "", true},
+           {"nothing left", "abc", "", "", true},
+       }) {
+    EXPECT_EQ(MayBeLeftBySave(c.file, c.before, c.after), c.torn) << c.name;
+  }
+}
+
+// After a power cut any of a disk's sectors may be old or new.
+TEST(InterruptedSave, SectorsMayBeWrittenInAnyOrder) {
+  const std::string before(2000, 'b');
+  const std::string after(2000, 'a');
+  std::string file = before;
+  file.replace(512, 512, 512, 'a');
+  file.replace(1536, 464, 464, 'a');
+  EXPECT_TRUE(MayBeLeftBySave(file, before, after));
+  file[1030] = 'a';
+  EXPECT_TRUE(MayBeLeftBySave(file, before, after));
+  file[1040] = 'a';
+  EXPECT_FALSE(MayBeLeftBySave(file, before, after)) << "two places in one sector";
+}
+
+// Between the crash and the next start a user has put the file right by hand.
+TEST(InterruptedSave, AUsersOwnRepairOfATornFileIsNotUndone) {
+  const std::string last = "12.25,Christmas,7,yearly\r\n";
+  for (const std::string& repaired : std::vector<std::string>{
+           kBefore.substr(0, kBefore.size() - last.size()),
+           kAfter.substr(0, kAfter.size() - last.size()),
+           "01.01,New Year,1,yearly\r\n06.01,Summer,9,yearly\r\n12.25,Christmas,7,yearly\r\n",
+           kBefore + "\r\n",
+           "\xEF\xBB\xBF" + kBefore,
+           kBefore.substr(0, kBefore.size() - 2),
+       }) {
+    InterruptedDesk desk(repaired);
+    desk.Open();
+    EXPECT_EQ(desk.file(), repaired);
+    EXPECT_THAT(desk.messages.shown, ElementsAre(Told(kKept)));
+    EXPECT_EQ(desk.files.files.at(kKept), kBefore);
+  }
+}
+
+// An event is deleted, and the user deletes the next one by hand: whole lines of the old state are
+// all that is left, as they would be of a save that cuts the file off, which none does so.
+TEST(InterruptedSave, LinesThatAUserDeletedStayDeleted) {
+  const std::string lastLine = "12.31,Party,1,yearly\r\n";
+  const std::string before = kAfter + lastLine;
+  InterruptedDesk desk(kAfter);
+  desk.files.files[kBeforePath] = before;
+  desk.files.files[kAfterPath] = kBefore + lastLine;
+  ASSERT_GT(kAfter.size(), (kBefore + lastLine).size());
+  desk.Open();
+  EXPECT_EQ(desk.file(), kAfter);
+  EXPECT_EQ(desk.files.files.at(kKept), before);
 }
 
 }  // namespace

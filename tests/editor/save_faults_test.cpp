@@ -123,6 +123,23 @@ TEST(SaveFaults, SmallPiecesBehindALinkAndWithARescueCopyAreNoDifferent) {
   Print("in pieces, behind a link, with a rescue copy", tally);
 }
 
+// Errors in the middle of the file, where a part of it has been written, and some in a row, so that
+// the first try to put the old bytes back fails as well.
+void FailInPieces(Trial& trial, Tally& tally) {
+  for (int at = 1; at <= 2 * trial.calls(); ++at) {
+    for (const int many : {1, 2, 3}) {
+      for (const int error : {ENOSPC, EIO}) trial.Run({0, at, error, false, many, 50}, tally);
+    }
+  }
+}
+
+// A part of the bytes is really written, and the rest refused.
+void FillDisk(Trial& trial, Tally& tally) {
+  for (std::size_t room = 0; room < 2 * kLongOld.size(); room += 5) {
+    trial.RunOnFullDisk(room, tally);
+  }
+}
+
 enum class Faults { kKills, kKillsInPieces, kErrors };
 
 // In a process of its own, because none may take longer than a minute.
@@ -154,6 +171,27 @@ TEST(SaveFaults, InAReadOnlyFolderTheOldBytesSurviveSomewhere) {
             FaultsInReadOnlyFolder(folder.path(), Place::kReadOnlyFolder, deed, levels, faults),
             "");
       }
+    }
+  }
+}
+
+TEST(SaveFaults, WithoutAFolderForTheCopiesAnErrorLosesNothingEither) {
+  const FastFolder folder;
+  for (const Deed deed : {Deed::kAdd, Deed::kEdit, Deed::kDelete}) {
+    for (const int levels : {0, 3}) {
+      SCOPED_TRACE(std::to_string(levels) + " backups");
+      const std::string answer = InUnprivilegedChild(folder.path(), [&]() -> std::string {
+        Tally tally;
+        Trial trial(folder.path(), Place::kReadOnlyEverywhere, deed, levels, kLongOld);
+        if (!trial.saves()) return "no save, " + std::to_string(trial.calls()) + " calls";
+        FailInPieces(trial, tally);
+        FillDisk(trial, tally);
+        if (tally.saved < 10 || tally.notSaved < 10) return "hardly a difference";
+        Print("without a folder that takes files", tally);
+        std::cout.flush();
+        return Report(tally);
+      });
+      EXPECT_EQ(answer, "");
     }
   }
 }
@@ -201,13 +239,6 @@ TEST(SaveFaults, InAReadOnlyFolderASecondKillLosesNothingEither) {
       torn += std::stoi(answer.substr(answer.find(' ')));
     }
     EXPECT_GE(torn, 3);
-  }
-}
-
-// A part of the bytes is really written, and the rest refused.
-void FillDisk(Trial& trial, Tally& tally) {
-  for (std::size_t room = 0; room < 2 * kLongOld.size(); room += 5) {
-    trial.RunOnFullDisk(room, tally);
   }
 }
 

@@ -29,7 +29,13 @@ namespace tidewarden::test {
 namespace fs = std::filesystem;
 
 enum class Deed { kAdd, kEdit, kDelete };
-enum class Place { kPlain, kBehindLink, kReadOnlyFolder, kLinkInReadOnlyFolder };
+enum class Place {
+  kPlain,
+  kBehindLink,
+  kReadOnlyFolder,
+  kLinkInReadOnlyFolder,
+  kReadOnlyEverywhere,  // the user's data folder, too
+};
 
 inline constexpr int kSaved = 10;
 inline constexpr int kToldOff = 11;  // not saved, and the user was told
@@ -144,14 +150,14 @@ class Trial {
 
   void SetUp() {
     const std::string events = root_ + "/events";
+    const std::string rescue = root_ + "/rescue";
     ::chmod(events.c_str(), 0700);
+    ::chmod(rescue.c_str(), 0700);
     for (const std::string folder : {"events", "real", "rescue"}) {
       for (const std::string& name : NamesIn(root_ + "/" + folder)) {
         fs::remove(root_ + "/" + folder + "/" + name);
       }
     }
-    const bool readOnly =
-        place_ == Place::kReadOnlyFolder || place_ == Place::kLinkInReadOnlyFolder;
     if (place_ == Place::kBehindLink || place_ == Place::kLinkInReadOnlyFolder) {
       WriteBytes(root_ + "/real/dates.txt", old_);
       fs::create_symlink("../real/dates.txt", Path());
@@ -159,7 +165,9 @@ class Trial {
       WriteBytes(Path(), old_);
     }
     for (int k = 1; k <= levels_; ++k) WriteBytes(BackupPath(Path(), k), OldBackup(k));
-    if (readOnly) ::chmod(events.c_str(), 0500);
+    const bool writable = place_ == Place::kPlain || place_ == Place::kBehindLink;
+    if (!writable) ::chmod(events.c_str(), 0500);
+    if (place_ == Place::kReadOnlyEverywhere) ::chmod(rescue.c_str(), 0500);
   }
 
   // Opens the editor, adds, edits or deletes an event, and tells how that ended.
@@ -302,7 +310,8 @@ class Trial {
       }
     }
     // A lone copy of the old state says nothing, and goes with the next save.
-    CheckLeftovers(name, {".", "dates.before-save", "dates.after-save"}, tally);
+    const auto nameOf = [](const std::string& path) { return fs::path(path).filename().string(); };
+    CheckLeftovers(name, {".", nameOf(NotesOfSave().before), nameOf(NotesOfSave().after)}, tally);
   }
 
   void CheckLeftovers(const std::string& name, const std::vector<std::string>& beginnings,
@@ -323,10 +332,12 @@ class Trial {
                                  ? "killed before call " + std::to_string(fault.killBefore)
                                  : "error " + std::to_string(fault.error) + " at call " +
                                        std::to_string(fault.failAt) +
-                                       (fault.lasting ? " and after" : "");
+                                       (fault.lasting ? " and after" : "") + ", " +
+                                       std::to_string(fault.many) + " in a row";
     const char* const deeds[] = {"add", "edit", "delete"};
     const char* const places[] = {"", " behind a link", " in a read-only folder",
-                                  " behind a link in a read-only folder"};
+                                  " behind a link in a read-only folder",
+                                  " without a folder that takes files"};
     return std::string(deeds[static_cast<int>(deed_)]) + places[static_cast<int>(place_)] +
            " with " + std::to_string(levels_) + " backups, " + what;
   }

@@ -118,19 +118,6 @@ TEST(SavingCarefully, UnreadableTextIsNeverReplaced) {
   EXPECT_TRUE(session.isEntryUnderWay());
 }
 
-TEST(SavingCarefully, AFileThatVanishedIsWrittenAgainWithAllItsEvents) {
-  EditDesk desk(kTwo);
-  desk.Set("LevelsOfBackup", "2");
-  desk.files.files[BackupPath(kEventsPath, 1)] = "older";
-  desk.Open();
-  desk.Enter(0, "6.1", "Summer");
-  desk.files.files.erase(kEventsPath);
-  desk.session().Save();
-  EXPECT_EQ(desk.file(),
-            "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n");
-  EXPECT_EQ(desk.Backup(1), "older");
-}
-
 TEST(SavingCarefully, AFileThatCannotBeMadeIsToldAndMadeByTheNextSave) {
   EditDesk desk;
   desk.files.files.clear();

@@ -16,6 +16,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -539,6 +540,29 @@ TEST_F(PosixFiles, ALinkStaysAndItsTargetIsReplaced) {
       EXPECT_EQ(NamesIn(folder / "sub").size() + NamesIn(folder.path()).size(), 2 + c.links.size());
     }
   }
+}
+
+TEST_F(PosixFiles, EveryPathToAFileHasOneFullPath) {
+  ASSERT_EQ(::mkdir((folder_ / "sub").c_str(), 0700), 0);
+  ASSERT_EQ(::symlink("sub", (folder_ / "linked").c_str()), 0);
+  ASSERT_EQ(::symlink("../sub/dates.txt", (folder_ / "sub/link").c_str()), 0);
+  const std::string full = std::filesystem::canonical(folder_.path()).string() + "/sub/dates.txt";
+  for (const bool exists : {false, true}) {
+    if (exists) WriteBytes(full, kOld);
+    EXPECT_EQ(InChild([&]() -> std::string {
+                if (::chdir((folder_ / "sub").c_str()) != 0) return "no folder";
+                for (const std::string& path :
+                     {full, folder_ / "sub/dates.txt", folder_ / "sub/../sub/./dates.txt",
+                      folder_ / "linked/dates.txt", folder_ / "sub/link", folder_ / "linked/link",
+                      std::string("dates.txt"), std::string("../linked/link")}) {
+                  if (files_.FullPath(path) != full) return path + ": " + files_.FullPath(path);
+                }
+                return files_.FullPath("../dates.txt") == full ? "another file" : "the same";
+              }),
+              "the same");
+  }
+  EXPECT_EQ(files_.FullPath("/dates.txt"), "/dates.txt");
+  EXPECT_EQ(files_.FullPath("/no/such/dates.txt"), "/no/such/dates.txt");
 }
 
 TEST_F(PosixFiles, ALoopOfLinksIsLeftAlone) {

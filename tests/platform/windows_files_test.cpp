@@ -245,6 +245,15 @@ TEST_F(WindowsFiles, BothSeparatorsAreUnderstood) {
   EXPECT_EQ(ReadBack(folder_.path() + "\\sub/../sub\\.\\dates.txt"), "text");
 }
 
+TEST_F(WindowsFiles, EveryPathToAFileHasOneFullPath) {
+  folder_.Write("sub/dates.txt", "text");
+  const std::string full = files_.FullPath(folder_.path() + "\\sub\\dates.txt");
+  EXPECT_TRUE(full.ends_with("\\sub\\dates.txt")) << full;
+  EXPECT_EQ(files_.FullPath(full), full);
+  EXPECT_EQ(files_.FullPath(folder_.path() + "/sub/../sub\\.\\dates.txt"), full);
+  EXPECT_NE(files_.FullPath(folder_.path() + "\\dates.txt"), full);
+}
+
 TEST_F(WindowsFiles, WhatIsNoFileIsToldApart) {
   folder_.MakeFolder("folder");
   folder_.Write("file.txt", "text");

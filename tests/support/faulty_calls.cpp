@@ -23,8 +23,8 @@ bool Fails() {
   if (!inForce) return false;
   ++made;
   if (made == current.killBefore) ::kill(::getpid(), SIGKILL);
-  const bool fails =
-      current.failAt != 0 && (made == current.failAt || (current.lasting && made > current.failAt));
+  const bool fails = current.failAt != 0 && made >= current.failAt &&
+                     (current.lasting || made < current.failAt + current.many);
   if (fails) errno = current.error;
   return fails;
 }
@@ -47,9 +47,9 @@ int CallsMade() {
 
 const std::vector<std::string>& WrappedCalls() {
   static const std::vector<std::string> names{
-      "access", "close",  "fchmod",   "fchown", "flock",     "fstat", "fsync", "ftruncate",
-      "linkat", "lseek",  "lstat",    "mkdir",  "nanosleep", "open",  "pread", "posix_fallocate",
-      "read",   "rename", "readlink", "stat",   "unlink",    "write"};
+      "access", "close",    "fchmod",   "fchown", "flock",     "fstat",  "fsync", "ftruncate",
+      "linkat", "lseek",    "lstat",    "mkdir",  "nanosleep", "open",   "pread", "posix_fallocate",
+      "read",   "readlink", "realpath", "rename", "stat",      "unlink", "write"};
   return names;
 }
 
@@ -79,6 +79,7 @@ int __real_posix_fallocate(int fd, off_t offset, off_t size);
 ssize_t __real_read(int fd, void* buffer, size_t count);
 int __real_rename(const char* from, const char* to);
 ssize_t __real_readlink(const char* path, char* buffer, size_t size);
+char* __real_realpath(const char* path, char* buffer);
 int __real_stat(const char* path, struct stat* out);
 int __real_unlink(const char* path);
 ssize_t __real_write(int fd, const void* buffer, size_t count);
@@ -171,6 +172,10 @@ int __wrap_rename(const char* from, const char* to) {
 
 ssize_t __wrap_readlink(const char* path, char* buffer, size_t size) {
   return Fails() ? -1 : __real_readlink(path, buffer, size);
+}
+
+char* __wrap_realpath(const char* path, char* buffer) {
+  return Fails() ? nullptr : __real_realpath(path, buffer);
 }
 
 int __wrap_stat(const char* path, struct stat* out) {

@@ -15,6 +15,7 @@ struct Fault {
   int failAt = 0;      // this call fails, from 1; 0 for none
   int error = 0;
   bool lasting = false;                                          // the calls after it fail, too
+  int many = 1;                                                  // so many calls fail in a row
   std::size_t atMost = std::numeric_limits<std::size_t>::max();  // bytes of one read or write
 };
 

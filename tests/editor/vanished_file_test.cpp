@@ -1,0 +1,90 @@
+// Saves of a file that has vanished while the editor was open: its events and its backups.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "editor/events_writer.h"
+#include "tests/editor/edit_desk.h"
+
+namespace tidewarden {
+namespace {
+
+using test::EditDesk;
+using test::kEventsPath;
+using test::kRescuePath;
+using ::testing::ElementsAreArray;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+const std::string kTwo = "01.01,New Year,1,yearly\r\n12.25,Christmas,7,yearly\r\n";
+
+// Saves a file that has vanished while the editor was open.
+void SaveVanished(EditDesk& desk, int levels, int backups) {
+  desk.Set("LevelsOfBackup", std::to_string(levels));
+  for (int k = 1; k <= backups; ++k) {
+    desk.files.files[BackupPath(kEventsPath, k)] = "backup " + std::to_string(k);
+  }
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.files.files.erase(kEventsPath);
+  desk.session().Save();
+}
+
+// Backup 1 makes room for the old file, of which there is none.
+TEST(VanishedFile, IsWrittenAgainWithAllItsEvents) {
+  struct Case {
+    int levels;
+    int backups;
+    std::vector<std::string> left;
+  };
+  for (const Case& c : std::vector<Case>{
+           {0, 2, {"backup 1", "backup 2", "(none)"}},
+           {2, 0, {"(none)", "(none)", "(none)"}},
+           {2, 1, {"(none)", "backup 1", "(none)"}},
+           {3, 2, {"(none)", "backup 1", "backup 2"}},
+           {3, 3, {"(none)", "backup 1", "backup 2"}},
+       }) {
+    SCOPED_TRACE(std::to_string(c.levels) + " wanted, " + std::to_string(c.backups) + " there");
+    EditDesk desk(kTwo);
+    SaveVanished(desk, c.levels, c.backups);
+    EXPECT_EQ(desk.file(),
+              "01.01,New Year,1,yearly\r\n06.01,Summer,7,yearly\r\n12.25,Christmas,7,yearly\r\n");
+    EXPECT_THAT((std::vector<std::string>{desk.Backup(1), desk.Backup(2), desk.Backup(3)}),
+                ElementsAreArray(c.left));
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+  }
+}
+
+TEST(VanishedFile, ItsOnlyBackupGoesIntoTheRescueCopy) {
+  EditDesk desk(kTwo);
+  SaveVanished(desk, 1, 1);
+  EXPECT_THAT(desk.file(), HasSubstr("Summer"));
+  EXPECT_EQ(desk.Backup(1), "(none)");
+  EXPECT_EQ(desk.files.files.at(kRescuePath), "backup 1");
+
+  EditDesk full(kTwo);
+  full.files.writeFailures[kRescuePath] = StatusKind::kNoSpace;
+  SaveVanished(full, 1, 1);
+  EXPECT_THAT(full.file(), HasSubstr("Summer"));
+  EXPECT_EQ(full.Backup(1), "backup 1") << "without its copy it stays";
+}
+
+TEST(VanishedFile, FailedSavesPushNoBackupOut) {
+  EditDesk desk(kTwo);
+  desk.files.commitFailures[kEventsPath] = StatusKind::kInputOutput;
+  SaveVanished(desk, 3, 2);
+  for (int i = 0; i < 5; ++i) desk.session().Save();
+  EXPECT_TRUE(desk.session().isEntryUnderWay());
+  EXPECT_EQ(desk.Backup(2), "backup 1");
+  EXPECT_EQ(desk.Backup(3), "backup 2");
+  desk.files.commitFailures.clear();
+  desk.session().Save();
+  EXPECT_THAT(desk.file(), HasSubstr("Summer"));
+  EXPECT_EQ(desk.Backup(2), "backup 1");
+  EXPECT_EQ(desk.Backup(3), "backup 2");
+}
+
+}  // namespace
+}  // namespace tidewarden
