@@ -110,7 +110,6 @@ class FrmReminderLooksTest : public QObject {
   void followsTheDesktopsColours();
   void canBeReadOnADarkDesktop();
   void usesTheFontOfTheSettings();
-  void prefersASubstituteOfTheFont();
   void keepsTheDesignedSizeForSizesBelowOne();
   void showsTheSkinOfTheProgram();
   void showsNoSkinWithoutTheFileOrTheWish_data();
@@ -253,20 +252,6 @@ void FrmReminderLooksTest::canBeReadOnADarkDesktop() {
   QVERIFY(BestContrast(picture.copy(QRect(QPoint(4, 4) * picture.devicePixelRatio(),
                                           QSize(12, 12) * picture.devicePixelRatio())),
                        orange) >= kTextContrast);
-}
-
-// Both are installed, so that Qt alone would take the face itself.
-void FrmReminderLooksTest::prefersASubstituteOfTheFont() {
-  const QString face = QStringLiteral("DejaVu Sans Mono");
-  const QString substitute = QStringLiteral("DejaVu Sans");
-  QVERIFY(QFontInfo(QFont(face)).family() == face && QFontInfo(QFont(substitute)).exactMatch());
-  QFont::insertSubstitution(face, substitute);
-  const auto restore = qScopeGuard([&] { QFont::removeSubstitutions(face); });
-  Desk desk;
-  desk.world.Set("Settings", "FontName", face.toStdString());
-  desk.Start();
-  QCOMPARE(QFontInfo(ListOf(*desk.window)->font()).family(), substitute);
-  QCOMPARE(desk.world.settings.At("Settings", "FontName"), face.toStdString());
 }
 
 void FrmReminderLooksTest::usesTheFontOfTheSettings() {

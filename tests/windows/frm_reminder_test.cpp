@@ -21,6 +21,7 @@ class FrmReminderTest : public QObject {
   void showsTheListOfTheSession();
   void showsTodaysDateUnderTheList();
   void takesItsCaptionFromTheSettings();
+  void prefersASubstituteOfTheFont();
   void showsMarkupAsItWasTyped();
   void listsManyRowsWithoutDelay();
   void staysWhereItWasScrolledTo_data();
@@ -77,6 +78,21 @@ void FrmReminderTest::takesItsCaptionFromTheSettings() {
   window.RestoreFromTray();
   QVERIFY(!window.isWindowModified());
   QCOMPARE(window.windowTitle(), QStringLiteral("Ours [*][*] & <b>more</b>"));
+}
+
+// Both are installed, so that Qt alone would take the face itself.
+void FrmReminderTest::prefersASubstituteOfTheFont() {
+  const QString face = QStringLiteral("DejaVu Sans Mono");
+  const QString substitute = QStringLiteral("DejaVu Sans");
+  QVERIFY(QFontInfo(QFont(face)).family() == face && QFontInfo(QFont(substitute)).exactMatch());
+  QFont::insertSubstitution(face, substitute);
+  const auto restore = qScopeGuard([&] { QFont::removeSubstitutions(face); });
+  World world("12.25,Christmas,14,yearly\r\n");
+  world.Set("Settings", "FontName", face.toStdString());
+  QVERIFY(world.Load());
+  StartedWindow window(world);
+  QCOMPARE(QFontInfo(ListOf(window)->font()).family(), substitute);
+  QCOMPARE(world.settings.At("Settings", "FontName"), face.toStdString());
 }
 
 void FrmReminderTest::showsMarkupAsItWasTyped() {
