@@ -212,6 +212,7 @@ class EditSession {
   void NumberRows();
   [[nodiscard]] bool WriteChange(Change change, CivilDate today);
   [[nodiscard]] bool ReadForChange(FileState& file, CivilDate today);
+  [[nodiscard]] std::string ContentAfter(const FileState& file, const RowsToWrite& events) const;
   void ShowWritten(const Change& change, bool unchanged, std::string content, CivilDate today);
   [[nodiscard]] bool ReplaceTodayRow(CivilDate today);
   void ChangeEventList(const Change& change, std::string content, CivilDate today);

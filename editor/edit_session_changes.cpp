@@ -79,10 +79,7 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
       events.added = &*change.added;
       events.place = PlaceFor(rows, *change.added);
     }
-    std::optional<std::string> spliced;
-    if (file.unchanged && asWritten_) spliced = SplicedContent(events, format_, file.content);
-    std::string content =
-        spliced ? std::move(*spliced) : EventsFileContent(events, format_, file.content);
+    std::string content = ContentAfter(file, events);
     const RescueNeed rescue = file.unchanged ? rescue_ : file.fresh.rescue;
     const int levels = LevelsOfBackup(ports_.settings);
     const std::string& path = setup_.eventsFilePath;
@@ -102,6 +99,14 @@ bool EditSession::WriteChange(Change change, CivilDate today) {
     if (levels == 0) ShowWriteFailure(result.path, result.status);
     return false;
   }
+}
+
+std::string EditSession::ContentAfter(const FileState& file, const RowsToWrite& events) const {
+  if (file.unchanged && asWritten_) {
+    auto spliced = SplicedContent(events, format_, file.content);
+    if (spliced) return std::move(*spliced);
+  }
+  return EventsFileContent(events, format_, file.content);
 }
 
 // Reads the file that a change is to be applied to. False when it cannot be read, as the user has
