@@ -360,7 +360,7 @@ void frmReminder::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 bool frmReminder::IsLoggingOut() const {
-  return quitListener_->Heard() || qGuiApp->isSavingSession();
+  return quitListener_->Heard();
 }
 
 void frmReminder::closeEvent(QCloseEvent* event) {

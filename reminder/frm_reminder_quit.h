@@ -1,5 +1,6 @@
-// Hears the login session ask the program to end; nothing in the program itself does that. Only
-// the reminder window uses it.
+// Hears the login session ask the program to end; nothing in the program itself does that. Before,
+// the session lets programs save: no window is closed then, so there is nothing to hear. Only the
+// reminder window uses it.
 #pragma once
 
 #include <QCoreApplication>
