@@ -117,7 +117,7 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
   if (change.exists && change.oldContent == change.newContent) return {};
-  if (change.exists && change.rescue == RescueNeed::kDropsSomething) {
+  if (!change.oldContent.empty() && change.rescue == RescueNeed::kDropsSomething) {
     const std::string rescuePath = RescuePath(rescueFolder, path);
     Status status = MakeRescueCopy(files, rescuePath, change.oldContent);
     if (!status.ok()) return {std::move(status), rescuePath};
