@@ -60,7 +60,8 @@ void EditSession::Request(long requestedEditLine, std::string rawLine, bool requ
     RequestedEditLine_ = -1;
     RequestedAdd_ = false;
   } else {
-    OpenRequested();
+    Reload();
+    CarryOutRequest();
   }
 }
 
@@ -94,12 +95,12 @@ WindowArea EditSession::Load(const std::vector<WindowArea>& screens) {
 void EditSession::Shown() {
   isShown_ = true;
   RemoveLeftovers(ports_.files, setup_.eventsFilePath, setup_.rescueFolder);
-  OpenRequested();
-}
-
-void EditSession::OpenRequested() {
   LoadEventLines(ports_.clock.Now().date);
   EnableEventList(true);
+  CarryOutRequest();
+}
+
+void EditSession::CarryOutRequest() {
   if (RequestedEditLine_ > -1) SelectRequestedEvent();
   if (RequestedAdd_) Add();
 }

@@ -71,7 +71,8 @@ class EditSession {
   // What the reminder window asks for: the event of this line of the file (-1 for none), whose
   // bytes were `rawLine` when the reminder list was built, or a new event for today. Call before
   // the window is opened, or when it is open already: an entry that is under way then wins over
-  // the request, else the list is read again and the request carried out.
+  // the request, else the list is read again, its selected row stays, and the request is carried
+  // out.
   void Request(long requestedEditLine, std::string rawLine, bool requestedAdd);
 
   // Opening, before the window is shown: reads the settings and gives the window's place.
@@ -200,7 +201,7 @@ class EditSession {
     EventList fresh;        // its rows, when they are not those of List1_
   };
 
-  void OpenRequested();
+  void CarryOutRequest();
   void SetEntryMode(bool on);
   void EnableEventList(bool enable);
   [[nodiscard]] Status SettleEventsFile();

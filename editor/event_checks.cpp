@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/event_line.h"
+#include "dates/event_fields.h"
 #include "dates/feasts.h"
 #include "dates/text.h"
 #include "editor/occurrence_codes.h"
@@ -22,6 +23,13 @@ constexpr int kWarnedDaysBack = 65;
 int LongestMonth(int month) {
   constexpr int kLeapYear = 2000;
   return LastDayOfMonth(kLeapYear, month);
+}
+
+// True for a feast that falls on a day. The file may hold one that does not ("e+0.5").
+bool IsDatedFeast(std::string_view date) {
+  DateField field;
+  return IsRowFeast(date) && ReadDateField(date, field) == DateFieldFault::kNone &&
+         field.feast.family != Feast::Family::kNone;
 }
 
 std::string Replaced(std::string_view text, std::string_view anyOf, std::string_view by) {
@@ -151,7 +159,7 @@ bool EventChecks::CheckDayOnly() {
 bool EventChecks::CheckMonthAndDay() {
   date_ = WorkingDate();
   const std::string& typed = entry_.row().txtDateInput.text;
-  if (IsRowFeast(typed)) {
+  if (IsDatedFeast(typed)) {
     date_.feast = typed;
     // A feast has no year to count from.
     return !IsCounterKind(entry_.occursIndex()) || CheckYear("");

@@ -228,7 +228,8 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
   if (change.exists && change.oldContent == change.newContent) return {};
-  if (change.exists && change.rescue == RescueNeed::kDropsSomething) {
+  const bool rescues = !change.oldContent.empty() && change.rescue == RescueNeed::kDropsSomething;
+  if (rescues) {
     const std::string rescuePath = RescuePath(rescueFolder, path);
     Status status = MakeRescueCopy(files, rescuePath, change.oldContent);
     if (!status.ok()) return {std::move(status), rescuePath};
@@ -238,7 +239,9 @@ WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
   const auto beforeCommit = [&](const StagedFile& staged) {
     // Staging and noting wait for the disk, time enough for somebody else to change the file.
     Status status = CheckUntouched(files, path, before);
-    if (status.ok() && levels > 0) {
+    // There is one rescue copy only, which a backup that has to go would replace.
+    const bool rotates = levels > 0 && (change.exists || !rescues);
+    if (status.ok() && rotates) {
       RotateBackups(files, path, rescueFolder, levels, staged, change);
     }
     return status;

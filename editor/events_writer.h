@@ -59,21 +59,22 @@ enum class RescueNeed { kNone, kDropsSomething };
 
 // What is to become of the file.
 struct EventsChange {
-  std::string_view oldContent;  // as it is now; meaningless when the file does not exist
+  std::string_view oldContent;  // as it is now, or as it was when a vanished file was last read
   std::string_view newContent;
   RescueNeed rescue = RescueNeed::kNone;
   bool exists = true;
 };
 
-// Replaces the events file by the new content, after a rescue copy if one is needed and with
-// `levels` backups (0 to 8). A file that holds the new content already is left alone, backups
-// included. On failure the events file holds what it held, and nothing else than the backups has
-// changed. kBusy, with the backups as they were, when the file does not hold the old content any
-// more: the change is then to be applied to what it holds now. A file that holds the new content
-// in spite of an error is a success. A backup that cannot be made does not stop the save. Of a file
-// that does not exist the backups make room for a new backup 1 as well, of which there is none;
-// when there is but one, its content goes into the rescue copy. Where the file has to be written in
-// place, a killed save is settled by SettleInterruptedSave.
+// Replaces the events file by the new content, with `levels` backups (0 to 8) and after a rescue
+// copy of the old content if one is needed, be the file there or vanished. A file that holds the
+// new content already is left alone, backups included. On failure the events file holds what it
+// held, and nothing else than the backups has changed. kBusy, with the backups as they were, when
+// the file does not hold the old content any more: the change is then to be applied to what it
+// holds now. A file that holds the new content in spite of an error is a success. A backup that
+// cannot be made does not stop the save. Of a file that does not exist the backups make room for a
+// new backup 1 as well, of which there is none; when there is but one, its content goes into the
+// rescue copy, unless that is needed for the old content: the backups then stay. Where the file has
+// to be written in place, a killed save is settled by SettleInterruptedSave.
 [[nodiscard]] WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                                           const std::string& rescueFolder, int levels,
                                           const EventsChange& change);

@@ -268,15 +268,24 @@ bool frmEdit::eventFilter(QObject* watched, QEvent* event) {
   }
 }
 
+// A held key sends releases and presses. X11 does not always mark those that go on here after a box
+// has closed, but a repeat's press has the same time as its release.
+bool frmEdit::IsRepeat(const QKeyEvent* key) const {
+  // Events that another program makes up may have no time.
+  const bool followsItsRelease =
+      key->timestamp() != 0 && key->timestamp() == releaseTime_ && key->key() == releasedKey_;
+  return key->isAutoRepeat() || followsItsRelease;
+}
+
 bool frmEdit::KeyPressed(QObject* watched, QKeyEvent* key) {
-  if (ActsOnRelease(key->key()) && !key->isAutoRepeat() && !pressed_.contains(key->key())) {
+  if (ActsOnRelease(key->key()) && !IsRepeat(key) && !pressed_.contains(key->key())) {
     pressed_.insert(key->key(), watched);
   }
   if (watched == List1) return ListKeyPressed(key);
   if (watched == cmbPopular) return PopularKeyPressed(key);
   if (auto* const button = qobject_cast<QPushButton*>(watched)) {
     if (!IsReturn(key)) return false;
-    if (!key->isAutoRepeat()) button->click();
+    if (!IsRepeat(key)) button->click();
     return true;
   }
   // Alt with the letter of a button that cannot be pressed now is no text either.
@@ -287,6 +296,8 @@ bool frmEdit::KeyPressed(QObject* watched, QKeyEvent* key) {
 // F1, Esc and Delete act when they are let go, if they went down in this window: a key that
 // closes a message box or a drop-down list goes up here, too.
 void frmEdit::KeyReleased(QObject* watched, const QKeyEvent* key) {
+  releasedKey_ = key->key();
+  releaseTime_ = key->timestamp();
   if (key->isAutoRepeat() || !pressed_.contains(key->key())) return;
   const QObject* const wherePressed = pressed_.take(key->key());
   if (key->key() == Qt::Key_F1) Act(&EditSession::Help);
@@ -298,7 +309,7 @@ void frmEdit::KeyReleased(QObject* watched, const QKeyEvent* key) {
 
 bool frmEdit::ListKeyPressed(const QKeyEvent* key) {
   if (IsReturn(key)) {
-    if (!key->isAutoRepeat()) Act(&EditSession::ListEnterPressed);
+    if (!IsRepeat(key)) Act(&EditSession::ListEnterPressed);
     return true;
   }
   if (!IsMenuKey(key)) return false;

@@ -89,6 +89,7 @@ class frmEdit : public QWidget {
   void LayOutIdleRow(const EditorTops& tops);
   void LayOutEntryRow(const EditorTops& tops);
 
+  [[nodiscard]] bool IsRepeat(const QKeyEvent* key) const;
   bool KeyPressed(QObject* watched, QKeyEvent* key);
   void KeyReleased(QObject* watched, const QKeyEvent* key);
   bool ListKeyPressed(const QKeyEvent* key);
@@ -106,6 +107,8 @@ class frmEdit : public QWidget {
   bool rendering_ = false;
   std::uint64_t shownVersion_ = 0;  // of the list
   QHash<int, QObject*> pressed_;    // keys that go off when released, and where they went down
+  int releasedKey_ = 0;             // the last one, whatever it was pressed for
+  quint64 releaseTime_ = 0;         // when, by the keyboard's clock
 
   EventListModel* model_;
   QListView* List1;

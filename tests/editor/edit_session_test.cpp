@@ -348,6 +348,25 @@ TEST(EditSession, ARequestToAnOpenEditorWaitsForNoEntry) {
   EXPECT_EQ(session.RequestedEditLine(), -1);
 }
 
+TEST(EditSession, ARequestToAnOpenEditorLeavesTheSelectionUnlessItNamesAnEvent) {
+  EditDesk desk(kFamily);
+  EditSession& session = desk.Open();
+  session.RowSelected(3);
+  session.Request(-1, "", false);
+  EXPECT_EQ(session.selectedRow(), 3);
+  EXPECT_EQ(session.TakeFocus(), EditorFocus::kNone);
+  session.Request(99, "12.31,No such event,7,yearly", false);
+  EXPECT_EQ(session.selectedRow(), 3);
+  EXPECT_FALSE(session.isEntryUnderWay());
+  desk.files.files[kEventsPath] = "12.26,Boxing Day,7,yearly\r\n";
+  session.Request(-1, "", false);
+  EXPECT_EQ(desk.List().size(), 2U) << "the file as it is now";
+  EXPECT_EQ(session.selectedRow(), 1) << "the last row, as there is no fourth one any more";
+  session.Request(-1, "", true);
+  EXPECT_EQ(session.entryMode(), EntryMode::kAdd);
+  EXPECT_EQ(session.entry().txtDateInput.text, "12.22");
+}
+
 TEST(EditSession, ReloadingReadsTheFileUnlessAnEntryIsUnderWay) {
   EditDesk desk(kFamily);
   EditSession& session = desk.Open();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/editor/edit_desk.h"
@@ -70,17 +71,22 @@ TEST(EventChecks, AnAcceptedEntryBecomesALineOfTheFile) {
 }
 
 TEST(EventChecks, TheLeapDayCanBeGivenUp) {
-  EditDesk desk;
-  desk.Open();
-  desk.Enter(0, "2.29", "Leap");
-  desk.messages.answer = MessageAnswer::kCancel;
-  desk.session().Save();
-  ASSERT_EQ(desk.messages.boxes.size(), 1U);
-  EXPECT_EQ(desk.messages.boxes[0].text, kLeapDay);
-  EXPECT_EQ(desk.messages.boxes[0].buttons, MessageButtons::kOkCancel);
-  EXPECT_EQ(desk.messages.boxes[0].icon, MessageIcon::kNone);
-  EXPECT_TRUE(desk.session().isEntryUnderWay());
-  EXPECT_EQ(desk.file(), "");
+  for (const auto& [format, date] : std::vector<std::pair<RegionalDateFormat, std::string>>{
+           {MonthFirst(), "2.29"}, {DayFirst(), "29.02"}, {YearFirst(), "29-02"}}) {
+    SCOPED_TRACE(date);
+    EditDesk desk;
+    desk.format = format;
+    desk.Open();
+    desk.Enter(0, date, "Leap");
+    desk.messages.answer = MessageAnswer::kCancel;
+    desk.session().Save();
+    ASSERT_EQ(desk.messages.boxes.size(), 1U);
+    EXPECT_EQ(desk.messages.boxes[0].text, kLeapDay);
+    EXPECT_EQ(desk.messages.boxes[0].buttons, MessageButtons::kOkCancel);
+    EXPECT_EQ(desk.messages.boxes[0].icon, MessageIcon::kNone);
+    EXPECT_TRUE(desk.session().isEntryUnderWay());
+    EXPECT_EQ(desk.file(), "");
+  }
 }
 
 TEST(EventChecks, ADayThatTheYearOfACountLacksIsNoDate) {

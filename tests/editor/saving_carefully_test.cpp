@@ -365,17 +365,30 @@ TEST(SavingCarefully, WhateverASaveDropsIsInTheRescueCopy) {
                          {"01.01," + longTitle.substr(0, 38) + "   ,1,yearly\r\n",
                           "01.01," + longTitle.substr(0, 38) + ",1,yearly\r\n", false},
                          {"\r\n  \r\n01.01, A ,1,YEARLY\r\n", "01.01,A,1,yearly\r\n", false}}) {
-    SCOPED_TRACE(c.file);
-    EditDesk desk(c.file);
-    desk.Open();
-    desk.Enter(0, "12.31", "New");
-    desk.session().Save();
-    EXPECT_EQ(desk.file(), c.rest + "12.31,New,7,yearly\r\n");
-    EXPECT_EQ(desk.files.files.contains(kRescuePath), c.rescued);
-    if (c.rescued) {
-      EXPECT_EQ(desk.files.files[kRescuePath], c.file);
+    for (const bool vanishes : {false, true}) {
+      SCOPED_TRACE(c.file + (vanishes ? "(vanishes)" : ""));
+      EditDesk desk(c.file);
+      desk.Open();
+      desk.Enter(0, "12.31", "New");
+      if (vanishes) desk.files.files.erase(kEventsPath);
+      desk.session().Save();
+      EXPECT_EQ(desk.file(), c.rest + "12.31,New,7,yearly\r\n");
+      EXPECT_EQ(desk.files.files.contains(kRescuePath), c.rescued);
+      if (c.rescued) {
+        EXPECT_EQ(desk.files.files[kRescuePath], c.file);
+      }
     }
   }
+}
+
+TEST(SavingCarefully, AFileThatNeverWasLeavesNoRescueCopy) {
+  EditDesk desk;
+  desk.Open();
+  desk.Enter(0, "12.31", "New");
+  desk.files.files.erase(kEventsPath);
+  desk.session().Save();
+  EXPECT_EQ(desk.file(), "12.31,New,7,yearly\r\n");
+  EXPECT_FALSE(desk.files.files.contains(kRescuePath));
 }
 
 TEST(SavingCarefully, WithoutItsRescueCopyASaveDropsNothing) {

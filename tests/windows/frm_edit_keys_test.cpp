@@ -1,4 +1,5 @@
 // The keys of the events editor's window, wherever the focus is.
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QTimer>
 #include <functional>
@@ -11,10 +12,37 @@ namespace {
 
 using namespace test;
 
-// A real message box that the user closes with Esc; the key comes up again over `window`.
+enum class Held { kNot, kLong };
+
+// A key event as X11 delivers it: with the keyboard's clock, and without a mark when it repeats.
+void SendKey(QWidget* widget, QEvent::Type type, Qt::Key key, quint64 time) {
+  QKeyEvent event(type, key, Qt::NoModifier);
+  event.setTimestamp(time);
+  QCoreApplication::sendEvent(widget, &event);
+}
+
+void PressAndRelease(QWidget* widget, Qt::Key key, quint64 time) {
+  SendKey(widget, QEvent::KeyPress, key, time);
+  SendKey(widget, QEvent::KeyRelease, key, time + 80);
+}
+
+// The rest of a key that went down earlier: it repeats for a while and is then let go.
+void HoldOn(QWidget* widget, Qt::Key key, quint64 from) {
+  constexpr quint64 kHeldFor = 600;
+  constexpr quint64 kInterval = 40;
+  for (quint64 time = from; time < from + kHeldFor; time += kInterval) {
+    SendKey(widget, QEvent::KeyRelease, key, time);
+    SendKey(widget, QEvent::KeyPress, key, time);
+  }
+  SendKey(widget, QEvent::KeyRelease, key, from + kHeldFor);
+}
+
+// A real message box that the user closes with Esc; the key comes up again over `window`, after
+// some repeats when it is held.
 class EscapedMessageBox : public MessageBox {
  public:
   int shown = 0;
+  Held held = Held::kNot;
   std::function<QWidget*()> window;
 
   MessageAnswer Show(const std::string& text, MessageButtons /*buttons*/,
@@ -27,7 +55,9 @@ class EscapedMessageBox : public MessageBox {
     box.exec();
     QTimer::singleShot(0, window(), [this] {
       QWidget* const focus = window()->focusWidget();
-      QTest::keyRelease(focus ? focus : window(), Qt::Key_Escape);
+      QWidget* const target = focus ? focus : window();
+      if (held == Held::kNot) QTest::keyRelease(target, Qt::Key_Escape);
+      if (held == Held::kLong) HoldOn(target, Qt::Key_Escape, 5000);
     });
     return MessageAnswer::kOk;
   }
@@ -41,12 +71,16 @@ class FrmEditKeysTest : public QObject {
  private Q_SLOTS:
   // The slots are called by name.
   void helpsWhenF1IsLetGo();
+  void helpsOnceHoweverLongF1IsHeld();
   void cancelsWhenEscapeIsLetGo();
   void keepsTheEntryWhenEscapeClosesAMessage();
   void keepsTheEntryWhenEscapeClosesADropDown();
   void pressesButtonsByTheirAltKeys();
   void pressesNoIdleButtonDuringAnEntry();
   void pressesTheFocusedButtonByReturn();
+  void pressesTheFocusedButtonOnceHoweverLongReturnIsHeld();
+  void opensNoEventByWhatIsLeftOfAHeldReturn();
+  void asksForNoDeletionByWhatIsLeftOfAHeldDelete();
   void reachesEveryControlByTabInReadingOrder();
 };
 
@@ -63,6 +97,19 @@ void FrmEditKeysTest::helpsWhenF1IsLetGo() {
   QVERIFY(!desk.Button("cmdHelp")->isEnabled());
   QTest::keyClick(desk.Box("txtEventInput"), Qt::Key_F1);
   QCOMPARE(desk.asked.help, 3);
+}
+
+void FrmEditKeysTest::helpsOnceHoweverLongF1IsHeld() {
+  EditWindowDesk desk(kEvents);
+  desk.Open();
+  SendKey(desk.List(), QEvent::KeyPress, Qt::Key_F1, 1000);
+  HoldOn(desk.List(), Qt::Key_F1, 1500);
+  QCOMPARE(desk.asked.help, 1);
+  PressAndRelease(desk.List(), Qt::Key_F1, 3000);
+  QCOMPARE(desk.asked.help, 2);
+  // What is left of a key that closed a box of the help.
+  HoldOn(desk.List(), Qt::Key_F1, 4000);
+  QCOMPARE(desk.asked.help, 2);
 }
 
 void FrmEditKeysTest::cancelsWhenEscapeIsLetGo() {
@@ -99,6 +146,14 @@ void FrmEditKeysTest::keepsTheEntryWhenEscapeClosesAMessage() {
   QCOMPARE(box.shown, 2);
   QTest::qWait(100);
   QVERIFY(desk.Window().IsEntryUnderWay());
+
+  box.held = Held::kLong;
+  desk.Click("cmdSave");
+  QCOMPARE(box.shown, 3);
+  QTest::qWait(100);
+  QVERIFY(desk.Window().IsEntryUnderWay());
+  PressAndRelease(desk.Box("txtEventInput"), Qt::Key_Escape, 9000);
+  QVERIFY(!desk.Window().IsEntryUnderWay());
 }
 
 void FrmEditKeysTest::keepsTheEntryWhenEscapeClosesADropDown() {
@@ -111,6 +166,13 @@ void FrmEditKeysTest::keepsTheEntryWhenEscapeClosesADropDown() {
   QTest::keyPress(kinds->view(), Qt::Key_Escape);
   QTRY_VERIFY(!kinds->view()->isVisible());
   QTest::keyRelease(kinds, Qt::Key_Escape);
+  QVERIFY(desk.Window().IsEntryUnderWay());
+
+  kinds->showPopup();
+  QTRY_VERIFY(kinds->view()->isVisible());
+  QTest::keyPress(kinds->view(), Qt::Key_Escape);
+  QTRY_VERIFY(!kinds->view()->isVisible());
+  HoldOn(kinds, Qt::Key_Escape, 5000);
   QVERIFY(desk.Window().IsEntryUnderWay());
 }
 
@@ -170,6 +232,41 @@ void FrmEditKeysTest::pressesTheFocusedButtonByReturn() {
   for (const QPushButton* const button : desk.Window().findChildren<QPushButton*>()) {
     QVERIFY2(!button->isDefault(), qPrintable(button->objectName()));
   }
+}
+
+void FrmEditKeysTest::pressesTheFocusedButtonOnceHoweverLongReturnIsHeld() {
+  EditWindowDesk desk(kEvents);
+  desk.Open();
+  QPushButton* const print = desk.Button("cmdPrint");
+  SendKey(print, QEvent::KeyPress, Qt::Key_Return, 1000);
+  QCOMPARE(desk.asked.print, 1);
+  HoldOn(print, Qt::Key_Return, 1500);
+  QCOMPARE(desk.asked.print, 1);
+  HoldOn(print, Qt::Key_Enter, 4000);
+  QCOMPARE(desk.asked.print, 1);
+  PressAndRelease(print, Qt::Key_Enter, 6000);
+  QCOMPARE(desk.asked.print, 2);
+}
+
+void FrmEditKeysTest::opensNoEventByWhatIsLeftOfAHeldReturn() {
+  EditWindowDesk desk(kEvents);
+  desk.Open();
+  desk.Select(kChristmas);
+  HoldOn(desk.List(), Qt::Key_Return, 1000);
+  QVERIFY(!desk.Window().IsEntryUnderWay());
+  PressAndRelease(desk.List(), Qt::Key_Return, 3000);
+  QVERIFY(desk.Window().IsEntryUnderWay());
+}
+
+void FrmEditKeysTest::asksForNoDeletionByWhatIsLeftOfAHeldDelete() {
+  EditWindowDesk desk(kEvents);
+  desk.Open();
+  desk.Select(kChristmas);
+  HoldOn(desk.List(), Qt::Key_Delete, 1000);
+  QCOMPARE(desk.Shown(), QStringList());
+  QVERIFY(!desk.Window().IsEntryUnderWay());
+  PressAndRelease(desk.List(), Qt::Key_Delete, 3000);
+  QCOMPARE(desk.Shown(), QStringList{kDeleteChristmas});
 }
 
 void FrmEditKeysTest::reachesEveryControlByTabInReadingOrder() {
