@@ -71,6 +71,14 @@ TEST(VanishedFile, ItsOnlyBackupGoesIntoTheRescueCopy) {
   EXPECT_EQ(full.Backup(1), "backup 1") << "without its copy it stays";
 }
 
+TEST(VanishedFile, TheRescueCopyOfItsOwnBytesIsNotReplacedByABackup) {
+  EditDesk desk(kTwo + "not an event\r\n");
+  SaveVanished(desk, 1, 1);
+  EXPECT_THAT(desk.file(), HasSubstr("Summer"));
+  EXPECT_EQ(desk.files.files.at(kRescuePath), kTwo + "not an event\r\n");
+  EXPECT_EQ(desk.Backup(1), "backup 1");
+}
+
 TEST(VanishedFile, FailedSavesPushNoBackupOut) {
   EditDesk desk(kTwo);
   desk.files.commitFailures[kEventsPath] = StatusKind::kInputOutput;
