@@ -248,6 +248,7 @@ void YearWithTheProgramTest::LiveTheDay(Run& run, House& house, CivilDate today,
   } else if (today == On(2015, 6, 25)) {
     run.DoubleClick("Wedding");
     run.Type("txtEventInput", QStringLiteral("Our wedding"));
+    run.GiveKeyboard();
     QTest::keyClick(run.Editor().focusWidget(), Qt::Key_S, Qt::AltModifier);
     QTRY_VERIFY(!run.IsEntryUnderWay());
     run.CloseEditor();

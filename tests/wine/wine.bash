@@ -25,8 +25,6 @@ prepare_windows() {
   export DBUS_SESSION_BUS_ADDRESS=unix:path=$scratch/nowhere XDG_RUNTIME_DIR=$scratch/run
   mkdir -m 700 "$XDG_RUNTIME_DIR"
   wine_run cmd /c exit >"$scratch/wine.log" 2>&1 || fail 'Wine does not start'
-  # The fonts that a Windows has, which Debian's Wine does not look for in its own folder.
-  cp /usr/share/wine/fonts/*.ttf "$drive/windows/Fonts/"
   # A prompt that waits for input as long as the test runs.
   mkfifo "$scratch/input"
   exec 8<>"$scratch/input"
