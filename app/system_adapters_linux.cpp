@@ -1,9 +1,11 @@
 #include <QApplication>
 #include <algorithm>
+#include <cstdio>
 #include <string_view>
 #include <utility>
 
 #include "app/system_adapters.h"
+#include "app/words_to_caller.h"
 #include "platform/qt/display.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
@@ -23,8 +25,9 @@ void PrepareDesktop(int argc, char** argv, WindowPlaces places) {
   if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return;
   const bool hasDesktop = HasDisplay();
   const bool needsNone = std::any_of(argv + 1, argv + argc, [=](std::string_view argument) {
-    return argument == "--help" || argument == "-h" || argument == "--version" ||
-           argument == "-v" || (!hasDesktop && argument.starts_with("--grab"));
+    return argument == "--help" || argument == "-h" || argument == "--help-all" ||
+           argument == "--version" || argument == "-v" ||
+           (!hasDesktop && argument.starts_with("--grab"));
   });
   isOwnChoice = needsNone || places == WindowPlaces::kProgram;
   if (!isOwnChoice) return;
@@ -35,6 +38,17 @@ void PrepareDesktop(int argc, char** argv, WindowPlaces places) {
 
 void SettleDesktop(QCoreApplication& /*application*/) {
   if (isOwnChoice) qunsetenv("QT_QPA_PLATFORM");
+}
+
+bool Tell(const std::string& text) {
+  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
+         std::fflush(stdout) == 0;
+}
+
+void TellRefusal(const std::string& line) {
+  const std::string whole = line + "\n";
+  // Nobody is left to hear that standard error is closed.
+  static_cast<void>(std::fwrite(whole.data(), 1, whole.size(), stderr));
 }
 
 ProgramTray MakeProgramTray() {

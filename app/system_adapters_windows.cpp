@@ -1,17 +1,18 @@
-#include <windows.h>
-
 #include <QApplication>
 #include <array>
 #include <cstdio>
 #include <utility>
 
 #include "app/system_adapters.h"
+#include "app/words_to_caller.h"
 #include "platform/system.h"
 #include "platform/windows/qt_shell_notification_area.h"
 #include "platform/windows/qt_topmost_windows.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_ports.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_sound_player.h"
+#include "platform/windows/windows_text.h"
 
 namespace tidewarden {
 namespace {
@@ -35,6 +36,16 @@ void UseConsoleOfCaller() {
   }
 }
 
+// Writes to a stream; in a box where the program was started without it.
+bool TellOn(FILE* stream, const std::string& text, UINT icon) {
+  if (::_fileno(stream) < 0) {
+    ::MessageBoxW(nullptr, Wide(text).c_str(), L"Tidewarden", MB_OK | MB_SETFOREGROUND | icon);
+    return true;
+  }
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+         std::fflush(stream) == 0;
+}
+
 }  // namespace
 
 void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
@@ -47,6 +58,15 @@ void PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
 void SettleDesktop(QCoreApplication& application) {
   // Belongs to the application.
   new QtTopmostWindows(application);
+}
+
+bool Tell(const std::string& text) {
+  return TellOn(stdout, text, MB_ICONINFORMATION);
+}
+
+void TellRefusal(const std::string& line) {
+  // Nobody is left to hear that standard error cannot be written.
+  static_cast<void>(TellOn(stderr, line + "\n", MB_ICONEXCLAMATION));
 }
 
 ProgramTray MakeProgramTray() {

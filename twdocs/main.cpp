@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <QUrl>
 
+#include "app/system_adapters.h"
 #include "core/file_system.h"
 #include "guide/frm_docs.h"
 #include "platform/qt/display.h"
@@ -52,6 +53,7 @@ int Run(const Arguments& arguments, const Guide& guide) {
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
+  PrepareDesktop(argc, argv, WindowPlaces::kDesktop);
   const bool onlyTells = OnlyTells(argc, argv);
   if (!onlyTells && !HasDisplay()) {
     Complain(QStringLiteral(
@@ -62,7 +64,8 @@ int main(int argc, char** argv) {
   if (onlyTells && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
-  const QApplication app(argc, argv);
+  QApplication app(argc, argv);
+  SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("twdocs"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   // It belongs to the entry of the reminder in the desktop's menu.

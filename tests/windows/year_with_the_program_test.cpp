@@ -92,7 +92,8 @@ class Run {
   // Without a window manager nobody hands the keyboard on.
   void GiveKeyboard() {
     Editor().activateWindow();
-    QTRY_VERIFY(Editor().isActiveWindow());
+    QTRY_VERIFY(Editor().isActiveWindow() &&
+                QGuiApplication::focusWindow() == Editor().windowHandle());
   }
   void OpenEditor() {
     QTest::mouseClick(Find<QPushButton>(*window_, "cmdGoToEdit"), Qt::LeftButton);

@@ -34,15 +34,8 @@ prepare_windows() {
 
 prepare_screen() {
   needs Xvfb openbox xdotool xprop xwininfo
-  Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/xvfb.log" &
-  processes+=($!)
-  until_true 'no X server' eval '[ "$(wc -l <"$scratch/display")" -eq 1 ]'
-  DISPLAY=:$(cat "$scratch/display")
-  export DISPLAY
-  openbox >"$scratch/openbox.log" 2>&1 &
-  processes+=($!)
-  until_true 'no window manager' \
-    sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
+  start_x
+  start_window_manager
 }
 
 # Keeps a picture of the screen for whoever wants to look at it: picture NAME
