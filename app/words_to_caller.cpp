@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QSysInfo>
 
 namespace tidewarden {
 
@@ -10,12 +11,14 @@ std::optional<int> AnswerAboutProgram(QCommandLineParser& parser) {
   const auto asks = [&parser](const char* option) {
     return parser.isSet(QString::fromLatin1(option));
   };
-  if (asks("help-all")) {
-    // Only Qt can tell its own options, and it ends the program.
+  const bool asksForHelp = asks("help") || asks("help-all");
+  // Only Qt can tell its own options, and it ends the program; but on Windows it would show a box
+  // to press OK in to a waiting script, too.
+  if (asks("help-all") && QSysInfo::kernelType() != QStringLiteral("winnt")) {
     parser.process({QCoreApplication::applicationFilePath(), QStringLiteral("--help-all")});
   }
   std::string text;
-  if (asks("help")) {
+  if (asksForHelp) {
     text = parser.helpText().toStdString();
   } else if (asks("version")) {
     text = QCoreApplication::applicationName().toStdString() + " " +

@@ -18,8 +18,8 @@ namespace tidewarden {
 // Windows in a box when there is none.
 void TellRefusal(const std::string& line);
 
-// Answers --help, --help-all and --version of a parsed command line. An exit code, 0 or 4 (not
-// written), when there was one of them to answer.
+// Answers --help, --help-all (on Windows the same as --help) and --version of a parsed command
+// line. An exit code, 0 or 4 (not written), when there was one of them to answer.
 [[nodiscard]] std::optional<int> AnswerAboutProgram(QCommandLineParser& parser);
 
 }  // namespace tidewarden
