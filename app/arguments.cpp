@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "app/start_clock.h"
+#include "app/words_to_caller.h"
 #include "dates/regional_text.h"
 
 namespace tidewarden {
@@ -25,25 +26,17 @@ constexpr std::array<Option, 6> kOptions{
      {"short-date", "Write dates like this, for example dd.MM.yyyy.", "pattern"},
      {"grab", "Write a picture of the reminder window and end.", "FILE.png"}}};
 
-// Where Qt sees no console it would show a box to press OK in, to a waiting script too; a box is
-// for those alone who have no standard output.
-void ShowHelp(QCommandLineParser& parser) {
-  const std::string text = parser.helpText().toStdString();
-  if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) parser.showHelp(kDone);
-}
-
-void ShowVersion(QCommandLineParser& parser) {
-  const std::string text = QCoreApplication::applicationName().toStdString() + " " +
-                           QCoreApplication::applicationVersion().toStdString() + "\n";
-  if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) parser.showVersion();
-}
-
 }  // namespace
 
 void Complain(const std::string& text) {
   const std::string line = "tidewarden: " + text + "\n";
   // Nobody is left to hear that standard error is closed.
   static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
+}
+
+ExitCode Refuse(ExitCode code, const std::string& text) {
+  TellRefusal("tidewarden: " + text);
+  return code;
 }
 
 std::optional<ExitCode> ReadArguments(Arguments& out) {
@@ -56,28 +49,18 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
                       QString::fromLatin1(option.value)});
   }
   if (!parser.parse(QCoreApplication::arguments())) {
-    Complain(parser.errorText().toStdString() + "; --help tells what there is");
-    return kUsage;
+    return Refuse(kUsage, parser.errorText().toStdString() + "; --help tells what there is");
   }
-  if (parser.isSet(QStringLiteral("help"))) {
-    ShowHelp(parser);
-    return kDone;
-  }
-  if (parser.isSet(QStringLiteral("version"))) {
-    ShowVersion(parser);
-    return kDone;
-  }
+  if (const auto code = AnswerAboutProgram(parser)) return static_cast<ExitCode>(*code);
   if (!parser.positionalArguments().isEmpty()) {
-    Complain("\"" + parser.positionalArguments().constFirst().toStdString() +
-             "\" is not an option; an events file is named by --file");
-    return kUsage;
+    return Refuse(kUsage, "\"" + parser.positionalArguments().constFirst().toStdString() +
+                              "\" is not an option; an events file is named by --file");
   }
   const auto value = [&](const char* name) { return parser.value(QString::fromLatin1(name)); };
   for (const Option& option : kOptions) {
     // An empty text is more likely a slip in a script than an option left out on purpose.
     if (parser.isSet(QString::fromLatin1(option.name)) && value(option.name).isEmpty()) {
-      Complain(std::string("--") + option.name + " must not be empty");
-      return kUsage;
+      return Refuse(kUsage, std::string("--") + option.name + " must not be empty");
     }
   }
   out.file = value("file");
@@ -89,12 +72,10 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
   out.today = ReadIsoDate(today);
   out.now = ReadStartTime(now);
   if (!today.empty() && (!out.today || YearOf(*out.today) < 1 || YearOf(*out.today) >= kLastYear)) {
-    Complain("--today takes a date such as 2026-12-31, not \"" + today + "\"");
-    return kUsage;
+    return Refuse(kUsage, "--today takes a date such as 2026-12-31, not \"" + today + "\"");
   }
   if (!now.empty() && !out.now) {
-    Complain("--now takes a time such as 08:30, not \"" + now + "\"");
-    return kUsage;
+    return Refuse(kUsage, "--now takes a time such as 08:30, not \"" + now + "\"");
   }
   return std::nullopt;
 }

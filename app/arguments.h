@@ -27,4 +27,8 @@ struct Arguments {
 // A line on standard error, with the program's name in front.
 void Complain(const std::string& text);
 
+// The same for a reason to end at once, which reaches people without a standard error, too. Gives
+// `code` back.
+ExitCode Refuse(ExitCode code, const std::string& text);
+
 }  // namespace tidewarden

@@ -8,6 +8,7 @@
 
 #include "alarm/frm_alarm.h"
 #include "app/order_page.h"
+#include "app/words_to_caller.h"
 #include "core/ini_settings_store.h"
 #include "core/skin.h"
 #include "editor/launchers.h"
@@ -100,6 +101,7 @@ int Desktop::Run() {
 }
 
 int Desktop::ShowWindows() {
+  LeaveCaller();
   frmReminder window(session_);
   ConnectTray(window);
   const QtScreenWatch screens;
@@ -193,8 +195,7 @@ std::optional<ExitCode> Desktop::LookAtSettings() {
   const Status status = settings_->Read("Settings", "Path", anyValue);
   if (status.ok()) return std::nullopt;
   if (!arguments_.settings.isEmpty()) {
-    Complain(arguments_.settings.toStdString() + ": " + DescribeStatus(status));
-    return kCannotRead;
+    return Refuse(kCannotRead, arguments_.settings.toStdString() + ": " + DescribeStatus(status));
   }
   Complain("your settings cannot be read, so the defaults are used: " + DescribeStatus(status));
   return std::nullopt;
@@ -206,9 +207,9 @@ std::optional<ExitCode> Desktop::LookAtLayout() {
       DetectRegionalDateFormat(formats_->ShortDate(kProbeDate), *formats_)) {
     return std::nullopt;
   }
-  Complain("--short-date \"" + arguments_.shortDate.toStdString() +
-           "\" is not supported; use day, month and year in digits, such as MM/dd/yyyy");
-  return kUsage;
+  return Refuse(kUsage,
+                "--short-date \"" + arguments_.shortDate.toStdString() +
+                    "\" is not supported; use day, month and year in digits, such as MM/dd/yyyy");
 }
 
 int Desktop::Grab() {

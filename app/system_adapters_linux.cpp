@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <cstdio>
 #include <utility>
 
 #include "app/system_adapters.h"
+#include "app/words_to_caller.h"
 #include "platform/qt/display.h"
 #include "platform/qt/qt_notification_area.h"
 #include "platform/qt/qt_ports.h"
@@ -33,6 +35,19 @@ bool PrepareDesktop(int argc, char** argv, WindowPlaces places) {
 void SettleDesktop(QCoreApplication& /*application*/) {
   if (isOwnChoice) qunsetenv("QT_QPA_PLATFORM");
 }
+
+bool Tell(const std::string& text) {
+  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
+         std::fflush(stdout) == 0;
+}
+
+void TellRefusal(const std::string& line) {
+  const std::string whole = line + "\n";
+  // Nobody is left to hear that standard error is closed.
+  static_cast<void>(std::fwrite(whole.data(), 1, whole.size(), stderr));
+}
+
+void LeaveCaller() {}
 
 ProgramTray MakeProgramTray() {
   auto area = std::make_unique<QtNotificationArea>(QtHasTray);

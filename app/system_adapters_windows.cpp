@@ -1,5 +1,3 @@
-#include <windows.h>
-
 #include <QApplication>
 #include <QFont>
 #include <array>
@@ -7,12 +5,16 @@
 #include <utility>
 
 #include "app/system_adapters.h"
+#include "app/words_to_caller.h"
 #include "platform/system.h"
 #include "platform/windows/qt_shell_notification_area.h"
 #include "platform/windows/qt_topmost_windows.h"
+#include "platform/windows/windows_api.h"
 #include "platform/windows/windows_ports.h"
+#include "platform/windows/windows_process.h"
 #include "platform/windows/windows_shell.h"
 #include "platform/windows/windows_sound_player.h"
+#include "platform/windows/windows_text.h"
 
 namespace tidewarden {
 namespace {
@@ -36,6 +38,16 @@ void UseConsoleOfCaller() {
   }
 }
 
+// Writes to a stream; in a box where the program was started without it.
+bool TellOn(FILE* stream, const std::string& text, UINT icon) {
+  if (::_fileno(stream) < 0) {
+    ::MessageBoxW(nullptr, Wide(text).c_str(), L"Tidewarden", MB_OK | MB_SETFOREGROUND | icon);
+    return true;
+  }
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+         std::fflush(stream) == 0;
+}
+
 }  // namespace
 
 bool PrepareDesktop(int /*argc*/, char** /*argv*/, WindowPlaces /*places*/) {
@@ -53,6 +65,20 @@ void SettleDesktop(QCoreApplication& application) {
   // has the same letters in outlines.
   QFont::insertSubstitution(QStringLiteral("MS Sans Serif"),
                             QStringLiteral("Microsoft Sans Serif"));
+}
+
+bool Tell(const std::string& text) {
+  return TellOn(stdout, text, MB_ICONINFORMATION);
+}
+
+void TellRefusal(const std::string& line) {
+  // Nobody is left to hear that standard error cannot be written.
+  static_cast<void>(TellOn(stderr, line + "\n", MB_ICONEXCLAMATION));
+}
+
+void LeaveCaller() {
+  RestoreConsole();
+  ::FreeConsole();
 }
 
 ProgramTray MakeProgramTray() {

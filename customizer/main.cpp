@@ -14,6 +14,7 @@
 
 #include "app/start_clock.h"
 #include "app/system_adapters.h"
+#include "app/words_to_caller.h"
 #include "core/ini_settings_store.h"
 #include "customizer/frm_customizer.h"
 #include "customizer/options_session.h"
@@ -126,12 +127,11 @@ std::optional<ExitCode> ReadArguments(Arguments& out) {
   if (!parser.parse(QCoreApplication::arguments())) {
     fault = parser.errorText().toStdString();
   } else {
-    if (parser.isSet(QStringLiteral("help"))) parser.showHelp(kDone);
-    if (parser.isSet(QStringLiteral("version"))) parser.showVersion();
+    if (const auto code = AnswerAboutProgram(parser)) return static_cast<ExitCode>(*code);
     fault = ReadTexts(parser, out);
   }
   if (fault.empty()) return std::nullopt;
-  Complain(fault + "; --help tells what there is");
+  TellRefusal("customizer: " + fault + "; --help tells what there is");
   return kUsage;
 }
 
@@ -162,6 +162,7 @@ class Customizer {
     window.show();
     if (!arguments_.grab.isEmpty()) return Grab(window);
     QObject::connect(&window, &frmCustomizer::Ended, [] { QApplication::exit(kDone); });
+    LeaveCaller();
     return QApplication::exec();
   }
 

@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kTextSize = 12;  // pixels: what has a fixed place must have a fixed size
 constexpr int kLabelSize = 11;
+constexpr int kSmallestSize = 9;
 constexpr int kSymbolSize = 24;
 constexpr int kSmallSymbolSize = 16;
 
@@ -28,7 +29,7 @@ constexpr int kMargin = 120;
 constexpr int kInnerWidth = kEditorWidth - 2 * kMargin;
 constexpr int kIdleButtonHeight = 735;
 constexpr int kBoxHeight = 360;
-constexpr int kLabelHeight = 210;
+constexpr int kLabelHeight = 240;
 constexpr int kSaveButtonHeight = 495;
 
 QFont TextFont(int size) {
@@ -37,9 +38,14 @@ QFont TextFont(int size) {
   return font;
 }
 
-// A font of a few sizes, the narrower the less room there is.
-QFont FittingFont(const QString& text, int room, int largest) {
+// A font of a few sizes, the narrower the less room there is. Some desktops' fonts have lines that
+// are higher than the place of a label.
+QFont FittingFont(const QString& text, QSize place, int largest) {
+  const int room = place.width();
   QFont font = TextFont(largest);
+  const auto isTooHigh = [&font, place] { return QFontMetrics(font).height() > place.height(); };
+  while (isTooHigh() && font.pixelSize() > kSmallestSize) font.setPixelSize(font.pixelSize() - 1);
+  largest = font.pixelSize();
   for (const int size : {largest, largest - 1}) {
     font.setPixelSize(size);
     for (const int stretch : {100, 95, 90}) {
@@ -287,12 +293,13 @@ void frmEdit::LayOutEntryRow(const EditorTops& tops) {
   PlaceAt(lblDateExample, 420, tops.lblDateExample, 2700, kLabelHeight);
 
   for (QLabel* const label : {lblEvent, lblDate, lblAdvance, lblOccurs, lblEvery, lblDays}) {
-    SetFont(label, FittingFont(label->text(), label->width(), kLabelSize));
+    SetFont(label, FittingFont(label->text(), label->size(), kLabelSize));
   }
   // The frame of the box and the room for its caret.
   constexpr int kPlainFrame = 9;
   constexpr int kSkinnedFrame = 15;
-  const int room = txtDateInput->width() - (Skinned ? kSkinnedFrame : kPlainFrame);
+  const QSize room(txtDateInput->width() - (Skinned ? kSkinnedFrame : kPlainFrame),
+                   txtDateInput->height());
   SetFont(txtDateInput, FittingFont(LongestDate(maxLength), room, kTextSize));
 }
 

@@ -43,15 +43,20 @@ DocsRows::DocsRows(QListWidget* list) : QStyledItemDelegate(list), list_(list) {
 
 void DocsRows::paint(QPainter* painter, const QStyleOptionViewItem& option,
                      const QModelIndex& index) const {
-  // The style draws selection and focus, in its own way.
+  // The style draws the focus in its own way. A selected row has the desktop's colours for it:
+  // Windows' style has a pale colour of its own, on which the text would vanish.
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   QStyleOptionViewItem background = option;
   initStyleOption(&background, index);
   background.text.clear();
+  if (isSelected) {
+    background.state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
+    background.backgroundBrush = option.palette.brush(QPalette::Highlight);
+  }
   const QStyle* style = list_->style();
   style->drawControl(QStyle::CE_ItemViewItem, &background, painter, list_);
 
   const RowLayout row = LayOut(option.font, index, option.rect.topLeft(), option.rect.width());
-  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
   painter->save();
   painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
   painter->setFont(row.titleFont);

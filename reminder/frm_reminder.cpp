@@ -297,7 +297,8 @@ void frmReminder::LayOut() {
   int bottom = height() - kMargin;
   if (!txtDailyQuote->isHidden()) {
     // A low window keeps one row of the list.
-    const int oneRow = List1->fontMetrics().height() + 2 * List1->frameWidth();
+    const int row = std::max(List1->fontMetrics().height(), List1->sizeHintForRow(0));
+    const int oneRow = row + 2 * List1->frameWidth();
     const int room = bottom - kMargin - oneRow - kGap - rowHeight - kGap;
     const int quoteHeight = std::clamp(room, 0, kQuoteHeight);
     txtDailyQuote->setGeometry(kMargin, bottom - quoteHeight, right - kMargin, quoteHeight);

@@ -3,18 +3,39 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
 
 #include "reminder/frm_reminder_look.h"
 
 namespace tidewarden {
+namespace {
+
+// A selected row has the list's colours the other way round under every style; that of Windows has
+// a pale colour of its own for it.
+class ListRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!option->state.testFlag(QStyle::State_Selected)) return;
+    option->state &= ~(QStyle::State_Selected | QStyle::State_MouseOver);
+    option->backgroundBrush = option->palette.brush(QPalette::Highlight);
+    option->palette.setBrush(QPalette::Text, option->palette.brush(QPalette::HighlightedText));
+  }
+};
+
+}  // namespace
 
 ReminderListView::ReminderListView(QWidget* parent) : QListView(parent) {
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setLayoutMode(QListView::Batched);
   setContextMenuPolicy(Qt::NoContextMenu);
+  setItemDelegate(new ListRows(this));
 }
 
 int ReminderListView::SelectedRow() const {

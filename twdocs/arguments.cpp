@@ -4,13 +4,14 @@
 #include <QCoreApplication>
 #include <cstdio>
 
+#include "app/words_to_caller.h"
+
 namespace tidewarden {
 namespace {
 
-bool Print(const QString& text, std::FILE* where) {
-  const QByteArray bytes = text.toUtf8();
-  const auto size = static_cast<std::size_t>(bytes.size());
-  return std::fwrite(bytes.constData(), 1, size, where) == size && std::fflush(where) == 0;
+ExitCode Refuse(ExitCode code, const QString& text) {
+  TellRefusal("twdocs: " + text.toStdString());
+  return code;
 }
 
 ExitCode ListTopics(const Guide& guide) {
@@ -19,16 +20,17 @@ ExitCode ListTopics(const Guide& guide) {
     text += QString::fromStdString(topic.name).leftJustified(16) + QLatin1Char(' ') +
             QString::fromStdString(topic.title) + QLatin1Char('\n');
   }
-  if (Print(text, stdout)) return kDone;
-  Complain(QStringLiteral("standard output cannot be written"));
-  return kCannotWrite;
+  if (Tell(text.toStdString())) return kDone;
+  return Refuse(kCannotWrite, QStringLiteral("standard output cannot be written"));
 }
 
 }  // namespace
 
 void Complain(const QString& text) {
+  const QByteArray line = QStringLiteral("twdocs: %1\n").arg(text).toUtf8();
   // Nobody is left to hear that standard error is closed.
-  static_cast<void>(Print(QStringLiteral("twdocs: %1\n").arg(text), stderr));
+  static_cast<void>(
+      std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr));
 }
 
 std::optional<ExitCode> ReadArguments(const Guide& guide, Arguments& out) {
@@ -47,20 +49,17 @@ std::optional<ExitCode> ReadArguments(const Guide& guide, Arguments& out) {
                                               "options#files-and-backups; else at the contents."),
                                QStringLiteral("[topic]"));
   if (!parser.parse(QCoreApplication::arguments())) {
-    Complain(parser.errorText() + QStringLiteral("; --help tells what there is"));
-    return kUsage;
+    return Refuse(kUsage, parser.errorText() + QStringLiteral("; --help tells what there is"));
   }
-  if (parser.isSet(QStringLiteral("help"))) parser.showHelp(kDone);
-  if (parser.isSet(QStringLiteral("version"))) parser.showVersion();
+  if (const auto code = AnswerAboutProgram(parser)) return static_cast<ExitCode>(*code);
   if (parser.isSet(listTopics)) return ListTopics(guide);
   if (parser.positionalArguments().size() > 1) {
-    Complain(QStringLiteral("one topic at a time; --list-topics tells which there are"));
-    return kUsage;
+    return Refuse(kUsage,
+                  QStringLiteral("one topic at a time; --list-topics tells which there are"));
   }
   // An empty text is more likely a slip in a script than an option left out on purpose.
   if (parser.isSet(grab) && parser.value(grab).isEmpty()) {
-    Complain(QStringLiteral("--grab must not be empty"));
-    return kUsage;
+    return Refuse(kUsage, QStringLiteral("--grab must not be empty"));
   }
   out.topic = parser.positionalArguments().value(0);
   out.grab = parser.value(grab);

@@ -5,6 +5,8 @@
 #include <QPixmap>
 #include <QUrl>
 
+#include "app/system_adapters.h"
+#include "app/words_to_caller.h"
 #include "core/file_system.h"
 #include "core/settings_store.h"
 #include "core/skin.h"
@@ -71,6 +73,7 @@ int Run(const Arguments& arguments, const Guide& guide) {
   window.ApplySkin(SkinOfTheWindows(*files));
   if (!arguments.grab.isEmpty()) return Grab(window, arguments.grab, *files);
   window.show();
+  LeaveCaller();
   return QApplication::exec();
 }
 
@@ -79,17 +82,14 @@ int Run(const Arguments& arguments, const Guide& guide) {
 
 int main(int argc, char** argv) {
   using namespace tidewarden;
-  const bool worksOffscreen = WorksOffscreen(argc, argv);
-  if (!worksOffscreen && !HasDisplay()) {
+  if (!PrepareDesktop(argc, argv, WindowPlaces::kDesktop)) {
     Complain(QStringLiteral(
         "there is no display to open a window on; the manual pages tell the same: man tidewarden, "
         "man tidewarden-cli, man tidewarden-dates, man tidewarden-settings"));
     return kNoDisplay;
   }
-  if (worksOffscreen && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-  }
-  const QApplication app(argc, argv);
+  QApplication app(argc, argv);
+  SettleDesktop(app);
   QCoreApplication::setApplicationName(QStringLiteral("twdocs"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TIDEWARDEN_VERSION));
   // It belongs to the entry of the reminder in the desktop's menu.

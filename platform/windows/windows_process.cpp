@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/windows/windows_api.h"
 #include "platform/windows/windows_text.h"
@@ -16,10 +17,6 @@ namespace tidewarden {
 namespace {
 
 UINT formerCodePage = 0;
-
-void RestoreCodePage() {
-  ::SetConsoleOutputCP(formerCodePage);
-}
 
 bool IsConsole(DWORD stream) {
   DWORD mode = 0;
@@ -42,8 +39,12 @@ void UseUtf8Streams() {
   if (!IsConsole(STD_OUTPUT_HANDLE) && !IsConsole(STD_ERROR_HANDLE)) return;
   formerCodePage = ::GetConsoleOutputCP();
   if (::SetConsoleOutputCP(CP_UTF8) != 0 && formerCodePage != 0) {
-    static_cast<void>(std::atexit(RestoreCodePage));
+    static_cast<void>(std::atexit(RestoreConsole));
   }
+}
+
+void RestoreConsole() {
+  if (formerCodePage != 0) ::SetConsoleOutputCP(std::exchange(formerCodePage, 0));
 }
 
 std::vector<std::string> CommandLineArguments() {

@@ -14,6 +14,9 @@ void LoadOnlySystemLibraries();
 // and a console shows them as UTF-8. The console has its own code page back when the program ends.
 void UseUtf8Streams();
 
+// The console has its own code page back already now, for a program that goes on without it.
+void RestoreConsole();
+
 // The command line in UTF-8, the program's name first.
 [[nodiscard]] std::vector<std::string> CommandLineArguments();
 

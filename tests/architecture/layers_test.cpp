@@ -46,7 +46,8 @@ const std::map<std::string, std::set<std::string>> kMayUse = {
     {"cli",
      {"alarm", "core", "dates", "editor", "generated", "libraries", "platform", "platform/memory",
       "reminder"}},
-    {"twdocs", {"core", "dates", "generated", "guide", "platform", "platform/qt", "windows"}},
+    {"twdocs",
+     {"app", "core", "dates", "generated", "guide", "platform", "platform/qt", "windows"}},
 };
 
 const std::set<std::string> kEngine = {"dates", "core", "reminder", "editor", "alarm", "guide"};

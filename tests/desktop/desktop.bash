@@ -81,9 +81,9 @@ prepare() {
   printf '11.26,Thanksgiving,14,yearly\r\n11.20,Choir practice,0,yearly\r\n' >"$scratch/dates.txt"
 }
 
-# An X server without a screen; exports DISPLAY.
+# An X server without a screen, of 1280x800 pixels or of another size; exports DISPLAY.
 start_x() {
-  Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$scratch/display" \
+  Xvfb -displayfd 3 -screen 0 "${1:-1280x800}x24" -nolisten tcp 3>"$scratch/display" \
     2>"$scratch/xvfb.log" &
   processes+=($!)
   # The number is whole once its line has ended.

@@ -66,6 +66,10 @@ void AddLooks() {
 }
 
 void Dress(frmAlarm& window, bool skinned, const QPalette& desktop) {
+  // Windows' own style draws buttons in the colours of the system, not in those of a palette.
+  if (desktop.color(QPalette::Window).lightness() < 128) {
+    QApplication::setStyle(QStringLiteral("Fusion"));
+  }
   QApplication::setPalette(desktop);
   if (!skinned) return;
   QFile file(QString::fromStdString((SourceFolder() / "skin/winaqua.skn").string()));

@@ -5,6 +5,7 @@
 #include <QSignalSpy>
 
 #include <algorithm>
+#include <cstddef>
 
 #include "alarm/frm_alarm.h"
 #include "tests/windows/reminder_world.h"
@@ -54,10 +55,10 @@ struct Desk {
   [[nodiscard]] QString Message() const {
     return alarm->findChild<QLabel*>(QStringLiteral("lblAlarmMessage"))->text();
   }
-  [[nodiscard]] long Calls(const std::string& call) const {
+  [[nodiscard]] std::ptrdiff_t Calls(const std::string& call) const {
     return std::count(world.sound.calls.begin(), world.sound.calls.end(), call);
   }
-  [[nodiscard]] long Sounds() const { return Calls("wave " + std::string(kSound)); }
+  [[nodiscard]] std::ptrdiff_t Sounds() const { return Calls("wave " + std::string(kSound)); }
 };
 
 }  // namespace

@@ -92,7 +92,8 @@ class Run {
   // Without a window manager nobody hands the keyboard on.
   void GiveKeyboard() {
     Editor().activateWindow();
-    QTRY_VERIFY(Editor().isActiveWindow());
+    QTRY_VERIFY(Editor().isActiveWindow() &&
+                QGuiApplication::focusWindow() == Editor().windowHandle());
   }
   void OpenEditor() {
     QTest::mouseClick(Find<QPushButton>(*window_, "cmdGoToEdit"), Qt::LeftButton);
@@ -248,6 +249,7 @@ void YearWithTheProgramTest::LiveTheDay(Run& run, House& house, CivilDate today,
   } else if (today == On(2015, 6, 25)) {
     run.DoubleClick("Wedding");
     run.Type("txtEventInput", QStringLiteral("Our wedding"));
+    run.GiveKeyboard();
     QTest::keyClick(run.Editor().focusWidget(), Qt::Key_S, Qt::AltModifier);
     QTRY_VERIFY(!run.IsEntryUnderWay());
     run.CloseEditor();

@@ -25,8 +25,6 @@ prepare_windows() {
   export DBUS_SESSION_BUS_ADDRESS=unix:path=$scratch/nowhere XDG_RUNTIME_DIR=$scratch/run
   mkdir -m 700 "$XDG_RUNTIME_DIR"
   wine_run cmd /c exit >"$scratch/wine.log" 2>&1 || fail 'Wine does not start'
-  # The fonts that a Windows has, which Debian's Wine does not look for in its own folder.
-  cp /usr/share/wine/fonts/*.ttf "$drive/windows/Fonts/"
   # A prompt that waits for input as long as the test runs.
   mkfifo "$scratch/input"
   exec 8<>"$scratch/input"
@@ -36,15 +34,8 @@ prepare_windows() {
 
 prepare_screen() {
   needs Xvfb openbox xdotool xprop xwininfo
-  Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/xvfb.log" &
-  processes+=($!)
-  until_true 'no X server' eval '[ "$(wc -l <"$scratch/display")" -eq 1 ]'
-  DISPLAY=:$(cat "$scratch/display")
-  export DISPLAY
-  openbox >"$scratch/openbox.log" 2>&1 &
-  processes+=($!)
-  until_true 'no window manager' \
-    sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
+  start_x
+  start_window_manager
 }
 
 # Keeps a picture of the screen for whoever wants to look at it: picture NAME
