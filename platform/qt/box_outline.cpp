@@ -8,7 +8,7 @@
 namespace tidewarden {
 namespace {
 
-const auto kFusion = QStringLiteral("fusion");
+constexpr char kFusion[] = "fusion";
 
 // Half way between the window and its text.
 QColor OutlineColour(const QPalette& palette) {
@@ -20,7 +20,9 @@ QColor OutlineColour(const QPalette& palette) {
 
 class OutlinedBoxes : public QProxyStyle {
  public:
-  OutlinedBoxes() : QProxyStyle(kFusion) { setObjectName(kFusion); }
+  OutlinedBoxes() : QProxyStyle(QString::fromLatin1(kFusion)) {
+    setObjectName(QString::fromLatin1(kFusion));
+  }
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
@@ -42,7 +44,8 @@ class OutlinedBoxes : public QProxyStyle {
 }  // namespace
 
 void OutlineCheckBoxes(QApplication& /*application*/) {
-  if (QApplication::style()->objectName().compare(kFusion, Qt::CaseInsensitive) != 0) return;
+  if (QApplication::style()->objectName().compare(QLatin1String(kFusion), Qt::CaseInsensitive) != 0)
+    return;
   QApplication::setStyle(new OutlinedBoxes);
 }
 
