@@ -87,7 +87,8 @@ void frmAlarm::SetUpControls() {
   cmdOK->setObjectName(QStringLiteral("cmdOK"));
   cmdOK->setText(tr("OK"));
   cmdOK->setAccessibleName(tr("OK, I have read the alarm messages"));
-  cmdOK->setAutoDefault(false);
+  // Return presses it where it has the focus, and only there.
+  cmdOK->setAutoDefault(true);
 }
 
 void frmAlarm::ApplySkin(const QString& styleSheet) {

@@ -70,6 +70,7 @@ void frmReminder::MakeControls() {
   cmdGoToEdit->setText(tr("&EDIT"));
   cmdGoToEdit->setToolTip(tr("Open the Events Editor (Alt + E)"));
   cmdGoToEdit->setAccessibleName(tr("Open the events editor"));
+  cmdGoToEdit->setAutoDefault(true);
 
   cmdTray->setObjectName(QStringLiteral("cmdTray"));
   cmdTray->setToolTip(tr("Send to the tray"));

@@ -50,6 +50,10 @@ void FrmAlarmTest::staysAboveOtherWindowsAndTakesTheFocusWithoutRisk() {
   QVERIFY(world.Find<QPushButton>("cmdOK")->hasFocus());
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
   QVERIFY(!world.window.isVisible());
+  world.Ring({"Bus"});
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  QVERIFY(!world.window.isVisible());
 }
 
 void FrmAlarmTest::showsEveryMessageFollowedByAnEmptyLine() {
