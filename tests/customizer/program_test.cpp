@@ -81,6 +81,7 @@ TEST_F(Program, TellsItsOptionsAndItsVersion) {
   for (const char* const option : {"--settings", "--file", "--page", "--today", "--grab"}) {
     EXPECT_THAT(help.said, HasSubstr(option));
   }
+  EXPECT_THAT(Run({"--help-all"}).said, HasSubstr("--platform"));
   EXPECT_EQ(Run({"--version"}).said, "customizer " TIDEWARDEN_VERSION "\n");
 }
 
