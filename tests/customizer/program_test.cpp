@@ -88,6 +88,7 @@ TEST_F(Program, TellsItsOptionsAndItsVersion) {
   std::string text;
   for (std::string word; words >> word;) text += word + " ";
   EXPECT_THAT(text, HasSubstr("list, looks, alarms, editor, printing, files, start."));
+  EXPECT_THAT(Run({"--help-all"}).said, HasSubstr("--platform"));
   EXPECT_EQ(Run({"--version"}).said, "customizer " TIDEWARDEN_VERSION "\n");
 }
 

@@ -135,6 +135,7 @@ class FrmDocsTest : public QObject {
   void theSkinLeavesTheTextToTheDesktop();
   void leavesNamesOfSettingsWhole();
   void namesEveryControlForScreenReaders();
+  void theTopicThatIsShownIsMarkedInTheDesktopsColours();
 };
 
 void FrmDocsTest::beginsAtTheContents() {
@@ -563,6 +564,18 @@ void FrmDocsTest::namesEveryControlForScreenReaders() {
   }
   QCOMPARE(desk.Find<QListWidget>("lstTopics")->accessibleName(), QStringLiteral("Places found"));
   QCOMPARE(desk.Find<QLabel>("lblFound")->textFormat(), Qt::PlainText);
+}
+
+void FrmDocsTest::theTopicThatIsShownIsMarkedInTheDesktopsColours() {
+  const HelpDesk desk("alarms");
+  const auto* const list = desk.Find<QListWidget>("lstTopics");
+  QVERIFY(list->currentItem() != nullptr);
+  const QRect row = list->visualItemRect(list->currentItem());
+  const QImage picture = list->viewport()->grab(row).toImage();
+  // At the row's end there is no text.
+  const QColor ground = picture.pixelColor(picture.width() - 6, picture.height() / 2);
+  QCOMPARE(ground.name(), list->palette().color(QPalette::Highlight).name());
+  QVERIFY(BestContrast(picture, ground) >= kLineContrast);
 }
 
 }  // namespace tidewarden
