@@ -27,7 +27,8 @@ bool PosixPreviousInstance::Claim() {
   const int descriptor = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (descriptor < 0) return true;
   // The folder of a login session may be cleaned up; what has the sticky bit stays, says the XDG
-  // Base Directory Specification. Where the bit is not to be had the lock holds all the same.
+  // Base Directory standard of freedesktop.org. Where the bit is not to be had the lock holds all
+  // the same.
   static_cast<void>(::fchmod(descriptor, kStickyPrivateFile));
   int result = 0;
   do {
