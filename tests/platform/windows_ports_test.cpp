@@ -354,6 +354,21 @@ TEST(WindowsInstance, TheClaimOfAKilledProcessIsVoid) {
   EXPECT_EQ(second.ReadLine(), "other");
 }
 
+TEST(WindowsInstance, AskingWhetherAnotherHasItClaimsNothing) {
+  WindowsPreviousInstance asking(Wide(NameOfThisTest()));
+  EXPECT_FALSE(asking.IsClaimedByAnother());
+  {
+    Child owner(TIDEWARDEN_TEST_WINDOWS_HELPER, {"claim", NameOfThisTest()});
+    ASSERT_EQ(owner.ReadLine(), "only") << "whoever has asked holds nothing";
+    EXPECT_TRUE(asking.IsClaimedByAnother());
+    EXPECT_FALSE(asking.Claim()) << "the owner has it still";
+    owner.Kill();
+  }
+  EXPECT_FALSE(asking.IsClaimedByAnother());
+  EXPECT_TRUE(asking.Claim());
+  EXPECT_FALSE(asking.IsClaimedByAnother()) << "the claim is its own";
+}
+
 TEST(WindowsInstance, EachSettingsFileHasItsOwn) {
   const auto files = MakeSystemFiles();
   const TemporaryFolder folder;
