@@ -28,6 +28,11 @@ bool IsBelowNetworkFolder(std::string_view path, std::string_view folder) {
          path[folder.size()] == '\\' && EqualIgnoringCase(path.substr(0, folder.size()), folder);
 }
 
+// A path on the network or with a drive; one with a "/" in front is taken as it is, too.
+bool IsFullOnWindows(std::string_view path) {
+  return path.starts_with(kNetwork) || path.starts_with('/') || path.substr(0, 2).ends_with(':');
+}
+
 }  // namespace
 
 std::string JoinPath(std::string_view folder, std::string_view name, PathStyle style) {
@@ -64,9 +69,13 @@ std::string ResolveEventsPath(std::string_view stored, std::string_view folder, 
 }
 
 std::string FromProgramFolder(std::string_view stored, const ProgramFolders& folders) {
-  if (folders.style == PathStyle::kWindows) return std::string(stored);
-  const std::string path = ResolveEventsPath(stored, folders.program, folders.style);
   // A current directory is whatever the program was started from.
+  if (folders.style == PathStyle::kWindows) {
+    if (IsFullOnWindows(stored)) return std::string(stored);
+    if (stored.starts_with('\\')) stored.remove_prefix(1);
+    return JoinPath(folders.program, stored, folders.style);
+  }
+  const std::string path = ResolveEventsPath(stored, folders.program, folders.style);
   return path.starts_with('/') ? path : JoinPath(folders.program, path, folders.style);
 }
 

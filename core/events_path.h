@@ -40,9 +40,9 @@ struct ProgramFolders {
 [[nodiscard]] std::string ResolveEventsPath(std::string_view stored, std::string_view folder,
                                             PathStyle style);
 
-// The stored path of another file of the program's, a sound or the quotes, as a full path. Windows:
-// it stays as it is, whatever it is. Posix: as ResolveEventsPath gives it for the program's folder,
-// and from there, too, when that is still no full path.
+// The stored path of another file of the program's, a sound or the quotes, as a full path: as
+// ResolveEventsPath gives it for the program's folder, and from there, too, when that is still no
+// full path. But on Windows a text that has a drive or begins with "\\" or "/" stays.
 [[nodiscard]] std::string FromProgramFolder(std::string_view stored, const ProgramFolders& folders);
 
 // Reads "Settings/Path" and resolves it. A value that does not end in ".txt" gets that ending

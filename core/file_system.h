@@ -58,7 +58,7 @@ class FileSystem {
   virtual Status Read(const std::string& path, const TakeBytes& take) = 0;
 
   // kOk when a file or folder exists at `path`, with its stamp; kNotFound, or why it is not
-  // known.
+  // known. Of a drive that is away it is not known, as for Read: the file may come back with it.
   virtual Status GetStamp(const std::string& path, FileStamp& out) = 0;
 
   // The names in a folder, hidden ones included, in code-point order. kNotFound also when a file

@@ -152,9 +152,8 @@ bool HasQuotes(SettingsStore& draft, const PathSurroundings& paths) {
 }
 
 std::string CheckQuotesFile(std::string_view text, const PathSurroundings& paths) {
-  const bool fromFolder =
-      paths.folders.style == PathStyle::kPosix && (!HasFolder(text) || text.starts_with('\\'));
-  if (!fromFolder && !IsFullPath(text, paths.folders.style)) {
+  const bool isBare = !HasFolder(text) || text.starts_with('\\');
+  if (!isBare && !IsFullPath(text, paths.folders.style)) {
     return WantsWholePath(paths.folders.style);
   }
   DraftSettings draft = DraftWith(paths.settings, settings::kQuotesPath, text);

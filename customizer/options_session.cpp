@@ -333,8 +333,7 @@ Status OptionsSession::StoreSettings() {
 }
 
 void OptionsSession::LookAtReminder() {
-  reminderRuns_ = !ports_.reminder.Claim();
-  ports_.reminder.Release();
+  reminderRuns_ = ports_.reminder.IsClaimedByAnother();
 }
 
 void OptionsSession::LeaveWord() {

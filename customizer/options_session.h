@@ -32,7 +32,7 @@ struct CustomizerPorts {
   SoundPlayer& sound;
   MessageBox& messages;
   Autostart& autostart;
-  PreviousInstance& reminder;  // claimed for a moment only, to see whether the program runs
+  PreviousInstance& reminder;  // only asked whether the program runs, never claimed
   ProgramFolders folders;
 };
 

@@ -51,9 +51,10 @@ class QuoteCollector : public EventLineVisitor {
 // The setting is read in lower case; only Windows does not mind.
 std::string QuotesFile(FileSystem& files, const std::string& stored,
                        const ProgramFolders& folders) {
-  if (folders.style == PathStyle::kWindows) return stored;
+  std::string path = FromProgramFolder(stored, folders);
+  if (folders.style == PathStyle::kWindows) return path;
   std::string found;
-  static_cast<void>(FindFileInAnyCase(files, FromProgramFolder(stored, folders), found).ok());
+  static_cast<void>(FindFileInAnyCase(files, path, found).ok());
   return found;
 }
 

@@ -14,6 +14,10 @@ class PreviousInstance {
 
   // Gives the claim up.
   virtual void Release() = 0;
+
+  // True while another copy holds the claim; false, too, when that cannot be found out. Claims
+  // nothing, so that a copy that starts at this moment is not told that another one runs.
+  [[nodiscard]] virtual bool IsClaimedByAnother() = 0;
 };
 
 }  // namespace tidewarden

@@ -13,9 +13,14 @@ class MemoryPreviousInstance : public PreviousInstance {
  public:
   bool anotherRuns = false;
   bool claimed = false;
+  int claims = 0;
 
-  [[nodiscard]] bool Claim() override { return claimed = !anotherRuns; }
+  [[nodiscard]] bool Claim() override {
+    ++claims;
+    return claimed = !anotherRuns;
+  }
   void Release() override { claimed = false; }
+  [[nodiscard]] bool IsClaimedByAnother() override { return anotherRuns; }
 };
 
 class MemoryEditorWindow : public EditorWindow {

@@ -1,7 +1,6 @@
 #include "platform/posix/posix_previous_instance.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +11,15 @@ namespace tidewarden {
 namespace {
 
 constexpr mode_t kStickyPrivateFile = S_ISVTX | S_IRUSR | S_IWUSR;
+
+// For the whole file. Of the kinds of locks this one belongs to the open file, as that of flock
+// does, and can be asked for without being taken, as that cannot.
+struct flock WholeFile() {
+  struct flock lock {};
+  lock.l_type = F_WRLCK;
+  lock.l_whence = SEEK_SET;
+  return lock;
+}
 
 }  // namespace
 
@@ -30,11 +38,8 @@ bool PosixPreviousInstance::Claim() {
   // Base Directory standard of freedesktop.org. Where the bit is not to be had the lock holds all
   // the same.
   static_cast<void>(::fchmod(descriptor, kStickyPrivateFile));
-  int result = 0;
-  do {
-    result = ::flock(descriptor, LOCK_EX | LOCK_NB);
-  } while (result != 0 && errno == EINTR);
-  if (result != 0 && errno == EWOULDBLOCK) {
+  struct flock lock = WholeFile();
+  if (::fcntl(descriptor, F_OFD_SETLK, &lock) != 0 && (errno == EAGAIN || errno == EACCES)) {
     ::close(descriptor);
     return false;
   }
@@ -45,6 +50,16 @@ bool PosixPreviousInstance::Claim() {
 void PosixPreviousInstance::Release() {
   if (descriptor_ >= 0) ::close(descriptor_);
   descriptor_ = -1;
+}
+
+bool PosixPreviousInstance::IsClaimedByAnother() {
+  if (descriptor_ >= 0) return false;
+  const int descriptor = ::open(path_.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+  if (descriptor < 0) return false;
+  struct flock lock = WholeFile();
+  const bool known = ::fcntl(descriptor, F_OFD_GETLK, &lock) == 0;
+  ::close(descriptor);
+  return known && lock.l_type != F_UNLCK;
 }
 
 }  // namespace tidewarden

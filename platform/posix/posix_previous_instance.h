@@ -18,6 +18,7 @@ class PosixPreviousInstance : public PreviousInstance {
 
   [[nodiscard]] bool Claim() override;
   void Release() override;
+  [[nodiscard]] bool IsClaimedByAnother() override;
 
  private:
   std::string path_;

@@ -55,12 +55,14 @@ std::wstring SystemFolder(int number) {
   std::array<wchar_t, MAX_PATH> folder{};
   const HRESULT found =
       ::SHGetFolderPathW(nullptr, number, nullptr, SHGFP_TYPE_CURRENT, folder.data());
-  return SUCCEEDED(found) ? folder.data() : FolderOf(ProgramPath());
+  // S_FALSE, which is no failure, comes with an empty text for a folder that does not exist.
+  return found == S_OK && folder[0] != L'\0' ? folder.data() : FolderOf(ProgramPath());
 }
 
-// The program's own folder in one of them.
+// The program's own folder in one of those of the user, which is made when it is missing.
 std::string OwnFolderIn(int number) {
-  return JoinPath(Narrow(SystemFolder(number)), kApplicationName, PathStyle::kWindows);
+  return JoinPath(Narrow(SystemFolder(number | CSIDL_FLAG_CREATE)), kApplicationName,
+                  PathStyle::kWindows);
 }
 
 // A name for whatever path, fit for an object of the system: a hash (FNV-1a), because such names

@@ -22,11 +22,31 @@ bool IsFolder(const std::wstring& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+// True for a path on a drive that is not there: a stick that is unplugged, or a network drive that
+// is not connected yet after the login.
+bool IsOnMissingDrive(const std::wstring& path) {
+  const std::wstring_view unlimited = L"\\\\?\\";
+  const std::size_t drive = path.starts_with(unlimited) ? unlimited.size() : 0;
+  if (path.size() < drive + 2 || path[drive + 1] != L':') return false;
+  const std::wstring root = path.substr(drive, 2) + L"\\";
+  if (::GetFileAttributesW(root.c_str()) != INVALID_FILE_ATTRIBUTES) return false;
+  // A drive may be there whose root the user may not look at.
+  return LastStatus().kind() != StatusKind::kNoPermission;
+}
+
+// What an error means for the file of a path. Of a drive that is not there the system says the
+// same as of a folder, but whoever begins a new file for a missing one must wait for a drive.
+Status StatusAt(const std::wstring& path, DWORD error) {
+  Status status = FromSystemError(error);
+  if (status.kind() != StatusKind::kNotFound || !IsOnMissingDrive(path)) return status;
+  return Status(StatusKind::kInputOutput, "the drive is not there");
+}
+
 // Why a file could not be opened: the system says "access denied" of a folder.
 Status WhyNot(const std::wstring& path) {
   const DWORD error = ::GetLastError();
   if (error == ERROR_ACCESS_DENIED && IsFolder(path)) return Status(StatusKind::kIsFolder);
-  return FromSystemError(error);
+  return StatusAt(path, error);
 }
 
 Status CreateFolders(const std::wstring& folder) {
@@ -85,10 +105,12 @@ Status WindowsFileSystem::Read(const std::string& path, const TakeBytes& take) {
 }
 
 Status WindowsFileSystem::GetStamp(const std::string& path, FileStamp& out) {
-  const FileHandle file = OpenPatiently(WidePath(path), FILE_READ_ATTRIBUTES, kShareAll,
-                                        OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | kHarmless);
+  const std::wstring wide = WidePath(path);
+  const FileHandle file = OpenPatiently(wide, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING,
+                                        FILE_FLAG_BACKUP_SEMANTICS | kHarmless);
+  if (!file.ok()) return StatusAt(wide, ::GetLastError());
   BY_HANDLE_FILE_INFORMATION info{};
-  if (!file.ok() || ::GetFileInformationByHandle(file.get(), &info) == 0) return LastStatus();
+  if (::GetFileInformationByHandle(file.get(), &info) == 0) return LastStatus();
   const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32U | low; };
   out.size = joined(info.nFileSizeHigh, info.nFileSizeLow);
   out.modified = static_cast<std::int64_t>(

@@ -32,4 +32,12 @@ void WindowsPreviousInstance::Release() {
   mutex_ = nullptr;
 }
 
+bool WindowsPreviousInstance::IsClaimedByAnother() {
+  if (mutex_ != nullptr) return false;
+  HANDLE mutex = ::OpenMutexW(SYNCHRONIZE, FALSE, name_.c_str());
+  if (mutex == nullptr) return false;
+  ::CloseHandle(mutex);
+  return true;
+}
+
 }  // namespace tidewarden

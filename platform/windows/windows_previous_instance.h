@@ -18,6 +18,7 @@ class WindowsPreviousInstance : public PreviousInstance {
 
   [[nodiscard]] bool Claim() override;
   void Release() override;
+  [[nodiscard]] bool IsClaimedByAnother() override;
 
  private:
   std::wstring name_;

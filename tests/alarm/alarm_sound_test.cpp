@@ -79,7 +79,7 @@ TEST(PlayAlarmSound, PathsOnPosix) {
   }
 }
 
-TEST(PlayAlarmSound, PathsOnWindowsStayAsTheyAre) {
+TEST(PlayAlarmSound, PathsOnWindows) {
   const ProgramFolders folders{"C:\\Tidewarden", "", PathStyle::kWindows};
   MemorySettingsStore settings;
   MemoryFileSystem files;
@@ -91,6 +91,13 @@ TEST(PlayAlarmSound, PathsOnWindowsStayAsTheyAre) {
     files.files[stored] = "sound";
     EXPECT_TRUE(LocateAlarmSound(settings, files, folders, path).ok());
     EXPECT_EQ(path, stored);
+  }
+  // Whatever lies beside the place that the program was started from is not meant.
+  files.files = {{"bell.wav", "other"}, {"\\bell.wav", "other"}};
+  for (const char* const stored : {"bell.wav", "\\bell.wav"}) {
+    ASSERT_TRUE(settings.Write("Options", "AlarmPath", stored).ok());
+    EXPECT_EQ(LocateAlarmSound(settings, files, folders, path).kind(), StatusKind::kNotFound);
+    EXPECT_EQ(path, "C:\\Tidewarden\\bell.wav");
   }
 }
 

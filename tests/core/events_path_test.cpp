@@ -60,6 +60,44 @@ TEST(EventsPath, WindowsPathsFollowTheBackslash) {
   EXPECT_EQ(ResolveEventsPath("dates.txt", "C:\\", PathStyle::kWindows), "C:\\dates.txt");
 }
 
+TEST(FromProgramFolder, OnWindowsEveryRelativePathStartsThere) {
+  const std::vector<PathCase> cases{
+      {"bell.wav", "C:\\Tidewarden\\bell.wav"},
+      {"\\bell.wav", "C:\\Tidewarden\\bell.wav"},
+      {"\\alarms\\bell.wav", "C:\\Tidewarden\\alarms\\bell.wav"},
+      {"alarms\\bell.wav", "C:\\Tidewarden\\alarms\\bell.wav"},
+      {"alarms/bell.wav", "C:\\Tidewarden\\alarms/bell.wav"},
+      {"b", "C:\\Tidewarden\\b"},
+      {"\\\\server\\share\\bell.wav", "\\\\server\\share\\bell.wav"},
+      {"//server/share/bell.wav", "//server/share/bell.wav"},
+      {"/music/bell.wav", "/music/bell.wav"},
+      {"d:\\bell.wav", "d:\\bell.wav"},
+      {"d:/bell.wav", "d:/bell.wav"},
+      {"d:bell.wav", "d:bell.wav"},
+  };
+  for (const PathCase& c : cases) {
+    EXPECT_EQ(FromProgramFolder(c.stored, {"C:\\Tidewarden", "", PathStyle::kWindows}), c.full)
+        << c.stored;
+  }
+  for (const char* const stored : {"bell.wav", "\\bell.wav"}) {
+    EXPECT_EQ(FromProgramFolder(stored, {"C:\\", "", PathStyle::kWindows}), "C:\\bell.wav");
+    EXPECT_EQ(FromProgramFolder(stored, {"\\\\server\\Tw", "", PathStyle::kWindows}),
+              "\\\\server\\Tw\\bell.wav");
+  }
+}
+
+TEST(FromProgramFolder, OnPosixEveryPathWithoutASlashInFrontStartsThere) {
+  const std::vector<PathCase> cases{
+      {"bell.wav", "/opt/tw/bell.wav"},
+      {"\\alarms\\bell.wav", "/opt/tw/alarms/bell.wav"},
+      {"alarms\\bell.wav", "/opt/tw/alarms/bell.wav"},
+      {"/music/bell.wav", "/music/bell.wav"},
+  };
+  for (const PathCase& c : cases) {
+    EXPECT_EQ(FromProgramFolder(c.stored, {"/opt/tw", "", PathStyle::kPosix}), c.full) << c.stored;
+  }
+}
+
 class LocateEventsFileTest : public ::testing::Test {
  protected:
   std::string Locate() { return LocateEventsFile(settings_, files_, folders_); }

@@ -128,6 +128,37 @@ TEST(OptionChecks, SoundsAndQuotesAreFoundAsTheProgramFindsThem) {
                    {"QuotesPath", "Quotes/Inspiration.txt", kWholePath}});
 }
 
+TEST(OptionChecks, OnWindowsTooTheyAreFoundAsTheProgramFindsThem) {
+  OptionsDesk desk;
+  desk.folders = {"C:\\Tw", "C:\\Roaming\\Tideward", PathStyle::kWindows};
+  desk.files.files["C:\\Tw\\bell.wav"] = desk.files.files["\\\\server\\share\\bell.wav"] = "RIFF";
+  desk.files.files["C:\\Tw\\words.txt"] = "One\r\n";
+  // Beside whatever the programs were started from.
+  desk.files.files["none.wav"] = desk.files.files["none.txt"] = "Other\r\n";
+  const std::string wants = "Type the whole path, with its drive.";
+  ExpectAll(desk, {{"AlarmPath", "bell.wav", ""},
+                   {"AlarmPath", "\\bell.wav", ""},
+                   {"AlarmPath", "\\\\server\\share\\bell.wav", ""},
+                   {"AlarmPath", "none.wav", "There is no file C:\\Tw\\none.wav."},
+                   {"AlarmPath", "sub\\bell.wav", wants},
+                   {"QuotesPath", "words.txt", ""},
+                   {"QuotesPath", "\\words.txt", ""},
+                   {"QuotesPath", "none.txt", "There is no file C:\\Tw\\none.txt."},
+                   {"QuotesPath", "sub\\words.txt", wants}});
+}
+
+TEST(OptionChecks, AFileOnADriveThatIsAwayIsNotCalledMissing) {
+  OptionsDesk desk;
+  desk.folders = {"C:\\Tw", "C:\\Roaming\\Tideward", PathStyle::kWindows};
+  const std::string note = "This file cannot be read: the system reports an error.";
+  for (const char* const path : {"E:\\dates.txt", "e:\\dates.txt"}) {
+    desk.files.failures[path] = StatusKind::kInputOutput;
+  }
+  ExpectAll(desk, {{"Path", "E:\\dates.txt", note},
+                   {"AlarmPath", "E:\\dates.txt", note},
+                   {"QuotesPath", "E:\\dates.txt", note}});
+}
+
 TEST(OptionChecks, ColoursAreNamesOrPairs) {
   const std::string wrong = "These colours are not known; the list has the colours of the desktop.";
   OptionsDesk desk;

@@ -100,6 +100,46 @@ TEST(PreviousInstance, AClaimEndsWithItsObject) {
   EXPECT_TRUE(next.Claim());
 }
 
+TEST(PreviousInstance, AskingWhetherAnotherHasItClaimsNothing) {
+  const TemporaryFolder folder;
+  PosixPreviousInstance owner(folder / "lock");
+  PosixPreviousInstance asking(folder / "lock");
+  EXPECT_FALSE(asking.IsClaimedByAnother());
+  EXPECT_FALSE(folder.Exists("lock")) << "nor does it make the file";
+  ASSERT_TRUE(owner.Claim());
+  EXPECT_TRUE(asking.IsClaimedByAnother());
+  EXPECT_FALSE(owner.IsClaimedByAnother()) << "the claim is its own";
+  EXPECT_EQ(InChild([&]() -> std::string {
+              return PosixPreviousInstance(folder / "lock").IsClaimedByAnother() ? "yes" : "no";
+            }),
+            "yes");
+  EXPECT_FALSE(asking.Claim()) << "the owner has it still";
+  owner.Release();
+  EXPECT_FALSE(asking.IsClaimedByAnother());
+  EXPECT_TRUE(owner.Claim());
+}
+
+TEST(PreviousInstance, WhoeverClaimsWhileOthersAskIsNotRefused) {
+  constexpr int kClaims = 5000;
+  const TemporaryFolder folder;
+  Pipe ready;
+  const pid_t other = StartChild([&] {
+    PosixPreviousInstance asking(folder / "lock");
+    ready.Send('r');
+    while (true) static_cast<void>(asking.IsClaimedByAnother());
+  });
+  ASSERT_EQ(ready.Receive(), 'r');
+  PosixPreviousInstance owner(folder / "lock");
+  int refused = 0;
+  for (int i = 0; i < kClaims; ++i) {
+    if (!owner.Claim()) ++refused;
+    owner.Release();
+  }
+  ::kill(other, SIGKILL);
+  EXPECT_EQ(WTERMSIG(WaitFor(other)), SIGKILL) << "it asked until now";
+  EXPECT_EQ(refused, 0);
+}
+
 TEST(PreviousInstance, OfManyThatClaimAtOnceExactlyOneIsTheOwner) {
   constexpr int kRounds = 200;
   constexpr int kCopies = 4;
@@ -191,6 +231,7 @@ TEST(PreviousInstance, WhereNothingCanBeClaimedEveryCopyIsTheOnlyOne) {
     PosixPreviousInstance second(path);
     EXPECT_TRUE(first.Claim());
     EXPECT_TRUE(second.Claim());
+    EXPECT_FALSE(PosixPreviousInstance(path).IsClaimedByAnother());
     first.Release();
   }
   EXPECT_FALSE(folder.Exists("target")) << "a link is not followed";
@@ -233,13 +274,16 @@ TEST(PreviousInstance, TheFileHasTheStickyBitSoThatItIsNotCleanedUp) {
   EXPECT_TRUE(isSticky());
 }
 
-TEST(PreviousInstance, AClaimInVainLeavesNothingOpen) {
+TEST(PreviousInstance, AClaimInVainAndAQuestionLeaveNothingOpen) {
   const TemporaryFolder folder;
   PosixPreviousInstance owner(folder / "lock");
   ASSERT_TRUE(owner.Claim());
   const std::size_t before = NamesIn("/proc/self/fd").size();
   PosixPreviousInstance second(folder / "lock");
-  for (int i = 0; i < 50; ++i) EXPECT_FALSE(second.Claim());
+  for (int i = 0; i < 50; ++i) {
+    EXPECT_FALSE(second.Claim());
+    EXPECT_TRUE(second.IsClaimedByAnother());
+  }
   EXPECT_EQ(NamesIn("/proc/self/fd").size(), before);
 }
 

@@ -277,6 +277,38 @@ TEST_F(WindowsFiles, WhatIsNoFileIsToldApart) {
   EXPECT_EQ(files_.CreateEmpty(folder_ / "file.txt/below.txt").kind(), StatusKind::kNotAFolder);
 }
 
+// A letter that no drive has, with its colon.
+std::string UnusedDrive() {
+  const DWORD drives = ::GetLogicalDrives();
+  for (int i = 25; i >= 0; --i) {
+    if ((drives >> static_cast<unsigned>(i) & 1U) == 0) return {static_cast<char>('A' + i), ':'};
+  }
+  return {};
+}
+
+TEST_F(WindowsFiles, OnADriveThatIsNotThereNothingIsTakenForMissing) {
+  const std::string drive = UnusedDrive();
+  ASSERT_FALSE(drive.empty());
+  const std::string longName = std::string(200, 'a') + "\\" + std::string(200, 'b') + ".txt";
+  for (const std::string& below : {std::string("\\dates.txt"), std::string("\\no\\such\\dates.txt"),
+                                   std::string("/dates.txt"), "\\" + longName}) {
+    SCOPED_TRACE(drive + below);
+    std::string text = "kept";
+    FileStamp stamp;
+    for (const Status& status :
+         {ReadFile(files_, drive + below, text), files_.GetStamp(drive + below, stamp)}) {
+      EXPECT_EQ(status.kind(), StatusKind::kInputOutput);
+      EXPECT_EQ(DescribeStatus(status), "the drive is not there");
+    }
+    EXPECT_EQ(text, "kept");
+  }
+  FileStamp stamp;
+  for (const std::string& missing : {std::string("C:\\no such file.txt"),
+                                     std::string("C:\\no\\such\\folder.txt"), "C:\\" + longName}) {
+    EXPECT_EQ(files_.GetStamp(missing, stamp).kind(), StatusKind::kNotFound) << missing;
+  }
+}
+
 // --- The rest of the port.
 
 TEST_F(WindowsFiles, NamesAreListedInTheOrderOfTheirCodePoints) {

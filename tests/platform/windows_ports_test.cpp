@@ -354,6 +354,21 @@ TEST(WindowsInstance, TheClaimOfAKilledProcessIsVoid) {
   EXPECT_EQ(second.ReadLine(), "other");
 }
 
+TEST(WindowsInstance, AskingWhetherAnotherHasItClaimsNothing) {
+  WindowsPreviousInstance asking(Wide(NameOfThisTest()));
+  EXPECT_FALSE(asking.IsClaimedByAnother());
+  {
+    Child owner(TIDEWARDEN_TEST_WINDOWS_HELPER, {"claim", NameOfThisTest()});
+    ASSERT_EQ(owner.ReadLine(), "only") << "whoever has asked holds nothing";
+    EXPECT_TRUE(asking.IsClaimedByAnother());
+    EXPECT_FALSE(asking.Claim()) << "the owner has it still";
+    owner.Kill();
+  }
+  EXPECT_FALSE(asking.IsClaimedByAnother());
+  EXPECT_TRUE(asking.Claim());
+  EXPECT_FALSE(asking.IsClaimedByAnother()) << "the claim is its own";
+}
+
 TEST(WindowsInstance, EachSettingsFileHasItsOwn) {
   const auto files = MakeSystemFiles();
   const TemporaryFolder folder;
@@ -366,6 +381,52 @@ TEST(WindowsInstance, EachSettingsFileHasItsOwn) {
 }
 
 // --- The folders and the start.
+
+// What this process finds in place of the user's part of the registry.
+class OtherRegistry {
+ public:
+  OtherRegistry() {
+    EXPECT_EQ(::RegCreateKeyExW(HKEY_CURRENT_USER, root_.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
+                                nullptr, &key_, nullptr),
+              ERROR_SUCCESS);
+    EXPECT_EQ(::RegOverridePredefKey(HKEY_CURRENT_USER, key_), ERROR_SUCCESS);
+  }
+  OtherRegistry(const OtherRegistry&) = delete;
+  OtherRegistry& operator=(const OtherRegistry&) = delete;
+  ~OtherRegistry() {
+    ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    ::RegCloseKey(key_);
+    ::RegDeleteTreeW(HKEY_CURRENT_USER, root_.c_str());
+  }
+
+  // Where the user's roaming application data are.
+  void PutData(const std::string& folder) const {
+    const std::wstring text = Wide(folder);
+    EXPECT_EQ(::RegSetKeyValueW(
+                  HKEY_CURRENT_USER,
+                  L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders",
+                  L"AppData", REG_SZ, text.c_str(), static_cast<DWORD>(2 * (text.size() + 1))),
+              ERROR_SUCCESS);
+  }
+
+ private:
+  std::wstring root_ = L"Software\\Tideward test " + std::to_wstring(::GetCurrentProcessId());
+  HKEY key_ = nullptr;
+};
+
+TEST(WindowsFolders, OfTheUserAreMadeWhenTheyAreMissing) {
+  const TemporaryFolder folder;
+  folder.Write("file", "");
+  const std::string data = Narrow(WidePath(folder.path())) + "\\data";
+  const OtherRegistry registry;
+  registry.PutData(data);
+  EXPECT_EQ(SystemFolders().userData, data + "\\Tideward");
+  EXPECT_TRUE(folder.Exists("data"));
+  // Where they cannot be made, the root of a drive is no place for them.
+  registry.PutData(Narrow(WidePath(folder / "file")) + "\\below");
+  const ProgramFolders folders = SystemFolders();
+  EXPECT_EQ(folders.userData, folders.program + "\\Tideward");
+}
 
 TEST(WindowsFolders, HaveBackslashesAndNoneAtTheEnd) {
   const ProgramFolders folders = SystemFolders();

@@ -146,6 +146,16 @@ TEST(DailyQuote, OnWindowsThePathHasBackslashesAndLowerCase) {
   quote.LoadDailyQuote(kNow);
   EXPECT_EQ(desk.settings.At("Options", "QuotesPath"), "C:\\Tidewarden\\Quotes\\Inspiration.txt");
   EXPECT_EQ(quote.text(), "One");
+  desk.files.files = {{"words.txt", "Other\n"}, {"\\words.txt", "Other\n"}};
+  for (const char* const stored : {"words.txt", "\\words.txt"}) {
+    desk.Set("QuotesPath", stored);
+    desk.files.files.erase("C:\\Tidewarden\\words.txt");
+    quote.LoadDailyQuote(kNow);
+    ExpectHidden(quote);
+    desk.files.files["C:\\Tidewarden\\words.txt"] = "Mine\n";
+    quote.LoadDailyQuote(kNow);
+    EXPECT_EQ(quote.text(), "Mine");
+  }
 }
 
 TEST(DailyQuote, IsHiddenWithoutAFileThatCanBeRead) {

@@ -17,6 +17,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 const std::string kChristmas = "12.25,Christmas,14,yearly\r\n";
 const std::string kDentist = "12.22,Dentist 3:30pm,0,yearly\r\n";
@@ -148,9 +149,9 @@ TEST(NewDay, ShowsTheWindowBeforeTheListIsBuiltAndAnythingIsSaid) {
     return !entry.starts_with("icon") && entry != "pops up" && !entry.starts_with("open") &&
            !entry.starts_with("box");
   });
-  ASSERT_EQ(desk.log.size(), 4U);
-  EXPECT_THAT(Log(desk.log.begin(), desk.log.begin() + 3),
-              ElementsAre("icon goes", "pops up", "open /home/ann/dates.txt"));
+  // What is said may stand for long; the file is looked for once more after that.
+  EXPECT_THAT(desk.log, ElementsAre("icon goes", "pops up", "open /home/ann/dates.txt",
+                                    StartsWith("box "), "open /home/ann/dates.txt"));
   EXPECT_EQ(desk.session.dateLabel(), "12/23/2014");
 }
 
