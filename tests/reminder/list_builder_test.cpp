@@ -47,6 +47,32 @@ TEST(MissingFile, IsToldAgainWhileItCannotBeCreated) {
   EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
 }
 
+// The box of a list that is built at midnight stands until the morning.
+TEST(MissingFile, ThatComesWhileTheBoxStandsIsRead) {
+  const std::string content = "12.22,Dentist 15:30,0,yearly\n12.21,Gone,7,one2014\n";
+  for (const StatusKind kind : {StatusKind::kOk, StatusKind::kNoPermission}) {
+    Desk desk;
+    if (kind != StatusKind::kOk) desk.files.writeFailures[kEventsPath] = kind;
+    desk.messages.whileOpen = [&] { desk.files.files[kEventsPath] = content; };
+    EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
+    EXPECT_EQ(desk.messages.shown.size(), 1);
+    EXPECT_EQ(desk.List().size(), 2);
+    EXPECT_TRUE(desk.builder().anyEventsInRange());
+    EXPECT_TRUE(desk.builder().alarms().hasAlarmsToday());
+    EXPECT_TRUE(desk.builder().readStatus().ok());
+    EXPECT_EQ(desk.builder().writeStatus().kind(), kind);
+    EXPECT_EQ(desk.file(), content) << "it is tidied in the next build";
+  }
+}
+
+TEST(MissingFile, ThatCannotBeReadAfterTheBoxIsNotTakenForEmpty) {
+  Desk desk;
+  desk.messages.whileOpen = [&] { desk.files.failures[kEventsPath] = StatusKind::kInputOutput; };
+  EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
+  EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
+  EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kInputOutput);
+}
+
 TEST(MissingFile, IsLeftMissingByAReader) {
   Desk desk;
   desk.access = FileAccess::kReadOnly;
