@@ -148,9 +148,10 @@ TEST(NewDay, ShowsTheWindowBeforeTheListIsBuiltAndAnythingIsSaid) {
     return !entry.starts_with("icon") && entry != "pops up" && !entry.starts_with("open") &&
            !entry.starts_with("box");
   });
-  ASSERT_EQ(desk.log.size(), 4U);
+  ASSERT_EQ(desk.log.size(), 5U);
   EXPECT_THAT(Log(desk.log.begin(), desk.log.begin() + 3),
               ElementsAre("icon goes", "pops up", "open /home/ann/dates.txt"));
+  EXPECT_EQ(desk.log.back(), "open /home/ann/dates.txt") << "once more behind the box";
   EXPECT_EQ(desk.session.dateLabel(), "12/23/2014");
 }
 
