@@ -50,7 +50,7 @@ BuildOutcome ListBuilder::BuildReminderList(FileAccess access) {
       return BuildOutcome::kEnd;
     }
     if (access == FileAccess::kUpdate) TidyEventsFile(now.date);
-  } else if (readStatus_.kind() == StatusKind::kNotFound && access != FileAccess::kReadOnly) {
+  } else if (readStatus_.kind() == StatusKind::kNotFound && access == FileAccess::kUpdate) {
     writeStatus_ = CreateNewEventsFile(ports_.files, ports_.messages, EventsFilePath_);
     // The box may have stood for long, and the file may have come with its events meanwhile.
     readStatus_ = ListEvents(ports_.files, EventsFilePath_, format_, options_, todayPreface_,

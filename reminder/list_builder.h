@@ -37,9 +37,10 @@ enum class BuildOutcome {
 enum class FileAccess {
   kUpdate,    // undoes what an interrupted save has torn, creates a missing file, removes past
               // one-time events, shows hidden ones again
-  kShared,    // as long as an editor works on the file: a missing file is created, a file that is
-              // there stays as it is, and an empty list is no reason to end
-  kReadOnly,  // a missing file is only reported by readStatus
+  kShared,    // as long as an editor works on the file: it stays as it is, a missing file stays
+              // missing, since the editor's next save brings its events back, and an empty list is
+              // no reason to end
+  kReadOnly,  // the file is only read
 };
 
 class ListBuilder {
@@ -80,7 +81,8 @@ class ListBuilder {
   [[nodiscard]] const std::string& EventsFilePath() const { return EventsFilePath_; }
   [[nodiscard]] bool anyEventsInRange() const { return list_.anyEventsInRange; }
 
-  // How reading the events file, and changing it, ended in the last build.
+  // How reading the events file, and changing it, ended in the last build. kNotFound for a missing
+  // file that has not been created.
   [[nodiscard]] const Status& readStatus() const { return readStatus_; }
   [[nodiscard]] const Status& writeStatus() const { return writeStatus_; }
 

@@ -73,14 +73,17 @@ TEST(MissingFile, ThatCannotBeReadAfterTheBoxIsNotTakenForEmpty) {
   EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kInputOutput);
 }
 
-TEST(MissingFile, IsLeftMissingByAReader) {
-  Desk desk;
-  desk.access = FileAccess::kReadOnly;
-  EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
-  EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotFound);
-  EXPECT_EQ(desk.files.files.count(kEventsPath), 0);
-  EXPECT_EQ(desk.FileChanges(), 0);
-  EXPECT_THAT(desk.messages.shown, IsEmpty());
+TEST(MissingFile, IsLeftMissingByAReaderAndBesideAnEditor) {
+  for (const FileAccess access : {FileAccess::kReadOnly, FileAccess::kShared}) {
+    Desk desk;
+    desk.access = access;
+    EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
+    EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotFound);
+    EXPECT_EQ(desk.files.files.count(kEventsPath), 0);
+    EXPECT_EQ(desk.FileChanges(), 0);
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
+  }
 }
 
 TEST(MissingFile, DoesNotEndTheProgram) {

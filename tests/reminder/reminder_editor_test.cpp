@@ -58,6 +58,57 @@ TEST(Editor, ARestoredOneTakesThePlaceOfTheWindowAgain) {
   EXPECT_EQ(desk.session.EditorRestored(), WindowChange::kNone);
 }
 
+// The editor's next save writes a file that has vanished with all its events; one that has become
+// empty it would take for a file without events.
+TEST(Editor, AFileThatVanishesBesideItIsNotMadeAnewByANewDay) {
+  SessionDesk desk(kChristmas + "12.23,Pill 0:02,0,yearly\r\n");
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  const std::string before = desk.file();
+  desk.files.files.erase(kSessionPath);
+  for (const int minute : {0, 1, 2}) {
+    static_cast<void>(desk.TickAt(2014, 12, 23, 0, minute));
+  }
+  EXPECT_THAT(desk.List(), ElementsAre("12/23/2014   <TODAY>"));
+  EXPECT_EQ(desk.session.builds(), 2);
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.files.files.count(kSessionPath), 0);
+  EXPECT_THAT(desk.Logged("create"), IsEmpty());
+  EXPECT_THAT(desk.messages.boxes, IsEmpty());
+  EXPECT_THAT(desk.complaints, ElementsAre(kSessionPath + ": the file does not exist"));
+
+  desk.files.files[kSessionPath] = before;
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 4));
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 5));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre("\nPill 0:02\n"));
+}
+
+TEST(Editor, AFileThatVanishesBesideItIsToldOfAtItsReturn) {
+  SessionDesk desk(kChristmas);
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  desk.files.files.erase(kSessionPath);
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_THAT(desk.messages.boxes, IsEmpty());
+  desk.editor.loaded = false;
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.messages.boxes.size(), 1U);
+  EXPECT_EQ(desk.file(), "");
+}
+
+TEST(Editor, AChangeOfAFileThatVanishedBesideItIsToldToHaveFailed) {
+  SessionDesk desk(kChristmas);
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  ASSERT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  desk.MenuOn("Christmas");
+  desk.files.files.erase(kSessionPath);
+  EXPECT_EQ(desk.session.HideThis(), WindowChange::kNone);
+  EXPECT_THAT(desk.messages.Texts(),
+              ElementsAre("The events file could not be changed:\n" + kSessionPath));
+  EXPECT_EQ(desk.files.files.count(kSessionPath), 0);
+}
+
 TEST(Editor, EveryWayOfOpeningSetsBothRequests) {
   SessionDesk desk("hello\r\n" + kChristmas + "12.20,Pay rent,7,tdo2014\r\n");
   desk.Start();
