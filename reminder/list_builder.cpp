@@ -55,8 +55,6 @@ BuildOutcome ListBuilder::BuildReminderList(FileAccess access) {
     // The box may have stood for long, and the file may have come with its events meanwhile.
     readStatus_ = ListEvents(ports_.files, EventsFilePath_, format_, options_, todayPreface_,
                              now.date, list_);
-    // Where no file can be made there are no events.
-    if (readStatus_.kind() == StatusKind::kNotFound) readStatus_ = Status();
   }
   if (!Get(ports_.settings, settings::kShowTodaysDateWithReminders).empty()) {
     Delete(ports_.settings, settings::kShowTodaysDateWithReminders);

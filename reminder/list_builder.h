@@ -86,6 +86,11 @@ class ListBuilder {
   [[nodiscard]] const Status& readStatus() const { return readStatus_; }
   [[nodiscard]] const Status& writeStatus() const { return writeStatus_; }
 
+  // The file is missing and writeStatus tells why it could not be created.
+  [[nodiscard]] bool couldNotCreate() const {
+    return readStatus_.kind() == StatusKind::kNotFound && !writeStatus_.ok();
+  }
+
  private:
   [[nodiscard]] bool EndsWithoutEvents();
   void TidyEventsFile(CivilDate today);

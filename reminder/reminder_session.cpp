@@ -150,7 +150,7 @@ WindowChange ReminderSession::Rebuild() {
 
 void ReminderSession::TellFileProblems() {
   if (!Complain) return;
-  if (!builder_->readStatus().ok() && !unreadSince_) {
+  if (!builder_->readStatus().ok() && !builder_->couldNotCreate() && !unreadSince_) {
     Complain(EventsFilePath() + ": " + DescribeStatus(builder_->readStatus()));
   }
   if (!builder_->writeStatus().ok()) {

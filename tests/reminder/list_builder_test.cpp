@@ -45,6 +45,13 @@ TEST(MissingFile, IsToldAgainWhileItCannotBeCreated) {
   EXPECT_EQ(desk.messages.shown.size(), 2);
   EXPECT_EQ(desk.files.files.count(kEventsPath), 0);
   EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
+  EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotFound);
+  EXPECT_EQ(desk.builder().writeStatus().kind(), StatusKind::kNoPermission);
+  EXPECT_TRUE(desk.builder().couldNotCreate());
+  desk.files.writeFailures.clear();
+  desk.Build();
+  EXPECT_TRUE(desk.builder().readStatus().ok());
+  EXPECT_FALSE(desk.builder().couldNotCreate());
 }
 
 // The box of a list that is built at midnight stands until the morning.
