@@ -54,6 +54,9 @@ class ListBuilder {
   // nor is one that is torn and cannot be put right: its list is of what it holds.
   BuildOutcome BuildReminderList(FileAccess access);
 
+  // The user has hidden the event of this line, from now on until its next occurrence.
+  void EventHidden(std::string rawLine);
+
   // The rows as listed, countdowns of alarms included. The views are good until the next build.
   [[nodiscard]] const std::vector<std::string_view>& List1() const { return List1_; }
 
@@ -92,9 +95,11 @@ class ListBuilder {
   }
 
  private:
+  void ReadEvents(CivilDate today);
   [[nodiscard]] bool EndsWithoutEvents();
   void TidyEventsFile(CivilDate today);
   void RemovePastOneTime(CivilDate today);
+  void UnhideListed();
   void FillList(LocalTime now);
 
   ListPorts ports_;
@@ -104,6 +109,9 @@ class ListBuilder {
   std::string todayPreface_;
   ListOptions options_;
   ReminderList list_;
+  // Hidden events that are to be shown again and whose mark could not be taken off yet: beside an
+  // editor, or because writing has failed. Their occurrence may be near before it can.
+  HiddenLines shownAgain_;
   AlarmSchedule alarms_;
   LocalTime builtAt_;
   std::vector<std::string_view> List1_;

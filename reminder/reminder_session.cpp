@@ -371,6 +371,7 @@ WindowChange ReminderSession::ChangeTarget(Status (*change)(FileSystem&, const s
   const Busy busy(isBusy_);
   const Status status =
       change(ports_.files, EventsFilePath(), ports_.folders.userData, menuTarget_->event);
+  if (status.ok() && change == HideEvent) builder_->EventHidden(menuTarget_->event.rawLine);
   menuTarget_.reset();
   // Of a file that is gone the rebuild tells, but not while the editor works on it.
   if (!status.ok() && (status.kind() != StatusKind::kNotFound || ports_.editor.IsLoaded())) {

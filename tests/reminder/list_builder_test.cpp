@@ -252,6 +252,96 @@ TEST(InRange, IsAnyRowButTheTodayLine) {
   }
 }
 
+// --- Hidden events whose mark has served and could not be taken off.
+
+const std::string kBins = "12.22,Bins,2,07-2014";
+const std::string kHiddenBins = kBins + "*";
+
+TEST(HiddenMark, ThatCannotBeTakenOffKeepsNoEventBack) {
+  Desk desk(kHiddenBins + "\n");
+  desk.SetNow(2014, 12, 26);
+  desk.files.commitFailures[kEventsPath] = StatusKind::kNoSpace;
+  desk.Build();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().back(), "12/29/2014 Bins (Monday, 1 day)");
+  EXPECT_EQ(desk.builder().rows().back().rawLine, kHiddenBins);
+  EXPECT_EQ(desk.builder().writeStatus().kind(), StatusKind::kNoSpace);
+  desk.files.commitFailures.clear();
+  desk.Build();
+  EXPECT_EQ(desk.List().back(), "12/29/2014 Bins (Monday, 1 day)");
+  EXPECT_EQ(desk.builder().rows().back().rawLine, kBins);
+  EXPECT_EQ(desk.file(), kBins + "\r\n");
+  EXPECT_TRUE(desk.builder().writeStatus().ok());
+}
+
+TEST(HiddenMark, ThatCouldNotBeReadForAWhileIsNotForgotten) {
+  Desk desk(kHiddenBins + "\n");
+  desk.access = FileAccess::kShared;
+  desk.SetNow(2014, 12, 26);
+  desk.Build();
+  desk.files.failures[kEventsPath] = StatusKind::kInputOutput;
+  desk.Build();
+  desk.files.failures.clear();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+}
+
+TEST(HiddenMark, OfAFileThatCameBehindTheBoxHasServedToo) {
+  Desk desk;
+  desk.SetNow(2014, 12, 26);
+  desk.messages.whileOpen = [&] { desk.files.files[kEventsPath] = kHiddenBins + "\n"; };
+  desk.Build();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+  EXPECT_EQ(desk.file(), kBins + "\r\n");
+}
+
+TEST(HiddenMark, ThatIsSetAnewAfterItHasGoneHides) {
+  Desk desk(kHiddenBins + "\n");
+  desk.access = FileAccess::kShared;
+  desk.SetNow(2014, 12, 26);
+  desk.Build();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+  desk.files.files[kEventsPath] = kBins + "\n";
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+  desk.files.files[kEventsPath] = kHiddenBins + "\n";
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 1U);
+}
+
+TEST(HiddenMark, ThatTheUserSetsAnewHides) {
+  for (const std::string& line : {kHiddenBins, kBins}) {
+    Desk desk(kHiddenBins + "\n");
+    desk.access = FileAccess::kShared;
+    desk.SetNow(2014, 12, 26);
+    desk.Build();
+    desk.SetNow(2014, 12, 28);
+    desk.builder().EventHidden(line);
+    desk.Build();
+    EXPECT_THAT(desk.List(), ElementsAre("12/28/2014   <TODAY>"));
+    EXPECT_EQ(desk.file(), kHiddenBins + "\n");
+  }
+}
+
+// An overdue task is listed in spite of its mark, which goes all the same.
+TEST(HiddenMark, OfATaskThatHasBecomeOverdueMeanwhileGoes) {
+  const std::string task = "12.24,Rent,1,tdo2014";
+  Desk desk(task + "*\n");
+  desk.access = FileAccess::kShared;
+  desk.Build();
+  desk.SetNow(2014, 12, 26);
+  desk.access = FileAccess::kUpdate;
+  desk.Build();
+  EXPECT_EQ(desk.file(), task + "\r\n");
+  EXPECT_EQ(desk.builder().rows().front().rawLine, task);
+}
+
 // --- The clock.
 
 TEST(Clock, IsReadOnceForEachBuild) {

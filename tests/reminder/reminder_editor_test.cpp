@@ -237,5 +237,58 @@ TEST(Editor, WhileItIsLoadedABuildLeavesTheFileAndTheProgramAlone) {
   EXPECT_EQ(desk.session.Restore(), WindowChange::kEnd);
 }
 
+// --- A hidden event whose mark has served while the editor is open.
+
+const std::string kBins = "12.22,Bins 7:00am,2,07-2014";
+
+// The editor is open and minimized from a Monday on which the event is hidden to the next one.
+void OpenEditorForAWeek(SessionDesk& desk) {
+  desk.SetNow(2014, 12, 22, 8, 0);
+  desk.Start();
+  ASSERT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  ASSERT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  for (int day = 23; day <= 29; ++day) {
+    static_cast<void>(desk.TickAt(2014, 12, day, 0, 0));
+    ASSERT_EQ(desk.RowWith("Bins") == ReminderSession::kNoRow, day < 27 || day == 29) << day;
+    ASSERT_EQ(desk.file(), kBins + "*\r\n");
+  }
+}
+
+TEST(HiddenBesideTheEditor, ComesBackAndRingsBeforeItsMarkGoes) {
+  SessionDesk desk(kBins + "*\r\n");
+  OpenEditorForAWeek(desk);
+  EXPECT_NE(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 29, 7, 0));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre("\nBins 7:00am\n"));
+  EXPECT_EQ(desk.file(), kBins + "*\r\n");
+
+  desk.editor.loaded = false;
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.file(), kBins + "\r\n");
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+  // Its row knows the line without the mark.
+  EXPECT_TRUE(desk.MenuOn("BINS").mnuHideThis);
+  EXPECT_EQ(desk.session.HideThis(), WindowChange::kNone);
+  EXPECT_EQ(desk.file(), kBins + "*\r\n");
+  EXPECT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+}
+
+TEST(HiddenBesideTheEditor, StaysHiddenWhenTheUserHidesItAnew) {
+  SessionDesk desk(kBins + "*\r\n");
+  OpenEditorForAWeek(desk);
+  EXPECT_TRUE(desk.MenuOn("BINS").mnuHideThis);
+  EXPECT_EQ(desk.session.HideThis(), WindowChange::kNone);
+  EXPECT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 29, 7, 0));
+  EXPECT_THAT(desk.alarmsShown, IsEmpty());
+  desk.editor.loaded = false;
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  EXPECT_EQ(desk.file(), kBins + "*\r\n");
+  static_cast<void>(desk.TickAt(2014, 12, 30, 0, 0));
+  EXPECT_EQ(desk.file(), kBins + "\r\n") << "until its next occurrence";
+}
+
 }  // namespace
 }  // namespace tidewarden::test
