@@ -147,6 +147,9 @@ AlarmTick AlarmSession::Tick(AlarmSchedule& schedule, std::vector<std::string_vi
 
 int AlarmSession::MillisecondsToNextTick(LocalTime now) const {
   if (awaitsTick_) return kAfterFullMinute;
+  const int sinceFullMinute = now.second * 1000 + now.millisecond;
+  const bool lacksTick = lastTick_ && lastTick_ != MinuteCount(now);
+  if (lacksTick && sinceFullMinute < kAfterFullMinute) return kAfterFullMinute - sinceFullMinute;
   return std::min(kLongestTickWait, (60 - now.second) * 1000 - now.millisecond + kAfterFullMinute);
 }
 

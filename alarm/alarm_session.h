@@ -81,9 +81,10 @@ class AlarmSession {
                                const AlarmOptions& options, LocalTime now);
 
   // How long to wait for the helping tick that makes sure that no minute goes by without one: it
-  // is due 50 ms after the next full minute, or 50 ms from now when the list has new alarms of its
-  // own minute. Never more than a quarter of a minute, so that a sleep or a clock that is set is
-  // noticed soon. 1 to kLongestTickWait.
+  // is due 50 ms after the next full minute, or after this one when that is still to come and the
+  // minute has had no tick, or 50 ms from now when the list has new alarms of its own minute. Never
+  // more than a quarter of a minute, so that a sleep or a clock that is set is noticed soon. 1 to
+  // kLongestTickWait.
   [[nodiscard]] int MillisecondsToNextTick(LocalTime now) const;
 
   // Plays the user's sound, in place of what is playing; the beep when there is no such file.

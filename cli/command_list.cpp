@@ -93,7 +93,7 @@ ExitCode RunList(const CommonOptions& options, const ListArguments& arguments) {
   // Where the window would not be shown at all, the list is empty.
   static_cast<void>(
       builder.BuildReminderList(arguments.update ? FileAccess::kUpdate : FileAccess::kReadOnly));
-  if (!builder.readStatus().ok()) {
+  if (!builder.readStatus().ok() && !builder.couldNotCreate()) {
     Complain(path + ": " + DescribeStatus(builder.readStatus()));
     return kCannotRead;
   }

@@ -74,6 +74,7 @@ WindowArea EditSession::Load(const std::vector<WindowArea>& screens) {
   List1_.clear();
   EditorLineMap_.clear();
   ++listVersion_;
+  content_.clear();
   List1Tag_.reset();
   SelectedRowText_.clear();
   random_ = setup_.seed + static_cast<std::uint64_t>(DayCount{now.date}.time_since_epoch().count());
@@ -150,12 +151,23 @@ void EditSession::LoadEventLines(CivilDate today) {
   if (readStatus_.kind() == StatusKind::kNotFound) {
     // Without a file there are no events; a save tries to make it once more.
     readStatus_ = Status();
+    static_cast<void>(RescueContent());
     const Status created =
         CreateNewEventsFile(ports_.files, ports_.messages, setup_.eventsFilePath);
     if (!created.ok()) ShowWriteFailure(setup_.eventsFilePath, created);
   }
   FillEventList(std::move(content), today);
   if (!readStatus_.ok()) ShowReadFailure();
+}
+
+// Puts what was last read into the rescue copy, because the file has nothing of it any more. False
+// when that fails, as the user has then been told.
+bool EditSession::RescueContent() {
+  if (content_.empty()) return true;
+  const WriteResult copied =
+      MakeRescueCopy(ports_.files, setup_.eventsFilePath, setup_.rescueFolder, content_);
+  if (!copied.status.ok()) ShowWriteFailure(copied.path, copied.status);
+  return copied.status.ok();
 }
 
 void EditSession::FillEventList(std::string content, CivilDate today) {

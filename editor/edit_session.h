@@ -207,6 +207,7 @@ class EditSession {
   [[nodiscard]] Status SettleEventsFile();
   [[nodiscard]] Status ReadEventsFile(std::string& content);
   void LoadEventLines(CivilDate today);
+  [[nodiscard]] bool RescueContent();
   void FillEventList(std::string content, CivilDate today);
   void FillAfterWriting(std::string content, CivilDate today);
   [[nodiscard]] std::optional<TodayCase> TodayRowWanted() const;

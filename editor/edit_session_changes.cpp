@@ -109,8 +109,8 @@ std::string EditSession::ContentAfter(const FileState& file, const RowsToWrite& 
   return EventsFileContent(events, format_, file.content);
 }
 
-// Reads the file that a change is to be applied to. False when it cannot be read, as the user has
-// then been told.
+// Reads the file that a change is to be applied to. False when that cannot be, as the user has then
+// been told.
 bool EditSession::ReadForChange(FileState& file, CivilDate today) {
   // Mostly the file is as it was, and need not be read into memory once more.
   Likeness likeness = Likeness::kSame;
@@ -120,6 +120,8 @@ bool EditSession::ReadForChange(FileState& file, CivilDate today) {
   }
   if (status.ok() && likeness == Likeness::kOther) {
     status = ReadFile(ports_.files, setup_.eventsFilePath, file.read);
+    // Whoever has emptied the file may not have meant to.
+    if (status.ok() && file.read.empty() && !RescueContent()) return false;
   }
   // A file that has vanished is written again with all that was in it.
   file.exists = status.kind() != StatusKind::kNotFound;

@@ -91,19 +91,13 @@ Status Replace(FileSystem& files, const std::string& path, std::string_view cont
   return status.ok() ? staged->Commit() : status;
 }
 
-Status MakeRescueCopy(FileSystem& files, const std::string& rescuePath,
-                      std::string_view oldContent) {
-  // Creates the folder, too.
-  Status status = files.CreateEmpty(rescuePath);
-  return status.ok() ? ReplaceFile(files, rescuePath, oldContent) : status;
-}
-
-// True when the rescue copy holds what a file holds, or there is no file.
-bool IsRescued(FileSystem& files, const std::string& path, const std::string& rescuePath) {
+// True when the rescue copy of `path` holds what its backup holds, or there is no backup.
+bool IsRescued(FileSystem& files, const std::string& backup, const std::string& path,
+               const std::string& rescueFolder) {
   std::string content;
-  const Status status = ReadFile(files, path, content);
+  const Status status = ReadFile(files, backup, content);
   if (status.kind() == StatusKind::kNotFound) return true;
-  return status.ok() && MakeRescueCopy(files, rescuePath, content).ok();
+  return status.ok() && MakeRescueCopy(files, path, rescueFolder, content).status.ok();
 }
 
 bool Holds(FileSystem& files, const std::string& path, std::string_view content) {
@@ -135,7 +129,7 @@ void RotateBackups(FileSystem& files, const std::string& path, const std::string
   }
   const std::string newest = BackupPath(path, 1);
   // The only backup makes room for a file that is not there, and must not be lost for that.
-  if (!change.exists && !IsRescued(files, newest, RescuePath(rescueFolder, path))) return;
+  if (!change.exists && !IsRescued(files, newest, path, rescueFolder)) return;
   // In a folder that lets no name go, backup 1 is still an older one and stays.
   if (!files.Remove(newest).ok() || !change.exists) return;
   // A second name costs nothing and keeps the first. Where there is none, or where it would change
@@ -224,15 +218,24 @@ std::optional<std::string> SplicedContent(const RowsToWrite& events,
   return content;
 }
 
+WriteResult MakeRescueCopy(FileSystem& files, const std::string& path,
+                           const std::string& rescueFolder, std::string_view content) {
+  const std::string rescuePath = RescuePath(rescueFolder, path);
+  // Creates the folder, too.
+  Status status = files.CreateEmpty(rescuePath);
+  if (status.ok()) status = ReplaceFile(files, rescuePath, content);
+  if (!status.ok()) return {std::move(status), rescuePath};
+  return {};
+}
+
 WriteResult WriteEventsFile(FileSystem& files, const std::string& path,
                             const std::string& rescueFolder, int levels,
                             const EventsChange& change) {
   if (change.exists && change.oldContent == change.newContent) return {};
   const bool rescues = !change.oldContent.empty() && change.rescue == RescueNeed::kDropsSomething;
   if (rescues) {
-    const std::string rescuePath = RescuePath(rescueFolder, path);
-    Status status = MakeRescueCopy(files, rescuePath, change.oldContent);
-    if (!status.ok()) return {std::move(status), rescuePath};
+    WriteResult copied = MakeRescueCopy(files, path, rescueFolder, change.oldContent);
+    if (!copied.status.ok()) return copied;
   }
   const std::optional<std::string_view> before =
       change.exists ? std::optional<std::string_view>(change.oldContent) : std::nullopt;

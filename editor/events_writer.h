@@ -79,6 +79,10 @@ struct EventsChange {
                                           const std::string& rescueFolder, int levels,
                                           const EventsChange& change);
 
+// Puts bytes of the events file into its rescue copy.
+[[nodiscard]] WriteResult MakeRescueCopy(FileSystem& files, const std::string& path,
+                                         const std::string& rescueFolder, std::string_view content);
+
 // Removes what a killed save has left beside the file.
 void RemoveLeftovers(FileSystem& files, const std::string& path, const std::string& rescueFolder);
 

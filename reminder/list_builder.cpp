@@ -42,27 +42,30 @@ BuildOutcome ListBuilder::BuildReminderList(FileAccess access) {
     // What cannot be settled must not be changed either.
     if (!writeStatus_.ok()) access = FileAccess::kShared;
   }
-  readStatus_ =
-      ListEvents(ports_.files, EventsFilePath_, format_, options_, todayPreface_, now.date, list_);
+  ReadEvents(now.date);
   if (readStatus_.ok()) {
     if (access != FileAccess::kShared && EndsWithoutEvents()) {
       list_ = ReminderList();
       return BuildOutcome::kEnd;
     }
     if (access == FileAccess::kUpdate) TidyEventsFile(now.date);
-  } else if (readStatus_.kind() == StatusKind::kNotFound && access != FileAccess::kReadOnly) {
+  } else if (readStatus_.kind() == StatusKind::kNotFound && access == FileAccess::kUpdate) {
     writeStatus_ = CreateNewEventsFile(ports_.files, ports_.messages, EventsFilePath_);
     // The box may have stood for long, and the file may have come with its events meanwhile.
-    readStatus_ = ListEvents(ports_.files, EventsFilePath_, format_, options_, todayPreface_,
-                             now.date, list_);
-    // Where no file can be made there are no events.
-    if (readStatus_.kind() == StatusKind::kNotFound) readStatus_ = Status();
+    ReadEvents(now.date);
   }
   if (!Get(ports_.settings, settings::kShowTodaysDateWithReminders).empty()) {
     Delete(ports_.settings, settings::kShowTodaysDateWithReminders);
   }
   FillList(now);
   return BuildOutcome::kShow;
+}
+
+void ListBuilder::ReadEvents(CivilDate today) {
+  readStatus_ = ListEvents(ports_.files, EventsFilePath_, format_, options_, todayPreface_, today,
+                           shownAgain_, list_);
+  // Lines that are not in the file any more are forgotten.
+  if (readStatus_.ok()) shownAgain_ = HiddenLines(list_.hideList.begin(), list_.hideList.end());
 }
 
 bool ListBuilder::EndsWithoutEvents() {
@@ -72,11 +75,7 @@ bool ListBuilder::EndsWithoutEvents() {
 
 void ListBuilder::TidyEventsFile(CivilDate today) {
   if (list_.hasPastOneTime) RemovePastOneTime(today);
-  if (!list_.hideList.empty()) {
-    Status status =
-        UnhideEvents(ports_.files, EventsFilePath_, ports_.rescueFolder, list_.hideList);
-    if (!status.ok()) writeStatus_ = std::move(status);
-  }
+  if (!list_.hideList.empty()) UnhideListed();
 }
 
 void ListBuilder::RemovePastOneTime(CivilDate today) {
@@ -87,6 +86,23 @@ void ListBuilder::RemovePastOneTime(CivilDate today) {
     const auto before = std::lower_bound(removed.begin(), removed.end(), row.line);
     row.line -= static_cast<long>(before - removed.begin());
   }
+}
+
+void ListBuilder::UnhideListed() {
+  Status status = UnhideEvents(ports_.files, EventsFilePath_, ports_.rescueFolder, list_.hideList);
+  if (!status.ok()) {
+    writeStatus_ = std::move(status);
+    return;
+  }
+  shownAgain_.clear();
+  for (ReminderRow& row : list_.rows) {
+    if (row.losesMark) row.rawLine.remove_suffix(1);
+  }
+}
+
+void ListBuilder::EventHidden(std::string rawLine) {
+  if (!rawLine.ends_with('*')) rawLine += '*';
+  shownAgain_.erase(rawLine);
 }
 
 void ListBuilder::FillList(LocalTime now) {

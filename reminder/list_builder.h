@@ -37,9 +37,10 @@ enum class BuildOutcome {
 enum class FileAccess {
   kUpdate,    // undoes what an interrupted save has torn, creates a missing file, removes past
               // one-time events, shows hidden ones again
-  kShared,    // as long as an editor works on the file: a missing file is created, a file that is
-              // there stays as it is, and an empty list is no reason to end
-  kReadOnly,  // a missing file is only reported by readStatus
+  kShared,    // as long as an editor works on the file: it stays as it is, a missing file stays
+              // missing, since the editor's next save brings its events back, and an empty list is
+              // no reason to end
+  kReadOnly,  // the file is only read
 };
 
 class ListBuilder {
@@ -52,6 +53,9 @@ class ListBuilder {
   // was torn. A file that exists but cannot be read gives a list without events and is not touched;
   // nor is one that is torn and cannot be put right: its list is of what it holds.
   BuildOutcome BuildReminderList(FileAccess access);
+
+  // The user has hidden the event of this line, from now on until its next occurrence.
+  void EventHidden(std::string rawLine);
 
   // The rows as listed, countdowns of alarms included. The views are good until the next build.
   [[nodiscard]] const std::vector<std::string_view>& List1() const { return List1_; }
@@ -80,14 +84,22 @@ class ListBuilder {
   [[nodiscard]] const std::string& EventsFilePath() const { return EventsFilePath_; }
   [[nodiscard]] bool anyEventsInRange() const { return list_.anyEventsInRange; }
 
-  // How reading the events file, and changing it, ended in the last build.
+  // How reading the events file, and changing it, ended in the last build. kNotFound for a missing
+  // file that has not been created.
   [[nodiscard]] const Status& readStatus() const { return readStatus_; }
   [[nodiscard]] const Status& writeStatus() const { return writeStatus_; }
 
+  // The file is missing and writeStatus tells why it could not be created.
+  [[nodiscard]] bool couldNotCreate() const {
+    return readStatus_.kind() == StatusKind::kNotFound && !writeStatus_.ok();
+  }
+
  private:
+  void ReadEvents(CivilDate today);
   [[nodiscard]] bool EndsWithoutEvents();
   void TidyEventsFile(CivilDate today);
   void RemovePastOneTime(CivilDate today);
+  void UnhideListed();
   void FillList(LocalTime now);
 
   ListPorts ports_;
@@ -97,6 +109,9 @@ class ListBuilder {
   std::string todayPreface_;
   ListOptions options_;
   ReminderList list_;
+  // Hidden events that are to be shown again and whose mark could not be taken off yet: beside an
+  // editor, or because writing has failed. Their occurrence may be near before it can.
+  HiddenLines shownAgain_;
   AlarmSchedule alarms_;
   LocalTime builtAt_;
   std::vector<std::string_view> List1_;

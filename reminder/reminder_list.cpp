@@ -20,13 +20,15 @@ constexpr int kWeekdayLimit = 8;
 class RowCollector : public EventLineVisitor {
  public:
   RowCollector(const RegionalDateFormat& format, const ListOptions& options,
-               const std::string& todayPreface, CivilDate today, ReminderList& out)
+               const std::string& todayPreface, CivilDate today, const HiddenLines& shownAgain,
+               ReminderList& out)
       : format_(format),
         options_(options),
         todayPreface_(todayPreface),
         today_(today),
         currentYear_(YearOf(today)),
         nextDates_(today),
+        shownAgain_(shownAgain),
         out_(out) {}
 
   void Start() override { out_ = ReminderList(); }
@@ -53,14 +55,20 @@ class RowCollector : public EventLineVisitor {
     if (!SplitEventLine(source.text, event_)) return;
     const NextDate& next = nextDates_.Find(event_);
     if (next.state == NextDate::State::kNone) return;
+    losesMark_ = false;
     if (next.IsCounter()) {
       AddCounter(next, source);
       return;
     }
     if (!ReadAdvance(event_.advance, advance_)) return;
-    if (next.days > advance_) {
-      if (event_.hidden) out_.hideList.push_back(out_.pool.Keep(source.rawLine));
-    } else if (next.state == NextDate::State::kPassed) {
+    losesMark_ = event_.hidden &&
+                 (next.days > advance_ || shownAgain_.find(source.rawLine) != shownAgain_.end());
+    if (losesMark_) {
+      out_.hideList.push_back(out_.pool.Keep(source.rawLine));
+      event_.hidden = false;
+    }
+    if (next.days > advance_) return;
+    if (next.state == NextDate::State::kPassed) {
       AddPassed(next, source);
     } else if (!event_.hidden) {
       if (next.days == 0) {
@@ -95,6 +103,7 @@ class RowCollector : public EventLineVisitor {
     row.daysToGo = next.days;
     row.line = source.line;
     row.rawLine = out_.pool.Keep(source.rawLine);
+    row.losesMark = losesMark_;
     row.title = TitleOf(row, next, source);
     row.timeOfDay = ConvertToFourDigitTime(row.title);
     out_.anyEventsInRange = true;
@@ -194,9 +203,11 @@ class RowCollector : public EventLineVisitor {
   CivilDate today_;
   int currentYear_;
   NextDates nextDates_;
+  const HiddenLines& shownAgain_;
   ReminderList& out_;
   EventLineParts event_;               // of the line that is being visited
   int advance_ = 0;                    // of the same line
+  bool losesMark_ = false;             // of the same line, see ReminderRow
   std::array<DayTexts, 16> dayTexts_;  // each day has one place, which it shares with others
 };
 
@@ -204,8 +215,8 @@ class RowCollector : public EventLineVisitor {
 
 Status ListEvents(FileSystem& files, const std::string& path, const RegionalDateFormat& format,
                   const ListOptions& options, const std::string& todayPreface, CivilDate today,
-                  ReminderList& out) {
-  RowCollector collector(format, options, todayPreface, today, out);
+                  const HiddenLines& shownAgain, ReminderList& out) {
+  RowCollector collector(format, options, todayPreface, today, shownAgain, out);
   Status status = ReadEventLines(files, path, collector);
   if (!status.ok()) out = ReminderList();
   return status;

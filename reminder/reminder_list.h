@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,14 +37,18 @@ struct ReminderRow {
   int timeOfDay = 0;         // hhmm, kNoTimeOfDay without one; the today line has 0
   RowKind kind = RowKind::kUpcoming;
   std::uint8_t dateSize = 0;  // bytes of `text` that are the date
+  bool losesMark = false;     // the line's hidden mark has served: it is in the hide list
 };
+
+// Raw lines of hidden events.
+using HiddenLines = std::set<std::string, std::less<>>;
 
 // What one pass over the events gives, the rows in the order of the file.
 struct ReminderList {
   std::deque<ReminderRow> rows;            // a deque, so that a long list never moves
   bool anyEventsInRange = false;           // a row other than the today line exists
   bool hasPastOneTime = false;             // a one-time event lies before today
-  std::vector<std::string_view> hideList;  // raw lines of hidden events whose occurrence is over
+  std::vector<std::string_view> hideList;  // raw lines of hidden events that are to be shown again
   std::vector<std::string_view> todaysTitles;  // of today's events, in the file's order
   TextPool pool;                               // what the views above look at
 };
@@ -51,9 +57,12 @@ struct ReminderList {
 // task. Rejected lines and events without a date are passed over but keep their numbers. `today`
 // is a real date of the years 1 to 9998. The today line is not among the rows. After a failure
 // to read (see ReadEventLines) the list is empty.
+//
+// A hidden event is to be shown again when its occurrence is over. One that was so in an earlier
+// list and has kept its mark since is in `shownAgain`, and is listed like any other.
 Status ListEvents(FileSystem& files, const std::string& path, const RegionalDateFormat& format,
                   const ListOptions& options, const std::string& todayPreface, CivilDate today,
-                  ReminderList& out);
+                  const HiddenLines& shownAgain, ReminderList& out);
 
 // Adds the today line: today's date and "<TODAY>", with the weekday if wanted. It sorts before
 // all other rows of its day.

@@ -150,7 +150,7 @@ WindowChange ReminderSession::Rebuild() {
 
 void ReminderSession::TellFileProblems() {
   if (!Complain) return;
-  if (!builder_->readStatus().ok() && !unreadSince_) {
+  if (!builder_->readStatus().ok() && !builder_->couldNotCreate() && !unreadSince_) {
     Complain(EventsFilePath() + ": " + DescribeStatus(builder_->readStatus()));
   }
   if (!builder_->writeStatus().ok()) {
@@ -210,8 +210,12 @@ WindowChange ReminderSession::StartNewDay() {
 // A share that is not there yet, or a file that another program holds, must not cost the alarms of
 // a day.
 bool ReminderSession::MayBeReadableNow() const {
+  if (!unreadSince_) return false;
   const StatusKind kind = builder_->readStatus().kind();
-  return unreadSince_ && kind != StatusKind::kNotText && kind != StatusKind::kTooLarge;
+  // A build would tell of the missing file once more, and make an empty one of it.
+  FileStamp stamp;
+  if (kind == StatusKind::kNotFound) return ports_.files.GetStamp(EventsFilePath(), stamp).ok();
+  return kind != StatusKind::kNotText && kind != StatusKind::kTooLarge;
 }
 
 WindowChange ReminderSession::StateChanged(WindowState window) {
@@ -367,9 +371,10 @@ WindowChange ReminderSession::ChangeTarget(Status (*change)(FileSystem&, const s
   const Busy busy(isBusy_);
   const Status status =
       change(ports_.files, EventsFilePath(), ports_.folders.userData, menuTarget_->event);
+  if (status.ok() && change == HideEvent) builder_->EventHidden(menuTarget_->event.rawLine);
   menuTarget_.reset();
-  // Of a file that is gone the rebuild tells.
-  if (!status.ok() && status.kind() != StatusKind::kNotFound) {
+  // Of a file that is gone the rebuild tells, but not while the editor works on it.
+  if (!status.ok() && (status.kind() != StatusKind::kNotFound || ports_.editor.IsLoaded())) {
     ports_.messages.Show("The events file could not be changed:\n" + EventsFilePath(),
                          MessageButtons::kOk, MessageIcon::kExclamation);
   }

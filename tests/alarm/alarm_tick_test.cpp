@@ -1,6 +1,8 @@
 // What a tick of the minute timer does: countdowns, the first sound, the repeat, the options.
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "tests/alarm/alarm_desk.h"
 
 namespace tidewarden::test {
@@ -231,6 +233,23 @@ TEST(AlarmTick, TheHelpingTickIsDueJustAfterTheFullMinute) {
   for (const auto& [now, milliseconds] : cases) {
     EXPECT_EQ(desk.session.MillisecondsToNextTick(now), milliseconds);
   }
+}
+
+// The user does something to the list right when the minute begins.
+TEST(AlarmTick, TheHelpingTickIsNotPutOffByAnActionJustBeforeIt) {
+  AlarmDesk desk;
+  desk.Build({"Dentist 3:30pm"});
+  desk.TickAt(15, 29, 45);
+  for (const auto& [millisecond, wait] :
+       {std::pair(0, 50), std::pair(20, 30), std::pair(49, 1), std::pair(50, 15'000)}) {
+    const LocalTime now{On(2014, 12, 22), 15, 30, 0, millisecond};
+    EXPECT_EQ(desk.session.MillisecondsToNextTick(now), wait);
+  }
+  // A tick that the timer has brought too early is the one of the minute.
+  desk.SetTime(15, 30, 0);
+  desk.now.millisecond = 20;
+  EXPECT_TRUE(desk.Tick().showsMessages);
+  EXPECT_EQ(desk.session.MillisecondsToNextTick(desk.now), 15'000);
 }
 
 TEST(AlarmTick, TheHelpingTickRingsWhatTheTimerWouldStepOver) {

@@ -94,5 +94,103 @@ TEST(VanishedFile, FailedSavesPushNoBackupOut) {
   EXPECT_EQ(desk.Backup(3), "backup 2");
 }
 
+// --- What the editor has read is in nobody's file any more.
+
+TEST(EmptiedFile, ASaveKeepsWhatWasInItInTheRescueCopy) {
+  for (const bool withBackups : {false, true}) {
+    EditDesk desk(kTwo);
+    if (withBackups) desk.Set("LevelsOfBackup", "2");
+    desk.Open();
+    desk.Enter(0, "6.1", "Summer");
+    desk.files.files[kEventsPath].clear();
+    desk.session().Save();
+    EXPECT_EQ(desk.file(), "06.01,Summer,7,yearly\r\n");
+    EXPECT_EQ(desk.files.files[kRescuePath], kTwo);
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    // The next save has nothing to lose.
+    desk.files.files.erase(kRescuePath);
+    desk.Enter(0, "7.1", "July");
+    desk.session().Save();
+    EXPECT_THAT(desk.file(), HasSubstr("July"));
+    EXPECT_FALSE(desk.files.files.contains(kRescuePath));
+  }
+}
+
+TEST(EmptiedFile, ADeletionFindsNothingAndKeepsWhatWasInItInTheRescueCopy) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  ASSERT_TRUE(desk.Select("Christmas"));
+  desk.session().Edit();
+  desk.files.files[kEventsPath].clear();
+  desk.messages.answer = MessageAnswer::kYes;
+  desk.session().Delete();
+  EXPECT_EQ(desk.file(), "");
+  EXPECT_EQ(desk.files.files[kRescuePath], kTwo);
+}
+
+TEST(EmptiedFile, WithoutTheRescueCopyNothingIsSaved) {
+  EditDesk desk(kTwo);
+  desk.files.writeFailures[kRescuePath] = StatusKind::kNoSpace;
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.files.files[kEventsPath].clear();
+  desk.session().Save();
+  EXPECT_EQ(desk.file(), "");
+  EXPECT_TRUE(desk.session().isEntryUnderWay());
+  EXPECT_EQ(desk.messages.shown.size(), 1U);
+}
+
+TEST(EmptiedFile, OneThatWasEmptyBeforeLeavesNoRescueCopy) {
+  EditDesk desk;
+  desk.Open();
+  desk.Enter(0, "6.1", "Summer");
+  desk.session().Save();
+  EXPECT_EQ(desk.file(), "06.01,Summer,7,yearly\r\n");
+  // The user deletes the last event.
+  ASSERT_TRUE(desk.Select("Summer"));
+  desk.messages.answer = MessageAnswer::kYes;
+  desk.session().PopupDelete();
+  EXPECT_EQ(desk.file(), "");
+  EXPECT_FALSE(desk.files.files.contains(kRescuePath));
+}
+
+TEST(VanishedFile, ThatIsMadeAnewLeavesItsEventsInTheRescueCopy) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  desk.files.files.erase(kEventsPath);
+  std::string rescuedBefore;
+  desk.messages.whileOpen = [&] { rescuedBefore = desk.files.files[kRescuePath]; };
+  desk.session().Reload();
+  EXPECT_EQ(desk.messages.shown.size(), 1U);
+  EXPECT_EQ(rescuedBefore, kTwo) << "the box may stand for long";
+  EXPECT_EQ(desk.file(), "");
+  // What is gone is not lost a second time.
+  desk.files.files[kRescuePath] = "the user's";
+  desk.files.files.erase(kEventsPath);
+  desk.session().Reload();
+  EXPECT_EQ(desk.files.files[kRescuePath], "the user's");
+}
+
+TEST(VanishedFile, WhoseRescueCopyCannotBeMadeIsToldOf) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  desk.files.writeFailures[kRescuePath] = StatusKind::kNoSpace;
+  desk.files.files.erase(kEventsPath);
+  desk.session().Reload();
+  ASSERT_EQ(desk.messages.shown.size(), 2U);
+  EXPECT_THAT(desk.messages.shown[0], HasSubstr(kRescuePath));
+  EXPECT_EQ(desk.file(), "");
+}
+
+TEST(VanishedFile, OfAnEarlierOpeningIsNotRemembered) {
+  EditDesk desk(kTwo);
+  desk.Open();
+  desk.session().Closed(std::nullopt, EditorClosing::kReturnToReminders);
+  desk.files.files.erase(kEventsPath);
+  desk.Open();
+  EXPECT_EQ(desk.messages.shown.size(), 1U);
+  EXPECT_FALSE(desk.files.files.contains(kRescuePath));
+}
+
 }  // namespace
 }  // namespace tidewarden

@@ -45,6 +45,13 @@ TEST(MissingFile, IsToldAgainWhileItCannotBeCreated) {
   EXPECT_EQ(desk.messages.shown.size(), 2);
   EXPECT_EQ(desk.files.files.count(kEventsPath), 0);
   EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
+  EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotFound);
+  EXPECT_EQ(desk.builder().writeStatus().kind(), StatusKind::kNoPermission);
+  EXPECT_TRUE(desk.builder().couldNotCreate());
+  desk.files.writeFailures.clear();
+  desk.Build();
+  EXPECT_TRUE(desk.builder().readStatus().ok());
+  EXPECT_FALSE(desk.builder().couldNotCreate());
 }
 
 // The box of a list that is built at midnight stands until the morning.
@@ -73,14 +80,17 @@ TEST(MissingFile, ThatCannotBeReadAfterTheBoxIsNotTakenForEmpty) {
   EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kInputOutput);
 }
 
-TEST(MissingFile, IsLeftMissingByAReader) {
-  Desk desk;
-  desk.access = FileAccess::kReadOnly;
-  EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
-  EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotFound);
-  EXPECT_EQ(desk.files.files.count(kEventsPath), 0);
-  EXPECT_EQ(desk.FileChanges(), 0);
-  EXPECT_THAT(desk.messages.shown, IsEmpty());
+TEST(MissingFile, IsLeftMissingByAReaderAndBesideAnEditor) {
+  for (const FileAccess access : {FileAccess::kReadOnly, FileAccess::kShared}) {
+    Desk desk;
+    desk.access = access;
+    EXPECT_EQ(desk.Build(), BuildOutcome::kShow);
+    EXPECT_EQ(desk.builder().readStatus().kind(), StatusKind::kNotFound);
+    EXPECT_EQ(desk.files.files.count(kEventsPath), 0);
+    EXPECT_EQ(desk.FileChanges(), 0);
+    EXPECT_THAT(desk.messages.shown, IsEmpty());
+    EXPECT_THAT(desk.Listed(), ElementsAre(kTodayRow));
+  }
 }
 
 TEST(MissingFile, DoesNotEndTheProgram) {
@@ -240,6 +250,96 @@ TEST(InRange, IsAnyRowButTheTodayLine) {
     desk.Build();
     EXPECT_EQ(desk.builder().anyEventsInRange(), inRange);
   }
+}
+
+// --- Hidden events whose mark has served and could not be taken off.
+
+const std::string kBins = "12.22,Bins,2,07-2014";
+const std::string kHiddenBins = kBins + "*";
+
+TEST(HiddenMark, ThatCannotBeTakenOffKeepsNoEventBack) {
+  Desk desk(kHiddenBins + "\n");
+  desk.SetNow(2014, 12, 26);
+  desk.files.commitFailures[kEventsPath] = StatusKind::kNoSpace;
+  desk.Build();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().back(), "12/29/2014 Bins (Monday, 1 day)");
+  EXPECT_EQ(desk.builder().rows().back().rawLine, kHiddenBins);
+  EXPECT_EQ(desk.builder().writeStatus().kind(), StatusKind::kNoSpace);
+  desk.files.commitFailures.clear();
+  desk.Build();
+  EXPECT_EQ(desk.List().back(), "12/29/2014 Bins (Monday, 1 day)");
+  EXPECT_EQ(desk.builder().rows().back().rawLine, kBins);
+  EXPECT_EQ(desk.file(), kBins + "\r\n");
+  EXPECT_TRUE(desk.builder().writeStatus().ok());
+}
+
+TEST(HiddenMark, ThatCouldNotBeReadForAWhileIsNotForgotten) {
+  Desk desk(kHiddenBins + "\n");
+  desk.access = FileAccess::kShared;
+  desk.SetNow(2014, 12, 26);
+  desk.Build();
+  desk.files.failures[kEventsPath] = StatusKind::kInputOutput;
+  desk.Build();
+  desk.files.failures.clear();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+}
+
+TEST(HiddenMark, OfAFileThatCameBehindTheBoxHasServedToo) {
+  Desk desk;
+  desk.SetNow(2014, 12, 26);
+  desk.messages.whileOpen = [&] { desk.files.files[kEventsPath] = kHiddenBins + "\n"; };
+  desk.Build();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+  EXPECT_EQ(desk.file(), kBins + "\r\n");
+}
+
+TEST(HiddenMark, ThatIsSetAnewAfterItHasGoneHides) {
+  Desk desk(kHiddenBins + "\n");
+  desk.access = FileAccess::kShared;
+  desk.SetNow(2014, 12, 26);
+  desk.Build();
+  desk.SetNow(2014, 12, 28);
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+  desk.files.files[kEventsPath] = kBins + "\n";
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 2U);
+  desk.files.files[kEventsPath] = kHiddenBins + "\n";
+  desk.Build();
+  EXPECT_EQ(desk.List().size(), 1U);
+}
+
+TEST(HiddenMark, ThatTheUserSetsAnewHides) {
+  for (const std::string& line : {kHiddenBins, kBins}) {
+    Desk desk(kHiddenBins + "\n");
+    desk.access = FileAccess::kShared;
+    desk.SetNow(2014, 12, 26);
+    desk.Build();
+    desk.SetNow(2014, 12, 28);
+    desk.builder().EventHidden(line);
+    desk.Build();
+    EXPECT_THAT(desk.List(), ElementsAre("12/28/2014   <TODAY>"));
+    EXPECT_EQ(desk.file(), kHiddenBins + "\n");
+  }
+}
+
+// An overdue task is listed in spite of its mark, which goes all the same.
+TEST(HiddenMark, OfATaskThatHasBecomeOverdueMeanwhileGoes) {
+  const std::string task = "12.24,Rent,1,tdo2014";
+  Desk desk(task + "*\n");
+  desk.access = FileAccess::kShared;
+  desk.Build();
+  desk.SetNow(2014, 12, 26);
+  desk.access = FileAccess::kUpdate;
+  desk.Build();
+  EXPECT_EQ(desk.file(), task + "\r\n");
+  EXPECT_EQ(desk.builder().rows().front().rawLine, task);
 }
 
 // --- The clock.

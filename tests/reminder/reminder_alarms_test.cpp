@@ -82,6 +82,42 @@ TEST(SessionAlarms, AreNotLostWhenTheFileCannotBeReadForAMoment) {
   EXPECT_THAT(desk.alarmsShown, ElementsAre(kDentistMessage));
 }
 
+// A stick that is not in its place leaves no folder in which the file could be made.
+TEST(SessionAlarms, AreNotLostWhenTheFileIsMissingAtMidnight) {
+  SessionDesk desk("");
+  desk.Start();
+  desk.files.files.clear();
+  desk.files.writeFailures[kSessionPath] = StatusKind::kNoPermission;
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 0));
+  EXPECT_THAT(desk.List(), ElementsAre("12/23/2014   <TODAY>"));
+  for (const int minute : {1, 2, 3}) static_cast<void>(desk.TickAt(2014, 12, 23, 0, minute));
+  EXPECT_EQ(desk.session.builds(), 2);
+  desk.files.files[kSessionPath] = "12.23,Pill 0:02,0,yearly\r\n";
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 4));
+  EXPECT_NE(desk.RowWith("PILL"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 5));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre("\nPill 0:02\n"));
+  EXPECT_EQ(desk.messages.boxes.size(), 1U);
+  EXPECT_EQ(desk.complaints.size(), 1U) << "that it could not be created";
+  EXPECT_EQ(desk.session.builds(), 3);
+}
+
+// Nothing is made of it between the box and the next list that the user or a new day asks for.
+TEST(SessionAlarms, AMissingFileIsNotCreatedBehindTheUsersBack) {
+  SessionDesk desk(kDentist);
+  desk.Start();
+  desk.files.files.clear();
+  desk.files.writeFailures[kSessionPath] = StatusKind::kNoPermission;
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 0));
+  desk.files.writeFailures.clear();
+  for (const int minute : {1, 2, 3}) static_cast<void>(desk.TickAt(2014, 12, 23, 0, minute));
+  EXPECT_THAT(desk.files.files, IsEmpty());
+  EXPECT_EQ(desk.messages.boxes.size(), 1U);
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.messages.boxes.size(), 2U);
+  EXPECT_EQ(desk.file(), "");
+}
+
 TEST(SessionAlarms, OfBeforeTheStartStaySilentWhenTheFileCouldNotBeReadThen) {
   SessionDesk desk(kDentist + "12.22,Lunch 1:00pm,0,yearly\r\n");
   desk.files.failures[kSessionPath] = StatusKind::kBusy;

@@ -58,6 +58,57 @@ TEST(Editor, ARestoredOneTakesThePlaceOfTheWindowAgain) {
   EXPECT_EQ(desk.session.EditorRestored(), WindowChange::kNone);
 }
 
+// The editor's next save writes a file that has vanished with all its events; one that has become
+// empty it would take for a file without events.
+TEST(Editor, AFileThatVanishesBesideItIsNotMadeAnewByANewDay) {
+  SessionDesk desk(kChristmas + "12.23,Pill 0:02,0,yearly\r\n");
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  const std::string before = desk.file();
+  desk.files.files.erase(kSessionPath);
+  for (const int minute : {0, 1, 2}) {
+    static_cast<void>(desk.TickAt(2014, 12, 23, 0, minute));
+  }
+  EXPECT_THAT(desk.List(), ElementsAre("12/23/2014   <TODAY>"));
+  EXPECT_EQ(desk.session.builds(), 2);
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.files.files.count(kSessionPath), 0);
+  EXPECT_THAT(desk.Logged("create"), IsEmpty());
+  EXPECT_THAT(desk.messages.boxes, IsEmpty());
+  EXPECT_THAT(desk.complaints, ElementsAre(kSessionPath + ": the file does not exist"));
+
+  desk.files.files[kSessionPath] = before;
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 4));
+  static_cast<void>(desk.TickAt(2014, 12, 23, 0, 5));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre("\nPill 0:02\n"));
+}
+
+TEST(Editor, AFileThatVanishesBesideItIsToldOfAtItsReturn) {
+  SessionDesk desk(kChristmas);
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  desk.files.files.erase(kSessionPath);
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_THAT(desk.messages.boxes, IsEmpty());
+  desk.editor.loaded = false;
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.messages.boxes.size(), 1U);
+  EXPECT_EQ(desk.file(), "");
+}
+
+TEST(Editor, AChangeOfAFileThatVanishedBesideItIsToldToHaveFailed) {
+  SessionDesk desk(kChristmas);
+  desk.Start();
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  ASSERT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  desk.MenuOn("Christmas");
+  desk.files.files.erase(kSessionPath);
+  EXPECT_EQ(desk.session.HideThis(), WindowChange::kNone);
+  EXPECT_THAT(desk.messages.Texts(),
+              ElementsAre("The events file could not be changed:\n" + kSessionPath));
+  EXPECT_EQ(desk.files.files.count(kSessionPath), 0);
+}
+
 TEST(Editor, EveryWayOfOpeningSetsBothRequests) {
   SessionDesk desk("hello\r\n" + kChristmas + "12.20,Pay rent,7,tdo2014\r\n");
   desk.Start();
@@ -184,6 +235,59 @@ TEST(Editor, WhileItIsLoadedABuildLeavesTheFileAndTheProgramAlone) {
   EXPECT_EQ(desk.file(), "12.20,Over,1,yearly\r\n");
   desk.shiftKey.down = false;
   EXPECT_EQ(desk.session.Restore(), WindowChange::kEnd);
+}
+
+// --- A hidden event whose mark has served while the editor is open.
+
+const std::string kBins = "12.22,Bins 7:00am,2,07-2014";
+
+// The editor is open and minimized from a Monday on which the event is hidden to the next one.
+void OpenEditorForAWeek(SessionDesk& desk) {
+  desk.SetNow(2014, 12, 22, 8, 0);
+  desk.Start();
+  ASSERT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  ASSERT_EQ(desk.session.GoToEdit(desk.here), WindowChange::kHide);
+  ASSERT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  for (int day = 23; day <= 29; ++day) {
+    static_cast<void>(desk.TickAt(2014, 12, day, 0, 0));
+    ASSERT_EQ(desk.RowWith("Bins") == ReminderSession::kNoRow, day < 27 || day == 29) << day;
+    ASSERT_EQ(desk.file(), kBins + "*\r\n");
+  }
+}
+
+TEST(HiddenBesideTheEditor, ComesBackAndRingsBeforeItsMarkGoes) {
+  SessionDesk desk(kBins + "*\r\n");
+  OpenEditorForAWeek(desk);
+  EXPECT_NE(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 29, 7, 0));
+  EXPECT_THAT(desk.alarmsShown, ElementsAre("\nBins 7:00am\n"));
+  EXPECT_EQ(desk.file(), kBins + "*\r\n");
+
+  desk.editor.loaded = false;
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.file(), kBins + "\r\n");
+  EXPECT_EQ(desk.alarmsShown.size(), 1U);
+  // Its row knows the line without the mark.
+  EXPECT_TRUE(desk.MenuOn("BINS").mnuHideThis);
+  EXPECT_EQ(desk.session.HideThis(), WindowChange::kNone);
+  EXPECT_EQ(desk.file(), kBins + "*\r\n");
+  EXPECT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+}
+
+TEST(HiddenBesideTheEditor, StaysHiddenWhenTheUserHidesItAnew) {
+  SessionDesk desk(kBins + "*\r\n");
+  OpenEditorForAWeek(desk);
+  EXPECT_TRUE(desk.MenuOn("BINS").mnuHideThis);
+  EXPECT_EQ(desk.session.HideThis(), WindowChange::kNone);
+  EXPECT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  static_cast<void>(desk.TickAt(2014, 12, 29, 7, 0));
+  EXPECT_THAT(desk.alarmsShown, IsEmpty());
+  desk.editor.loaded = false;
+  EXPECT_EQ(desk.session.Restore(), WindowChange::kRestore);
+  EXPECT_EQ(desk.RowWith("BINS"), ReminderSession::kNoRow);
+  EXPECT_EQ(desk.file(), kBins + "*\r\n");
+  static_cast<void>(desk.TickAt(2014, 12, 30, 0, 0));
+  EXPECT_EQ(desk.file(), kBins + "\r\n") << "until its next occurrence";
 }
 
 }  // namespace
