@@ -1,8 +1,10 @@
 ; The installer for one user: no administrator, nothing outside the user's own folders and registry.
 ;
-;   makensis -DVERSION=0.1.0 -DSOURCE=... -DREMOVALS=... -DOUTPUT=... installer.nsi
+;   makensis -DVERSION=0.1.0 -DSOURCE=... -DINSTALLS=... -DREMOVALS=... -DICON=... -DOUTPUT=...
+;     installer.nsi
 ;
-; SOURCE holds what is installed, REMOVALS is a file of the instructions that take it away again.
+; SOURCE holds what is installed. INSTALLS and REMOVALS are files of instructions for each of its
+; files, made of the macros InstallFile and InstallUsersFile, RemoveFile and RemoveUsersFile.
 ; The installer answers to /S (asks nothing), /D=FOLDER (last), /STARTUP (start with the computer);
 ; the uninstaller to /S and /SETTINGS (delete the settings too).
 
@@ -17,6 +19,8 @@ Target amd64-unicode
 !define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
 !define APPROVED_KEY "Software\Microsoft\Windows\CurrentVersion\Explorer\StartupApproved\Run"
 !define SETTINGS_KEY "Software\Tideward"
+; By their full names, so that copies in several folders do not meet.
+!define TIMES_KEY "Software\Tideward Setup"
 
 Name "Tidewarden"
 OutFile "${OUTPUT}"
@@ -68,10 +72,27 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Tidewarden authors; MIT
   ${Loop}
 !macroend
 
-; Files that a user may have made their own (quotes, the look, the bell) are known by their time:
-; it is kept in the registry, and one that has changed since is left alone from then on.
+!macro RefuseWhileAnyRuns action
+  !insertmacro RefuseWhileRunning "tidewarden" "${action}"
+  !insertmacro RefuseWhileRunning "customizer" "${action}"
+  !insertmacro RefuseWhileRunning "twdocs" "${action}"
+  !insertmacro RefuseWhileRunning "tidewarden-cli" "${action}"
+!macroend
+
+!macro InstallFile folder name
+  SetOutPath "$INSTDIR\${folder}"
+  File "${SOURCE}/${folder}${name}"
+!macroend
+
+!macro RemoveFile folder name
+  Delete "$INSTDIR\${folder}${name}"
+!macroend
+
+; Files that a user may have made their own (quotes, the look, the bell, the example, in which
+; somebody may keep their events) are known by their time: it is kept in the registry, and one that
+; has changed since is left alone from then on.
 !macro IfChangedByUser name
-  ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "Time ${name}"
+  ReadRegStr $0 HKCU "${TIMES_KEY}" "$INSTDIR\${name}"
   GetFileTime "$INSTDIR\${name}" $1 $2
   ${If} ${FileExists} "$INSTDIR\${name}"
   ${AndIf} $0 != "$1 $2"
@@ -81,10 +102,9 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Tidewarden authors; MIT
   !insertmacro IfChangedByUser "${folder}${name}"
     DetailPrint "Kept as it is: ${folder}${name}"
   ${Else}
-    SetOutPath "$INSTDIR\${folder}"
-    File "${SOURCE}/${folder}${name}"
+    !insertmacro InstallFile "${folder}" "${name}"
     GetFileTime "$INSTDIR\${folder}${name}" $1 $2
-    WriteRegStr HKCU "${UNINSTALL_KEY}" "Time ${folder}${name}" "$1 $2"
+    WriteRegStr HKCU "${TIMES_KEY}" "$INSTDIR\${folder}${name}" "$1 $2"
   ${EndIf}
 !macroend
 
@@ -92,8 +112,9 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Tidewarden authors; MIT
   !insertmacro IfChangedByUser "${folder}${name}"
     DetailPrint "Kept as it is: ${folder}${name}"
   ${Else}
-    Delete "$INSTDIR\${folder}${name}"
+    !insertmacro RemoveFile "${folder}" "${name}"
   ${EndIf}
+  DeleteRegValue HKCU "${TIMES_KEY}" "$INSTDIR\${folder}${name}"
 !macroend
 
 ; The program that a shortcut starts, in $0; empty when there is none.
@@ -116,14 +137,8 @@ VIAddVersionKey "LegalCopyright" "Copyright (c) 2026 The Tidewarden authors; MIT
 
 Section "Tidewarden" SectionProgram
   SectionIn RO
-  !insertmacro RefuseWhileRunning "tidewarden" "installed"
-  !insertmacro RefuseWhileRunning "customizer" "installed"
-  !insertmacro RefuseWhileRunning "twdocs" "installed"
-  SetOutPath "$INSTDIR"
-  File /r /x Inspiration.txt /x winaqua.skn /x emergency.wav "${SOURCE}/*"
-  !insertmacro InstallUsersFile "Quotes\" "Inspiration.txt"
-  !insertmacro InstallUsersFile "alarms\" "emergency.wav"
-  !insertmacro InstallUsersFile "" "winaqua.skn"
+  !insertmacro RefuseWhileAnyRuns "installed"
+  !include "${INSTALLS}"
   SetOutPath "$INSTDIR"
   WriteUninstaller "$INSTDIR\uninstall.exe"
 
@@ -169,9 +184,7 @@ FunctionEnd
 ; Takes away what was installed and nothing else: the events, their backups and every other file of
 ; the user in the folder stay, and so the folder itself while it holds any.
 Section "Uninstall"
-  !insertmacro RefuseWhileRunning "tidewarden" "removed"
-  !insertmacro RefuseWhileRunning "customizer" "removed"
-  !insertmacro RefuseWhileRunning "twdocs" "removed"
+  !insertmacro RefuseWhileAnyRuns "removed"
 
   StrCpy $R2 "keep"
   ${GetParameters} $R0
@@ -180,27 +193,40 @@ Section "Uninstall"
   ${IfNot} ${Errors}
     StrCpy $R2 "delete"
   ${Else}
+    ; Where they are is known to the settings alone, which may be about to go.
+    ReadRegStr $0 HKCU "${SETTINGS_KEY}\Settings" "Path"
+    ${If} $0 == ""
+      StrCpy $0 "."
+    ${Else}
+      StrCpy $0 ":$\n$\n$0"
+    ${EndIf}
     MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 \
-      "Delete your settings too? Your events are kept in any case." /SD IDNO IDNO +2
+      "Delete your settings too? Your events are kept in any case$0" /SD IDNO IDNO +2
     StrCpy $R2 "delete"
   ${EndIf}
 
-  !insertmacro RemoveUsersFile "Quotes\" "Inspiration.txt"
-  !insertmacro RemoveUsersFile "alarms\" "emergency.wav"
-  !insertmacro RemoveUsersFile "" "winaqua.skn"
   !include "${REMOVALS}"
   Delete "$INSTDIR\uninstall.exe"
-  RMDir "$INSTDIR\Quotes"
-  RMDir "$INSTDIR\alarms"
   RMDir "$INSTDIR"
+  DeleteRegKey /ifempty HKCU "${TIMES_KEY}"
 
   ; Only entries that lead here: another copy may have its own.
   !insertmacro ReadShortcut "$SMPROGRAMS\Tidewarden.lnk"
   ${If} $0 == "$INSTDIR\tidewarden.exe"
     Delete "$SMPROGRAMS\Tidewarden.lnk"
   ${EndIf}
+  ; Whatever the entry adds to the program, and with or without quotes.
   ReadRegStr $0 HKCU "${RUN_KEY}" "Tidewarden"
-  ${If} $0 == '"$INSTDIR\tidewarden.exe"'
+  ExpandEnvStrings $0 $0
+  StrCpy $1 " "
+  StrCpy $2 $0 1
+  ${If} $2 == '"'
+    StrCpy $1 '"'
+    StrCpy $0 $0 "" 1
+  ${EndIf}
+  StrLen $2 "$INSTDIR\tidewarden.exe$1"
+  StrCpy $0 "$0$1" $2
+  ${If} $0 == "$INSTDIR\tidewarden.exe$1"
     DeleteRegValue HKCU "${RUN_KEY}" "Tidewarden"
     ; Where the task manager notes that it has switched the entry off.
     DeleteRegValue HKCU "${APPROVED_KEY}" "Tidewarden"

@@ -53,5 +53,5 @@ first_shown() { shown "$1" | head -n 1; }
 # old code page of consoles.
 registry() {
   wine_run reg query "HKCU\\Software\\$1" /v "$2" 2>/dev/null | iconv -f CP437 |
-    tr -d '\r' | sed -n "s/^ *${2//\//\\/}  *REG_[A-Z]*  *//p"
+    tr -d '\r' | sed -n "s/^ *${2//\//\\/}  *REG_[A-Z_]*  *//p"
 }
