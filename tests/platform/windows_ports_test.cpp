@@ -37,11 +37,16 @@ class ShellArea : public ::testing::Test {
                  data_ = data;
                  return std::find(refused_.begin(), refused_.end(), message) == refused_.end();
                },
+               [this] { return isBusy_; },
                [this](HWND window) {
                  EXPECT_EQ(window, WindowOf(kOwner));
                  return isSeen_;
                },
-               [this] { return hasArea_; }}),
+               [this] { return hasArea_; },
+               [this](HWND window, UINT message) {
+                 EXPECT_EQ(window, WindowOf(kOwner));
+                 letIn_.push_back(message);
+               }}),
         icon_(area_) {
     icon_.OwnerForm = kOwner;
     icon_.Icon(kPicture);
@@ -60,7 +65,9 @@ class ShellArea : public ::testing::Test {
   NOTIFYICONDATAA data_{};
   bool isSeen_ = false;
   bool hasArea_ = true;
-  std::vector<DWORD> refused_;  // messages that the shell is too busy for
+  std::vector<DWORD> refused_;  // messages that the shell does not obey
+  bool isBusy_ = false;         // that is why
+  std::vector<UINT> letIn_;
   std::vector<int> heard_;
   ShellNotificationArea area_;
   TrayIcon icon_;
@@ -161,6 +168,15 @@ TEST_F(ShellArea, AShellThatStartsAnewGetsTheIconAgain) {
   EXPECT_EQ(appeared, 1);
 }
 
+TEST_F(ShellArea, AShellWithFewerRightsThanTheProgramReachesIt) {
+  EXPECT_THAT(letIn_, IsEmpty());
+  icon_.Visible(true);
+  EXPECT_THAT(letIn_, ElementsAre(::RegisterWindowMessageW(L"TaskbarCreated"), UINT{WM_MOUSEMOVE}));
+  icon_.Tooltip("short");
+  icon_.Visible(false);
+  EXPECT_EQ(letIn_.size(), 2U);
+}
+
 TEST_F(ShellArea, IsNoneUntilTheShellHasTakenTheIcon) {
   EXPECT_TRUE(area_.IsAvailable());
   EXPECT_THAT(messages_, IsEmpty()) << "no icon is wanted";
@@ -175,10 +191,47 @@ TEST_F(ShellArea, IsNoneUntilTheShellHasTakenTheIcon) {
   data_ = {};
   EXPECT_TRUE(area_.IsAvailable());
   EXPECT_TRUE(area_.IsAvailable());
-  EXPECT_THAT(messages_, ElementsAre(NIM_ADD)) << "once it is there, it is left alone";
+  EXPECT_THAT(messages_, ElementsAre(NIM_ADD, NIM_MODIFY)) << "once it is there, it is looked for";
   EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
   hasArea_ = false;
   EXPECT_FALSE(area_.IsAvailable());
+}
+
+TEST_F(ShellArea, AnIconThatHasGoneIsAddedAgain) {
+  icon_.Visible(true);
+  messages_.clear();
+  data_ = {};
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(DWORD{NIM_MODIFY})) << "the same record tells of an icon";
+  EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
+  messages_.clear();
+  refused_ = {NIM_MODIFY};
+  data_ = {};
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(NIM_MODIFY, NIM_ADD));
+  EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
+}
+
+TEST_F(ShellArea, AnIconThatHasGoneAndIsNotTakenAgainMeansNoArea) {
+  icon_.Visible(true);
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  EXPECT_FALSE(area_.IsAvailable());
+  EXPECT_FALSE(area_.IsAvailable());
+  refused_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  icon_.Visible(false);
+  messages_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, IsEmpty()) << "no icon is wanted any more";
+}
+
+TEST_F(ShellArea, AnIconIsNotTakenForGoneBecauseTheShellIsBusy) {
+  icon_.Visible(true);
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  isBusy_ = true;
+  messages_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(DWORD{NIM_MODIFY}));
 }
 
 TEST_F(ShellArea, AnIconThatTheShellHasTakenAfterAllIsThere) {
