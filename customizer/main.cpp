@@ -206,9 +206,13 @@ class Customizer {
   }
 
   [[nodiscard]] static bool StartHelp() {
-    const QDir programs(QCoreApplication::applicationDirPath());
-    return QProcess::startDetached(programs.absoluteFilePath(QStringLiteral("twdocs")),
-                                   {QStringLiteral("options")}, QDir::rootPath());
+    const ProgramFolders folders = SystemFolders();
+    // Windows need not add the ending to a name with a folder.
+    const bool hasEnding = folders.style == PathStyle::kWindows;
+    const std::string program =
+        JoinPath(folders.program, hasEnding ? "twdocs.exe" : "twdocs", folders.style);
+    return QProcess::startDetached(QString::fromStdString(program), {QStringLiteral("options")},
+                                   QDir::rootPath());
   }
 
   void TellSoundProblem(const std::string& text) {

@@ -82,12 +82,19 @@ NOTIFYICONDATAA NativeRecord(const NotifyIconRecord& record, unsigned codePage) 
 ShellAreaCalls SystemShellAreaCalls() {
   ShellAreaCalls calls;
   calls.notifyIcon = [](DWORD message, NOTIFYICONDATAA& data) {
+    // A refusal alone says nothing of its reason.
+    ::SetLastError(ERROR_SUCCESS);
     return ::Shell_NotifyIconA(message, &data) != 0;
   };
+  calls.wasBusy = [] { return ::GetLastError() == ERROR_TIMEOUT; };
   calls.isSeen = [](HWND window) {
     return ::IsWindowVisible(window) != 0 && ::IsIconic(window) == 0;
   };
   calls.hasArea = [] { return ::FindWindowW(L"Shell_TrayWnd", nullptr) != nullptr; };
+  calls.letIn = [](HWND window, UINT message) {
+    // Where it is refused the shell speaks to no elevated program, and all others need nothing.
+    ::ChangeWindowMessageFilterEx(window, message, MSGFLT_ALLOW, nullptr);
+  };
   return calls;
 }
 
@@ -103,6 +110,12 @@ void ShellNotificationArea::NotifyIcon(NotifyIconMessage message, const NotifyIc
     calls_.notifyIcon(NIM_DELETE, data);
     return;
   }
+  // The shell has the rights of the user; a program that an administrator has started has more,
+  // and would hear nothing.
+  if (message == NotifyIconMessage::kAdd) {
+    calls_.letIn(WindowOf(record.hWnd), shellStarted_);
+    calls_.letIn(WindowOf(record.hWnd), record.uCallbackMessage);
+  }
   shown_ = record;
   Show(static_cast<DWORD>(message));
 }
@@ -115,9 +128,21 @@ void ShellNotificationArea::Show(DWORD message) {
   isMissing_ = !calls_.notifyIcon(message, data) && !calls_.notifyIcon(other, data);
 }
 
+// The shell does not say that it has dropped an icon, and its word that it has started anew may not
+// arrive.
+void ShellNotificationArea::LookForIcon() {
+  NOTIFYICONDATAA data = NativeRecord(*shown_);
+  if (calls_.notifyIcon(NIM_MODIFY, data) || calls_.wasBusy()) return;
+  isMissing_ = !calls_.notifyIcon(NIM_ADD, data);
+}
+
 bool ShellNotificationArea::IsAvailable() {
   if (!calls_.hasArea()) return false;
-  if (isMissing_) Show(NIM_ADD);
+  if (isMissing_) {
+    Show(NIM_ADD);
+  } else if (shown_) {
+    LookForIcon();
+  }
   return !isMissing_;
 }
 

@@ -32,8 +32,11 @@ namespace tidewarden {
 // The calls of the system; a test puts its own in their places.
 struct ShellAreaCalls {
   std::function<bool(DWORD message, NOTIFYICONDATAA& data)> notifyIcon;  // Shell_NotifyIconA
+  std::function<bool()> wasBusy;            // why it has failed: the shell did not answer in time
   std::function<bool(HWND window)> isSeen;  // shown, and not only as a button of the taskbar
   std::function<bool()> hasArea;            // the shell's taskbar is there
+  // Lets a message in from programs that have fewer rights than this one.
+  std::function<void(HWND window, UINT message)> letIn;
 };
 
 [[nodiscard]] ShellAreaCalls SystemShellAreaCalls();
@@ -47,7 +50,8 @@ class ShellNotificationArea : public NotificationArea {
                   std::string_view tooltip) override;
 
   // Also false while the shell, too busy to answer, has not taken an icon that it was asked to
-  // show; each call asks it once more.
+  // show; each call asks it once more. An icon that the shell has lost is added again; one that it
+  // is too busy to tell of is not taken for lost.
   [[nodiscard]] bool IsAvailable() override;
 
   // Takes a message that a window of the program has received. True when it came from the shell
@@ -57,6 +61,7 @@ class ShellNotificationArea : public NotificationArea {
 
  private:
   void Show(DWORD message);
+  void LookForIcon();
   [[nodiscard]] bool IsFromIcon(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
 
   ShellAreaCalls calls_;

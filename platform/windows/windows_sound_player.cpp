@@ -1,6 +1,5 @@
 #include "platform/windows/windows_sound_player.h"
 
-#include <array>
 #include <utility>
 
 #include "platform/windows/windows_api.h"
@@ -22,12 +21,17 @@ SoundCalls SystemSoundCalls() {
   calls.playSound = [](const std::wstring& path, unsigned long flags) {
     return ::PlaySoundW(path.empty() ? nullptr : path.c_str(), nullptr, flags) != FALSE;
   };
-  calls.control = [](const std::wstring& command, std::wstring* answer) {
-    std::array<wchar_t, 128> text{};
-    const MCIERROR error =
-        ::mciSendStringW(command.c_str(), text.data(), static_cast<UINT>(text.size()), nullptr);
-    if (answer != nullptr) *answer = text.data();
-    return error == 0;
+  calls.control = [](const std::wstring& command) {
+    return ::mciSendStringW(command.c_str(), nullptr, 0, nullptr) == 0;
+  };
+  calls.hasStopped = [](const std::wstring& name) {
+    const MCIDEVICEID device = ::mciGetDeviceIDW(name.c_str());
+    MCI_STATUS_PARMS status{};
+    status.dwItem = MCI_STATUS_MODE;
+    return device != 0 &&
+           ::mciSendCommandW(device, MCI_STATUS, MCI_STATUS_ITEM,
+                             reinterpret_cast<DWORD_PTR>(&status)) == 0 &&
+           status.dwReturn == MCI_MODE_STOP;
   };
   calls.messageBeep = [](unsigned kind) { ::MessageBeep(kind); };
   return calls;
@@ -52,7 +56,10 @@ void WindowsSoundPlayer::Play(const std::string& path, SoundKind kind) {
   Control(L"close");
   Control(L"stop");
   controlIsOpen_ = OpenControl(path);
-  if (!controlIsOpen_ || !Control(L"play")) Beep(path + " cannot be played");
+  if (controlIsOpen_ && Control(L"play")) return;
+  // Nothing would come to an end: the file is not to stay open, and locked, for that.
+  CloseControl();
+  Beep(path + " cannot be played");
 }
 
 void WindowsSoundPlayer::Beep(const std::string& reason) {
@@ -66,10 +73,7 @@ void WindowsSoundPlayer::Stop() {
 }
 
 void WindowsSoundPlayer::Rest() {
-  if (!controlIsOpen_) return;
-  std::wstring mode;
-  // An answer in another language only means that the file stays open for longer.
-  if (Control(L"status mode", &mode) && mode == L"stopped") CloseControl();
+  if (controlIsOpen_ && calls_.hasStopped(kDevice)) CloseControl();
 }
 
 // Without others installed, the control's own players know these.
@@ -82,15 +86,12 @@ std::vector<std::string> WindowsSoundPlayer::Endings() const {
 bool WindowsSoundPlayer::OpenControl(const std::string& path) {
   const std::wstring open = L"open \"" + WidePath(path) + L"\"";
   const std::wstring alias = std::wstring(L" alias ") + kDevice;
-  return calls_.control(open + alias, nullptr) ||
-         calls_.control(open + L" type mpegvideo" + alias, nullptr);
+  return calls_.control(open + alias) || calls_.control(open + L" type mpegvideo" + alias);
 }
 
-// A command for the open file: the word that names it stands behind the first one.
-bool WindowsSoundPlayer::Control(const std::wstring& command, std::wstring* answer) const {
-  const std::size_t verb = command.find(L' ');
-  const std::wstring rest = verb == std::wstring::npos ? L"" : command.substr(verb);
-  return calls_.control(command.substr(0, verb) + L" " + kDevice + rest, answer);
+// A command for the open file.
+bool WindowsSoundPlayer::Control(const std::wstring& verb) const {
+  return calls_.control(verb + L" " + kDevice);
 }
 
 void WindowsSoundPlayer::CloseControl() {

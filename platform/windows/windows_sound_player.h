@@ -14,8 +14,11 @@ namespace tidewarden {
 struct SoundCalls {
   // PlaySoundW with these flags; `path` empty for no sound. False when it does not play.
   std::function<bool(const std::wstring& path, unsigned long flags)> playSound;
-  // One command for mciSendStringW. False when it fails. `answer` may be nullptr.
-  std::function<bool(const std::wstring& command, std::wstring* answer)> control;
+  // One command for mciSendStringW. False when it fails.
+  std::function<bool(const std::wstring& command)> control;
+  // Whether what the control has open under this name has come to its end or been stopped. By
+  // number: the control's words are in the user's language.
+  std::function<bool(const std::wstring& name)> hasStopped;
   std::function<void(unsigned kind)> messageBeep;
 };
 
@@ -38,7 +41,7 @@ class WindowsSoundPlayer : public SoundPlayer {
 
  private:
   bool OpenControl(const std::string& path);
-  bool Control(const std::wstring& command, std::wstring* answer = nullptr) const;
+  bool Control(const std::wstring& verb) const;
   void CloseControl();
 
   std::function<void(const std::string&)> complain_;

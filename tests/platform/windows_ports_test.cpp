@@ -37,11 +37,16 @@ class ShellArea : public ::testing::Test {
                  data_ = data;
                  return std::find(refused_.begin(), refused_.end(), message) == refused_.end();
                },
+               [this] { return isBusy_; },
                [this](HWND window) {
                  EXPECT_EQ(window, WindowOf(kOwner));
                  return isSeen_;
                },
-               [this] { return hasArea_; }}),
+               [this] { return hasArea_; },
+               [this](HWND window, UINT message) {
+                 EXPECT_EQ(window, WindowOf(kOwner));
+                 letIn_.push_back(message);
+               }}),
         icon_(area_) {
     icon_.OwnerForm = kOwner;
     icon_.Icon(kPicture);
@@ -60,7 +65,9 @@ class ShellArea : public ::testing::Test {
   NOTIFYICONDATAA data_{};
   bool isSeen_ = false;
   bool hasArea_ = true;
-  std::vector<DWORD> refused_;  // messages that the shell is too busy for
+  std::vector<DWORD> refused_;  // messages that the shell does not obey
+  bool isBusy_ = false;         // that is why
+  std::vector<UINT> letIn_;
   std::vector<int> heard_;
   ShellNotificationArea area_;
   TrayIcon icon_;
@@ -161,6 +168,15 @@ TEST_F(ShellArea, AShellThatStartsAnewGetsTheIconAgain) {
   EXPECT_EQ(appeared, 1);
 }
 
+TEST_F(ShellArea, AShellWithFewerRightsThanTheProgramReachesIt) {
+  EXPECT_THAT(letIn_, IsEmpty());
+  icon_.Visible(true);
+  EXPECT_THAT(letIn_, ElementsAre(::RegisterWindowMessageW(L"TaskbarCreated"), UINT{WM_MOUSEMOVE}));
+  icon_.Tooltip("short");
+  icon_.Visible(false);
+  EXPECT_EQ(letIn_.size(), 2U);
+}
+
 TEST_F(ShellArea, IsNoneUntilTheShellHasTakenTheIcon) {
   EXPECT_TRUE(area_.IsAvailable());
   EXPECT_THAT(messages_, IsEmpty()) << "no icon is wanted";
@@ -175,10 +191,47 @@ TEST_F(ShellArea, IsNoneUntilTheShellHasTakenTheIcon) {
   data_ = {};
   EXPECT_TRUE(area_.IsAvailable());
   EXPECT_TRUE(area_.IsAvailable());
-  EXPECT_THAT(messages_, ElementsAre(NIM_ADD)) << "once it is there, it is left alone";
+  EXPECT_THAT(messages_, ElementsAre(NIM_ADD, NIM_MODIFY)) << "once it is there, it is looked for";
   EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
   hasArea_ = false;
   EXPECT_FALSE(area_.IsAvailable());
+}
+
+TEST_F(ShellArea, AnIconThatHasGoneIsAddedAgain) {
+  icon_.Visible(true);
+  messages_.clear();
+  data_ = {};
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(DWORD{NIM_MODIFY})) << "the same record tells of an icon";
+  EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
+  messages_.clear();
+  refused_ = {NIM_MODIFY};
+  data_ = {};
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(NIM_MODIFY, NIM_ADD));
+  EXPECT_EQ(NumberOf(data_.hIcon), kPicture);
+}
+
+TEST_F(ShellArea, AnIconThatHasGoneAndIsNotTakenAgainMeansNoArea) {
+  icon_.Visible(true);
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  EXPECT_FALSE(area_.IsAvailable());
+  EXPECT_FALSE(area_.IsAvailable());
+  refused_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  icon_.Visible(false);
+  messages_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, IsEmpty()) << "no icon is wanted any more";
+}
+
+TEST_F(ShellArea, AnIconIsNotTakenForGoneBecauseTheShellIsBusy) {
+  icon_.Visible(true);
+  refused_ = {NIM_ADD, NIM_MODIFY};
+  isBusy_ = true;
+  messages_.clear();
+  EXPECT_TRUE(area_.IsAvailable());
+  EXPECT_THAT(messages_, ElementsAre(DWORD{NIM_MODIFY}));
 }
 
 TEST_F(ShellArea, AnIconThatTheShellHasTakenAfterAllIsThere) {
@@ -219,10 +272,13 @@ class WindowsSound : public ::testing::Test {
                    calls_.push_back("sound " + Narrow(path) + " " + std::to_string(flags));
                    return works_;
                  },
-                 [this](const std::wstring& command, std::wstring* answer) {
+                 [this](const std::wstring& command) {
                    calls_.push_back(Narrow(command));
-                   if (answer != nullptr) *answer = mode_;
                    return works_ && Narrow(command) != unknown_;
+                 },
+                 [this](const std::wstring& name) {
+                   calls_.push_back("mode of " + Narrow(name));
+                   return hasStopped_;
                  },
                  [this](unsigned kind) { calls_.push_back("beep " + std::to_string(kind)); }}) {}
 
@@ -231,7 +287,7 @@ class WindowsSound : public ::testing::Test {
   std::vector<std::string> calls_;
   bool works_ = true;
   std::string unknown_;  // a command that fails
-  std::wstring mode_ = L"playing";
+  bool hasStopped_ = false;
   WindowsSoundPlayer player_;
 };
 
@@ -246,10 +302,10 @@ TEST_F(WindowsSound, OfAnotherFileGoesThroughTheControl) {
               ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
                           "open \"C:\\alarms\\a b.mp3\" alias tidewarden", "play tidewarden"));
   player_.Rest();
-  EXPECT_THAT(Calls(), ElementsAre("status tidewarden mode"));
-  mode_ = L"stopped";
+  EXPECT_THAT(Calls(), ElementsAre("mode of tidewarden"));
+  hasStopped_ = true;
   player_.Rest();
-  EXPECT_THAT(Calls(), ElementsAre("status tidewarden mode", "close tidewarden"));
+  EXPECT_THAT(Calls(), ElementsAre("mode of tidewarden", "close tidewarden"));
   player_.Rest();
   EXPECT_THAT(Calls(), IsEmpty());
 }
@@ -291,10 +347,78 @@ TEST_F(WindowsSound, ThatCannotBePlayedIsABeepWithAReason) {
   EXPECT_THAT(Calls(), ElementsAre("complain no file", "beep 48"));
 }
 
+TEST_F(WindowsSound, ThatCanBeOpenedButNotPlayedIsLetGo) {
+  unknown_ = "play tidewarden";
+  player_.Play("C:\\a.mp3", SoundKind::kOther);
+  EXPECT_THAT(Calls(),
+              ElementsAre("sound  0", "close tidewarden", "stop tidewarden",
+                          "open \"C:\\a.mp3\" alias tidewarden", "play tidewarden",
+                          "close tidewarden", "complain C:\\a.mp3 cannot be played", "beep 48"));
+  player_.Rest();
+  player_.Stop();
+  EXPECT_THAT(Calls(), ElementsAre("sound  0")) << "nothing is open";
+}
+
 TEST(SystemSound, TheControlTellsWhatItCannotDo) {
-  std::wstring answer = L"unchanged";
-  EXPECT_FALSE(SystemSoundCalls().control(L"play nothingofthisname", &answer));
-  EXPECT_FALSE(SystemSoundCalls().control(L"open \"C:\\nowhere\\a.mp3\" alias nothing", nullptr));
+  const SoundCalls system = SystemSoundCalls();
+  EXPECT_FALSE(system.control(L"play nothingofthisname"));
+  EXPECT_FALSE(system.control(L"open \"C:\\nowhere\\a.mp3\" alias nothing"));
+  EXPECT_FALSE(system.hasStopped(L"nothingofthisname"));
+}
+
+// A tenth of a second of silence, in one channel of 8000 bytes per second.
+std::string ShortWave() {
+  const std::string silence(800, '\x80');
+  std::string wave = "RIFF";
+  const auto number = [&wave](std::size_t value, int bytes) {
+    for (; bytes > 0; --bytes, value >>= 8U) wave += static_cast<char>(value & 0xFFU);
+  };
+  number(36 + silence.size(), 4);
+  wave += "WAVEfmt ";
+  number(16, 4);
+  number(1, 2);     // plain numbers
+  number(1, 2);     // channels
+  number(8000, 4);  // per second: samples,
+  number(8000, 4);  // and bytes
+  number(1, 2);     // bytes in one sample,
+  number(8, 2);     // and bits
+  wave += "data";
+  number(silence.size(), 4);
+  return wave + silence;
+}
+
+TEST(SystemSound, TheControlHasAFileOpenUntilItIsClosed) {
+  const TemporaryFolder folder;
+  folder.Write("short.wav", ShortWave());
+  const SoundCalls system = SystemSoundCalls();
+  const std::wstring path = WidePath(folder / "short.wav");
+  ASSERT_TRUE(system.control(L"open \"" + path + L"\" alias short"));
+  EXPECT_TRUE(system.hasStopped(L"short")) << "it has not begun";
+  // Also without a sound card, where it comes to its end at once.
+  EXPECT_TRUE(system.control(L"play short"));
+  for (int i = 0; i < 100 && !system.hasStopped(L"short"); ++i) ::Sleep(50);
+  EXPECT_TRUE(system.hasStopped(L"short"));
+  EXPECT_EQ(::DeleteFileW(path.c_str()), 0);
+  EXPECT_TRUE(system.control(L"close short"));
+  EXPECT_FALSE(system.hasStopped(L"short")) << "there is none of this name";
+  EXPECT_NE(::DeleteFileW(path.c_str()), 0);
+}
+
+TEST(SystemSound, IsLetGoAtItsEnd) {
+  const TemporaryFolder folder;
+  folder.Write("short.wav", ShortWave());
+  std::vector<std::string> complaints;
+  WindowsSoundPlayer player([&](const std::string& line) { complaints.push_back(line); });
+  player.Play(folder / "short.wav", SoundKind::kOther);
+  const auto remove = [&] { return ::DeleteFileW(WidePath(folder / "short.wav").c_str()) != 0; };
+  bool isGone = false;
+  for (int i = 0; i < 100 && !isGone; ++i) {
+    player.Rest();
+    isGone = remove();
+    if (!isGone) ::Sleep(50);
+  }
+  EXPECT_TRUE(isGone);
+  EXPECT_THAT(complaints, IsEmpty());
 }
 
 // --- The shell.
