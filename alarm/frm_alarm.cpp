@@ -98,19 +98,31 @@ void frmAlarm::ApplySkin(const QString& styleSheet) {
 void frmAlarm::ShowMessages() {
   if (!isLoaded_) Load();
   Render();
-  if (isVisible()) return;
+  if (isVisible()) {
+    // Minimized it would keep the new message to itself.
+    if (isMinimized()) ComeForward();
+    return;
+  }
   // While a message box waits for an answer, a window that is not modal could not be closed.
   setWindowModality(QApplication::activeModalWidget() != nullptr ? Qt::ApplicationModal
                                                                  : Qt::NonModal);
-  // Keys that were meant for another window must not press the button.
-  messages_->setFocus();
+  TakeFocusFromButton();
   show();
   ComeForward();
   // Where not all messages can be seen, the empty line before the first is no loss.
   messages_->verticalScrollBar()->setValue(messages_->verticalScrollBar()->singleStep());
 }
 
+// Keys that were meant for another window must not press the button.
+void frmAlarm::TakeFocusFromButton() {
+  messages_->setFocus();
+}
+
 void frmAlarm::ComeForward() {
+  if (isMinimized()) {
+    TakeFocusFromButton();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+  }
   raise();
   activateWindow();
 }

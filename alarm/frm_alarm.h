@@ -33,11 +33,11 @@ class frmAlarm : public QWidget {
   // next opening, and at once when the window is open.
   void ApplySkin(const QString& styleSheet);
 
-  // Shows the session's messages. Opens the window at its stored place, in front and active; a
-  // window that is open already only changes its text.
+  // Shows the session's messages. Opens the window at its stored place, in front and active; one
+  // that is minimized comes forward where it was, and one that can be seen only changes its text.
   void ShowMessages();
 
-  // Above all other windows, and active.
+  // Above all other windows, and active; no longer minimized.
   void ComeForward();
 
   // A screen was added, removed or changed: an open window that none of them shows any more goes
@@ -54,6 +54,7 @@ class frmAlarm : public QWidget {
   void SetUpControls();
   void Load();
   void ApplyAlarmFont();
+  void TakeFocusFromButton();
   void LoadAlarmPlacement();
   void PlaceNormally();
   void Unload();

@@ -108,6 +108,7 @@ int Desktop::ShowWindows() {
   QObject::connect(&screens, &QtScreenWatch::Changed, &window, [this, &window] {
     window.ScreensChanged(DesktopScreens());
     if (alarmWindow_) alarmWindow_->ScreensChanged();
+    editor_.ScreensChanged();
   });
   // An alarm that waits for its OK stays above the list of the new day.
   QObject::connect(&window, &frmReminder::PoppedUp, [this] {

@@ -35,4 +35,8 @@ void EditorOfProgram::Unload() {
   if (window_) window_->Unload();
 }
 
+void EditorOfProgram::ScreensChanged() {
+  if (IsLoaded()) window_->ScreensChanged();
+}
+
 }  // namespace tidewarden

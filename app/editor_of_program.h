@@ -36,6 +36,9 @@ class EditorOfProgram : public EditorWindow {
   void Reload() override;
   void Unload() override;
 
+  // The desktop has other screens; an editor that is open comes back from one that has gone.
+  void ScreensChanged();
+
  private:
   EditPorts ports_;
   std::unique_ptr<EditSession> session_;

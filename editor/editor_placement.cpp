@@ -47,7 +47,11 @@ WindowArea LoadEditorPlacement(SettingsStore& settings, const std::vector<Window
             primary.top + (primary.height - kEditorLeastHeight) / 2, kEditorWidth,
             kEditorLeastHeight};
   }
-  WindowArea place{*left, *top, kEditorWidth, *height};
+  return OntoAScreen({*left, *top, kEditorWidth, *height}, screens);
+}
+
+WindowArea OntoAScreen(WindowArea place, const std::vector<WindowArea>& screens) {
+  const WindowArea& primary = screens.front();
   if (!MeetsAScreen(place, {primary, screens})) {
     place.left = primary.left;
     place.top = primary.top;

@@ -29,6 +29,9 @@ struct EditorPlace {
 [[nodiscard]] WindowArea LoadEditorPlacement(SettingsStore& settings,
                                              const std::vector<WindowArea>& screens);
 
+// `place` if it lies on one of the screens, else of the same size at the primary one's top left.
+[[nodiscard]] WindowArea OntoAScreen(WindowArea place, const std::vector<WindowArea>& screens);
+
 // Saves "Edit/Left", "Edit/Top" and "Edit/Height".
 void SaveEditorPlacement(SettingsStore& settings, const EditorPlace& place);
 

@@ -123,6 +123,16 @@ void frmEdit::Reload() {
   Act(&EditSession::Reload);
 }
 
+void frmEdit::ScreensChanged() {
+  const std::optional<EditorPlace> here = PlaceToSave();
+  // For a moment there may be no screen at all.
+  if (QGuiApplication::primaryScreen() == nullptr) return;
+  if (!session_.isLoaded() || !here || !here->left || !here->top) return;
+  const WindowArea area{*here->left, *here->top, TwipsFromPixels(width()), here->height};
+  const WindowArea seen = OntoAScreen(area, ConnectedScreens());
+  if (seen != area) move(PixelsFromTwips(seen.left), PixelsFromTwips(seen.top));
+}
+
 frmEdit::Phase frmEdit::CurrentPhase() const {
   if (isMinimized()) return Phase::kMinimized;
   return isMaximized() || isFullScreen() ? Phase::kMaximized : Phase::kNormal;

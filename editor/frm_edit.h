@@ -42,6 +42,10 @@ class frmEdit : public QWidget {
   // Shows the file as it is now, unless an entry is under way.
   void Reload();
 
+  // A screen was added, removed or changed: an open window that none of them shows any more comes
+  // onto one. What is typed stays.
+  void ScreensChanged();
+
   [[nodiscard]] bool IsLoaded() const { return session_.isLoaded(); }
   [[nodiscard]] bool IsEntryUnderWay() const { return session_.isEntryUnderWay(); }
 

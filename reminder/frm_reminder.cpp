@@ -26,6 +26,16 @@ constexpr int kGap = 4;
 constexpr int kFrameMilliseconds = 200;
 constexpr int kQuoteHeight = PixelsFromTwips(DailyQuote::kReserveTwips) - kGap;
 
+WindowArea InTwips(const QRect& area) {
+  return {TwipsFromPixels(area.x()), TwipsFromPixels(area.y()), TwipsFromPixels(area.width()),
+          TwipsFromPixels(area.height())};
+}
+
+QRect InPixels(const WindowArea& area) {
+  return {PixelsFromTwips(area.left), PixelsFromTwips(area.top), PixelsFromTwips(area.width),
+          PixelsFromTwips(area.height)};
+}
+
 void SetSheet(QWidget* widget, const QString& sheet) {
   if (widget->styleSheet() != sheet) widget->setStyleSheet(sheet);
 }
@@ -243,15 +253,16 @@ void frmReminder::StopTimers() {
 }
 
 void frmReminder::Place() {
-  const WindowArea& area = session_.placement().area;
-  move(PixelsFromTwips(area.left), PixelsFromTwips(area.top));
-  resize(PixelsFromTwips(area.width), PixelsFromTwips(area.height));
+  const QRect place = InPixels(session_.placement().area);
+  move(place.topLeft());
+  resize(place.size());
 }
 
 // Changing the flag hides the window, and some window managers place a window anew that comes
-// back.
+// back. The screen on which a maximized window was normal may have gone meanwhile.
 void frmReminder::PopUp() {
-  const QRect place = isMaximized() ? normalGeometry() : geometry();
+  const QRect normal = isMaximized() ? normalGeometry() : geometry();
+  const QRect place = InPixels(session_.AreaOnAScreen(InTwips(normal)));
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setWindowState(Qt::WindowNoState);
   setGeometry(place);
@@ -321,9 +332,7 @@ WindowState frmReminder::State() const {
 }
 
 WindowPlacement frmReminder::Here() const {
-  return {State(),
-          {TwipsFromPixels(x()), TwipsFromPixels(y()), TwipsFromPixels(width()),
-           TwipsFromPixels(height())}};
+  return {State(), InTwips(QRect(pos(), size()))};
 }
 
 bool frmReminder::event(QEvent* event) {

@@ -263,12 +263,16 @@ WindowChange ReminderSession::ScreensChanged(const Screens& screens,
                                              const WindowPlacement& window) {
   screens_ = screens;
   // A maximized window is seen to by the desktop.
-  if (window.state == WindowState::kMaximized || !screens.canPlaceWindows ||
-      MeetsAScreen(window.area, screens)) {
-    return WindowChange::kNone;
-  }
-  placement_ = {false, InTheMiddle(window.area, screens)};
+  if (window.state == WindowState::kMaximized) return WindowChange::kNone;
+  const WindowArea seen = AreaOnAScreen(window.area);
+  if (seen == window.area) return WindowChange::kNone;
+  placement_ = {false, seen};
   return WindowChange::kPlace;
+}
+
+WindowArea ReminderSession::AreaOnAScreen(const WindowArea& area) const {
+  const bool stays = !screens_.canPlaceWindows || MeetsAScreen(area, screens_);
+  return stays ? area : InTheMiddle(area, screens_);
 }
 
 WindowChange ReminderSession::Restore() {

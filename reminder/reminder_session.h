@@ -142,6 +142,10 @@ class ReminderSession {
   // window that is on none of them any more gets a new place; the settings stay.
   [[nodiscard]] WindowChange ScreensChanged(const Screens& screens, const WindowPlacement& window);
 
+  // Where a window is to come up that stood in `area` last: there, or on a screen if none shows
+  // that any more. Where windows cannot choose their place, there.
+  [[nodiscard]] WindowArea AreaOnAScreen(const WindowArea& area) const;
+
   // A click on the icon in the notification area, and the editor's return.
   [[nodiscard]] WindowChange Restore();
 

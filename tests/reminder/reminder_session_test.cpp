@@ -437,6 +437,20 @@ TEST(ScreensChanged, LeavesAWindowThatCanBeSeenOrIsSeenTo) {
   EXPECT_EQ(desk.session.ScreensChanged(none, {WindowState::kNormal, gone}), WindowChange::kNone);
 }
 
+TEST(ScreensChanged, AWindowThatComesUpStandsOnOne) {
+  SessionDesk desk("");
+  desk.Start();
+  const WindowArea gone{30000, 1500, 6000, 4500};
+  const WindowArea edge{28785, 1500, 6000, 4500};
+  EXPECT_EQ(desk.session.AreaOnAScreen(edge), edge);
+  EXPECT_EQ(desk.session.AreaOnAScreen(gone), (WindowArea{11400, 5850, 6000, 4500}));
+  Screens wayland = desk.screens;
+  wayland.canPlaceWindows = false;
+  EXPECT_EQ(desk.session.ScreensChanged(wayland, {WindowState::kMaximized, kScreen}),
+            WindowChange::kNone);
+  EXPECT_EQ(desk.session.AreaOnAScreen(gone), gone);
+}
+
 TEST(ScreensChanged, TheNextPlacementKnowsThem) {
   for (const bool known : {false, true}) {
     SessionDesk desk("");

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 
 #include "app/editor_of_program.h"
@@ -79,6 +80,8 @@ class Program {
     }
   }
 
+  void ScreensChanged() { editor_.ScreensChanged(); }
+
   [[nodiscard]] bool IsEditorLoaded() const { return editor_.IsLoaded(); }
   [[nodiscard]] QWidget& Editor() {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -104,6 +107,7 @@ class BothWindowsTest : public QObject {
   // The slots are called by name.
   void aRestoredEditorTakesThePlaceOfTheReminderWindow();
   void aNewDayWithNothingInRangeLeavesWhatIsTyped();
+  void theEditorComesBackFromAScreenThatIsGone();
   void theEndOfTheLoginSessionBringsNothingUp_data();
   void theEndOfTheLoginSessionBringsNothingUp();
   void anEndThatIsRefusedIsForgotten();
@@ -147,6 +151,23 @@ void BothWindowsTest::aNewDayWithNothingInRangeLeavesWhatIsTyped() {
   QTest::keyClick(program.Title(), Qt::Key_S, Qt::AltModifier);
   QTRY_VERIFY(program.files.files[kPath].find("Half typed") != std::string::npos);
   QVERIFY(program.files.files[kPath].find("Christmas") != std::string::npos);
+}
+
+void BothWindowsTest::theEditorComesBackFromAScreenThatIsGone() {
+  Program program(kChristmas);
+  program.Start();
+  program.ScreensChanged();
+  QVERIFY(!program.IsEditorLoaded());
+  program.OpenEditor();
+  program.TypeInEditor(QStringLiteral("Half typed"));
+  program.Editor().move(-9000, 50);
+  program.ScreensChanged();
+  QCOMPARE(program.Editor().pos(), QGuiApplication::primaryScreen()->geometry().topLeft());
+  QCOMPARE(program.Title()->text(), QStringLiteral("Half typed"));
+  // Once it is closed it stays away.
+  program.Editor().close();
+  program.ScreensChanged();
+  QVERIFY(!program.Editor().isVisible());
 }
 
 void BothWindowsTest::theEndOfTheLoginSessionBringsNothingUp_data() {

@@ -15,6 +15,8 @@ class FrmAlarmTest : public QObject {
   void staysAboveOtherWindowsAndTakesTheFocusWithoutRisk();
   void showsEveryMessageFollowedByAnEmptyLine();
   void aFurtherAlarmOnlyChangesTheText();
+  void comesBackForAFurtherAlarmWhenItIsMinimized();
+  void comesForwardWhenItIsMinimized();
   void startsAFreshListAfterItWasClosed();
   void keepsTheMessagesWhenItIsOnlyHidden();
   void closesInEveryWayByTheSameSteps();
@@ -81,6 +83,39 @@ void FrmAlarmTest::aFurtherAlarmOnlyChangesTheText() {
   QCOMPARE(world.window.pos(), QPoint(100, 110));
   QCOMPARE(world.window.size(), QSize(500, 250));
   QVERIFY(other.isActiveWindow());
+}
+
+void FrmAlarmTest::comesBackForAFurtherAlarmWhenItIsMinimized() {
+  AlarmWorld world;
+  world.StorePlacement(300, 450, 6000, 3000);
+  world.Ring({"Dentist"});
+  world.window.move(100, 110);
+  world.window.resize(500, 250);
+  world.Find<QPushButton>("cmdOK")->setFocus();
+  world.window.showMinimized();
+  QTRY_VERIFY(world.window.isMinimized());
+  world.Ring({"Bus"});
+  QVERIFY(!world.window.isMinimized());
+  QVERIFY(world.window.isVisible());
+  QVERIFY(QTest::qWaitForWindowActive(&world.window));
+  QCOMPARE(world.Text(), QStringLiteral("\nDentist 8:01\n\nBus 8:02\n"));
+  QTRY_COMPARE(world.window.pos(), QPoint(100, 110));
+  QCOMPARE(world.window.size(), QSize(500, 250));
+  // It has come by itself, so that a key may be meant for another window.
+  QVERIFY(!world.Find<QPushButton>("cmdOK")->hasFocus());
+}
+
+void FrmAlarmTest::comesForwardWhenItIsMinimized() {
+  AlarmWorld world;
+  world.Ring({"Dentist"});
+  world.window.showMaximized();
+  QTRY_VERIFY(world.window.isMaximized());
+  world.window.showMinimized();
+  QTRY_VERIFY(world.window.isMinimized());
+  world.window.ComeForward();
+  QVERIFY(QTest::qWaitForWindowActive(&world.window));
+  QTRY_VERIFY(world.window.isMaximized());
+  QVERIFY(!world.window.isMinimized());
 }
 
 void FrmAlarmTest::startsAFreshListAfterItWasClosed() {

@@ -28,6 +28,9 @@ class FrmEditTest : public QObject {
   void placesItsControlsByItsHeight_data();
   void placesItsControlsByItsHeight();
   void opensWhereItWasClosed();
+  void comesBackFromAScreenThatIsGone_data();
+  void comesBackFromAScreenThatIsGone();
+  void leavesItsPlaceAloneWhenItIsNotNormal();
   void opensInTheMiddleOfTheScreen_data();
   void opensInTheMiddleOfTheScreen();
   void keepsItsWidthAndItsLeastHeight();
@@ -250,6 +253,51 @@ void FrmEditTest::opensWhereItWasClosed() {
   QCOMPARE(desk.settings.At("Edit", "Left"), "750");
   QCOMPARE(desk.settings.At("Edit", "Top"), "1500");
   QCOMPARE(desk.settings.At("Edit", "Height"), "6000");
+}
+
+void FrmEditTest::comesBackFromAScreenThatIsGone_data() {
+  QTest::addColumn<bool>("entry");
+  QTest::newRow("idle") << false;
+  QTest::newRow("with an entry under way") << true;
+}
+
+void FrmEditTest::comesBackFromAScreenThatIsGone() {
+  QFETCH(bool, entry);
+  EditWindowDesk desk(kEvents);
+  desk.Set("Edit", "Left", "300");
+  desk.Set("Edit", "Top", "450");
+  desk.Set("Edit", "Height", "6000");
+  desk.Window().ScreensChanged();
+  QVERIFY(!desk.Window().isVisible());
+  desk.Open();
+  if (entry) {
+    desk.Click("cmdAdd");
+    desk.Type("txtEventInput", QStringLiteral("Half typed"));
+  }
+  desk.Window().ScreensChanged();
+  QCOMPARE(desk.Window().pos(), QPoint(20, 30));
+  desk.Window().move(-9000, 50);
+  desk.Window().ScreensChanged();
+  QCOMPARE(desk.Window().pos(), QGuiApplication::primaryScreen()->geometry().topLeft());
+  QCOMPARE(desk.Window().size(), QSize(601, 400));
+  QVERIFY(desk.Window().isVisible());
+  QCOMPARE(desk.Window().IsEntryUnderWay(), entry);
+  QCOMPARE(desk.Text("txtEventInput"), entry ? QStringLiteral("Half typed") : QString());
+  if (entry) QCOMPARE(desk.FocusName(), QStringLiteral("txtEventInput"));
+  // Nothing is written before it closes.
+  QCOMPARE(desk.settings.At("Edit", "Left"), "300");
+}
+
+void FrmEditTest::leavesItsPlaceAloneWhenItIsNotNormal() {
+  EditWindowDesk desk(kEvents);
+  desk.Open();
+  desk.Window().move(-9000, 50);
+  desk.Window().setWindowState(Qt::WindowMinimized);
+  QTRY_COMPARE(desk.asked.showReminder, 1);
+  const QPoint place = desk.Window().pos();
+  desk.Window().ScreensChanged();
+  QCOMPARE(desk.Window().pos(), place);
+  QVERIFY(desk.Window().isMinimized());
 }
 
 void FrmEditTest::opensInTheMiddleOfTheScreen_data() {

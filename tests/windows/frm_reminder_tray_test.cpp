@@ -49,6 +49,8 @@ class FrmReminderTrayTest : public QObject {
   void popsUpOnANewDayBeforeAnythingIsSaid();
   void endsOnANewDayWithNothingToShow();
   void popsUpInNormalSizeWhenItWasMaximized();
+  void popsUpOnAScreenWhenItsOwnHasGone_data();
+  void popsUpOnAScreenWhenItsOwnHasGone();
   void aVisibleWindowIsOnlyRebuiltOnANewDay();
   void waitsForTheHourOfTheNewDay();
   void staysBehindTheEditorOnANewDay();
@@ -204,6 +206,37 @@ void FrmReminderTrayTest::popsUpInNormalSizeWhenItWasMaximized() {
   QVERIFY(!desk.window->isMaximized());
   QTRY_COMPARE(desk.world.settings.At("Settings", "Maximized"), "False");
   QCOMPARE(desk.window->size(), QSize(400, 300));
+}
+
+void FrmReminderTrayTest::popsUpOnAScreenWhenItsOwnHasGone_data() {
+  QTest::addColumn<bool>("canPlaceWindows");
+  QTest::newRow("windows can be placed") << true;
+  QTest::newRow("windows cannot be placed") << false;
+}
+
+void FrmReminderTrayTest::popsUpOnAScreenWhenItsOwnHasGone() {
+  QFETCH(bool, canPlaceWindows);
+  Desk desk;
+  Screens two = kScreens;
+  two.all.push_back({28800, 0, 19200, 12000});
+  desk.world.Set("Settings", "Left", "30000");
+  QVERIFY(desk.world.Load(two));
+  desk.window = std::make_unique<StartedWindow>(desk.world);
+  const QRect there = desk.window->geometry();
+  QCOMPARE(desk.window->pos(), QPoint(2000, 100));
+  desk.window->showMaximized();
+  QTRY_COMPARE(desk.world.settings.At("Settings", "Maximized"), "True");
+  desk.SendToTray();
+  Screens one = kScreens;
+  one.canPlaceWindows = canPlaceWindows;
+  desk.window->ScreensChanged(one);
+  desk.world.TickOn(*desk.window, MakeDate(2014, 12, 23));
+  QVERIFY(desk.window->isVisible());
+  QTRY_COMPARE(desk.world.settings.At("Settings", "Maximized"), "False");
+  QVERIFY(!desk.window->isMaximized());
+  // In the middle of 1920 by 1080 pixels.
+  QTRY_COMPARE(desk.window->geometry(), canPlaceWindows ? QRect(760, 390, 400, 300) : there);
+  QCOMPARE(desk.world.settings.At("Settings", "Left"), "30000");
 }
 
 void FrmReminderTrayTest::aVisibleWindowIsOnlyRebuiltOnANewDay() {
