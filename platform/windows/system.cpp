@@ -79,6 +79,7 @@ std::wstring NameOf(const std::string& path) {
 
 void PrepareProgram() {
   LoadOnlySystemLibraries();
+  LetEmptyDrivesFail();
   UseUtf8Streams();
 }
 

@@ -30,6 +30,10 @@ void LoadOnlySystemLibraries() {
   ::SetDllDirectoryW(L"");
 }
 
+void LetEmptyDrivesFail() {
+  ::SetErrorMode(::GetErrorMode() | SEM_FAILCRITICALERRORS);
+}
+
 void UseUtf8Streams() {
   for (FILE* const stream : {stdout, stderr}) {
     // A program with windows may have no streams.

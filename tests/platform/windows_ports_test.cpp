@@ -582,5 +582,12 @@ TEST(WindowsStart, TakesNoLibraryFromTheCurrentFolder) {
   EXPECT_EQ(load("library", "version.dll"), "loaded") << "the system's own";
 }
 
+TEST(WindowsStart, LetsNoEmptyDriveAskForItsMedium) {
+  const UINT before = ::SetErrorMode(SEM_NOGPFAULTERRORBOX);
+  PrepareProgram();
+  const UINT after = ::SetErrorMode(before);
+  EXPECT_EQ(after, UINT{SEM_NOGPFAULTERRORBOX | SEM_FAILCRITICALERRORS});
+}
+
 }  // namespace
 }  // namespace tidewarden::test
